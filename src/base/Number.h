@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kvi {
+
+// The value of the longest numeric prefix, 0 when there is none. Blanks, tabs and line ends inside
+// and before are skipped; "1E3" and "1D3" are 1000; "&H" is not read; the decimal sign is the point
+// whatever the desk's language; no thousands separators.
+double Val(std::string_view text);
+
+// The general text form of a number: at most 15 significant digits, no padding, no trailing zeros,
+// "1E+15" notation beyond that. (No leading blank for the sign.)
+std::string Str(double value);
+inline std::string Str(int value) { return std::to_string(value); }
+
+// The nearest whole number, a half going to the even one, as the classic conversions do.
+// Raises 6 outside of the 32-bit range.
+long CLng(double value);
+
+}  // namespace kvi

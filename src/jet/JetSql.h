@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Value.h"
+
+namespace kvi::jet {
+
+// A Jet statement rewritten for SQLite. `Sql` is the statement's shape: every literal stands as a
+// numbered parameter (?1, ?2 ...) and in `Parameters`, so that prepared statements can be cached by
+// shape.
+struct Translation {
+  enum class Kind { Select, Action };
+
+  Kind kind = Kind::Select;
+  std::string Sql;
+  std::vector<Value> Parameters;
+
+  // For a Select that reads one table without grouping, DISTINCT, join or set operation: the pieces
+  // from which a keyed dynaset is built, as SQLite text over the same parameters. `Table` is empty
+  // for every other query (a snapshot).
+  std::string Table;                 // bare table name
+  std::string Where;                 // without the word, may be empty
+  std::string OrderBy;               // without the words, may be empty
+  std::vector<std::string> Columns;  // bare column names asked for, empty for `*`
+};
+
+// Translates one statement. Raises 3075 for text that is no single statement (an open quote,
+// anything behind the closing semicolon, a comment), 3129 for a statement of an unknown kind.
+// Only SELECT, INSERT, UPDATE and DELETE pass.
+Translation Translate(std::string_view jetSql);
+
+// Translates a search criterion, as FindFirst takes it, to the text of a condition over its own
+// parameters, numbered from `firstParameter` on.
+struct Condition {
+  std::string Sql;
+  std::vector<Value> Parameters;
+};
+Condition TranslateCondition(std::string_view criterion, int firstParameter);
+
+}  // namespace kvi::jet
