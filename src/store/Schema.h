@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "jet/Database.h"
+#include "jet/TableDef.h"
+
+namespace kvi {
+
+// Every table of KV_Inventory.mdb, its fields and the indexes that serve the system's statements:
+// the one place from which a new database is made.
+const std::vector<jet::TableDef>& Schema();
+
+// The number of columns of the three grids whose widths are kept, in the order of their tables.
+inline constexpr int kInventoryGridColumns = 21;
+inline constexpr int kRecipesGridColumns = 5;
+inline constexpr int kOrdersGridColumns = 14;
+
+// Fills the empty CW_ tables of a new database: one row per grid column, in twips, so that the
+// columns a person needs most stand on a desk of 1366 pixels without scrolling.
+void FillColumnWidths(jet::Database& database);
+
+// Makes a database with all tables and the column widths, and nothing else: the first start adds
+// the profit center. Raises 3204 when a file stands at the path.
+jet::Database CreateInventoryDatabase(const std::string& path);
+
+}  // namespace kvi
