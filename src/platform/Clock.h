@@ -1,0 +1,26 @@
+#pragma once
+
+#include "base/Date.h"
+
+namespace kvi {
+
+// The desk's date and time of day.
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  virtual Date Now() const = 0;
+};
+
+class SystemClock : public Clock {
+ public:
+  Date Now() const override;
+};
+
+// Where chance comes from: a number from 0 up to, but not including, 1.
+class Chance {
+ public:
+  virtual ~Chance() = default;
+  virtual double Next() = 0;
+};
+
+}  // namespace kvi

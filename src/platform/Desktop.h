@@ -1,0 +1,84 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kvi {
+
+class Screen;
+class Surface;
+
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
+enum class Icon { None, Information, Question, Warning, Error };
+enum class Answer { Ok, Cancel, Yes, No };
+enum class MousePointer { Default, Hourglass };
+
+struct Box {
+  std::string text;
+  std::string title = "Kestvar Inventory";
+  Buttons buttons = Buttons::Ok;
+  Icon icon = Icon::Information;
+};
+
+struct FileFilter {
+  std::string name;     // "Bitmap Files (*.bmp)"
+  std::string pattern;  // "*.bmp"
+};
+
+struct FileDialog {
+  std::string title;
+  std::vector<FileFilter> filters;
+  std::string start;  // a folder or a file
+};
+
+// The one interface to the outside: what the system asks of the machine it runs on. The Qt desktop
+// and the scripted desktop of the tests implement it. Before it waits for the user (a box, an input
+// box, a file dialog, a modal screen) it calls BeforeWait, so that nothing stays locked while a
+// person thinks.
+class Desktop {
+ public:
+  virtual ~Desktop() = default;
+
+  Answer MsgBox(const Box& box);
+  // Nothing when the user cancels.
+  std::optional<std::string> InputBox(const std::string& prompt, const std::string& title,
+                                      const std::string& initial = "");
+  std::optional<std::string> OpenFileDialog(const FileDialog& dialog);
+
+  std::function<void()> BeforeWait;
+
+  // Windows, as the ScreenStack drives them. RunModal returns once CloseWindow was called for the
+  // screen or all loops were ended.
+  virtual void OpenWindow(Screen& screen, bool modal) = 0;
+  virtual void RunModal(Screen& screen) = 0;
+  virtual void CloseWindow(Screen& screen) = 0;
+  virtual void BringToFront(Screen& screen) = 0;
+  virtual void EndAllLoops() = 0;
+  virtual void DoEvents() = 0;
+
+  virtual void SetPointer(MousePointer pointer) = 0;
+  virtual MousePointer Pointer() const = 0;
+  virtual void ClearClipboard() = 0;
+  // Starts a program without waiting; raises 53 when it is not found, 5 when it cannot start.
+  // `commandLine` is split at blanks outside of double quotes.
+  virtual void StartProgram(const std::string& commandLine) = 0;
+  // False when there is no such file or nothing to show it with.
+  virtual bool OpenHelp(const std::string& path) = 0;
+
+  // A new document on the printer, or a PDF under the program's folder when there is none. Raises
+  // 482 (printer error) when neither can be written.
+  virtual std::unique_ptr<Surface> NewDocument(const std::string& jobName) = 0;
+  virtual void PrintScreenImage(Screen& screen) = 0;
+
+ protected:
+  virtual Answer ShowBox(const Box& box) = 0;
+  virtual std::optional<std::string> AskText(const std::string& prompt, const std::string& title,
+                                             const std::string& initial) = 0;
+  virtual std::optional<std::string> AskFile(const FileDialog& dialog) = 0;
+  void WaitComes() const;
+};
+
+}  // namespace kvi
