@@ -1,8 +1,6 @@
 #include "store/Schema.h"
 
-#include <array>
 #include <span>
-#include <string_view>
 
 namespace kvi {
 namespace {
@@ -128,12 +126,11 @@ std::vector<TableDef> PeopleTables() {
 constexpr const char* kDropLists[] = {"DD_category", "DD_inv_loc",  "DD_rg_cat",
                                       "DD_how_inv",  "DD_how_used", "DD_how_purchased"};
 
-constexpr std::array<int, kInventoryGridColumns> kInventoryWidths = {
-    3400, 1500, 1200, 1200, 2700, 1500, 1200, 1100, 1300, 900, 1100,
-    900,  1100, 1100, 900,  2400, 1300, 2400, 1300, 2400, 1300};
-constexpr std::array<int, kRecipesGridColumns> kRecipesWidths = {4500, 2400, 1600, 1500, 9000};
-constexpr std::array<int, kOrdersGridColumns> kOrdersWidths = {
-    3400, 1500, 1200, 1200, 2700, 1500, 1100, 1200, 1200, 1300, 1100, 800, 800, 800};
+constexpr int kInventoryWidths[] = {3400, 1500, 1200, 1200, 2700, 1500, 1200, 1100, 1300, 900, 1100,
+                                    900,  1100, 1100, 900,  2400, 1300, 2400, 1300, 2400, 1300};
+constexpr int kRecipesWidths[] = {4500, 2400, 1600, 1500, 9000};
+constexpr int kOrdersWidths[] = {3400, 1500, 1200, 1200, 2700, 1500, 1100,
+                                 1200, 1200, 1300, 1100, 800,  800,  800};
 
 struct WidthTable {
   const char* Name;

@@ -12,11 +12,6 @@ namespace kvi {
 // the one place from which a new database is made.
 const std::vector<jet::TableDef>& Schema();
 
-// The number of columns of the three grids whose widths are kept, in the order of their tables.
-inline constexpr int kInventoryGridColumns = 21;
-inline constexpr int kRecipesGridColumns = 5;
-inline constexpr int kOrdersGridColumns = 14;
-
 // Fills the empty CW_ tables of a new database: one row per grid column, in twips, so that the
 // columns a person needs most stand on a desk of 1366 pixels without scrolling.
 void FillColumnWidths(jet::Database& database);
