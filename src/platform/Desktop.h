@@ -49,6 +49,7 @@ class Desktop {
   std::optional<std::string> OpenFileDialog(const FileDialog& dialog);
 
   std::function<void()> BeforeWait;
+  void WaitComes() const;
 
   // Windows, as the ScreenStack drives them. RunModal returns once CloseWindow was called for the
   // screen or all loops were ended.
@@ -78,7 +79,6 @@ class Desktop {
   virtual std::optional<std::string> AskText(const std::string& prompt, const std::string& title,
                                              const std::string& initial) = 0;
   virtual std::optional<std::string> AskFile(const FileDialog& dialog) = 0;
-  void WaitComes() const;
 };
 
 }  // namespace kvi

@@ -44,19 +44,19 @@ struct Layout {
   double height = 0;     // inches; 0 is the control's own
 };
 
-Layout Of(const Control& control, double width = 0, double height = 0);
+Layout Of(Control& control, double width = 0, double height = 0);
 Layout Text(std::string text);
-Layout Field(std::string label, const Control& control, double width = 0, double height = 0);
+Layout Field(std::string label, Control& control, double width = 0, double height = 0);
 // A field whose label is a control of its own (its caption changes).
-Layout Field(const Control& label, const Control& control, double width = 0, double height = 0);
+Layout Field(Control& label, Control& control, double width = 0, double height = 0);
 Layout Column(std::vector<Layout> children);
 Layout Row(std::vector<Layout> children);
 Layout Form(std::vector<Layout> fields);
 Layout Frame(std::string title, Layout child);
-Layout Tabs(const TabStrip& strip, std::vector<Layout> panels);
-Layout Banner(std::vector<const Control*> productLines, const Control* heading);
-Layout Actions(std::vector<const Control*> labels);
-Layout Tiles(int columns, std::vector<const Control*> tiles);
+Layout Tabs(TabStrip& strip, std::vector<Layout> panels);
+Layout Banner(std::vector<Control*> productLines, Control* heading);
+Layout Actions(std::vector<Control*> labels);
+Layout Tiles(int columns, std::vector<Control*> tiles);
 Layout GridOf(int columns, std::vector<Layout> children);
 Layout Gap();
 Layout Fill(Layout child);

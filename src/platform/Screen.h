@@ -39,7 +39,7 @@ class Screen {
   Control* Find(const std::string& name) const;
 
   // Where the controls stand; asked once for each window.
-  virtual Layout Arrange() const = 0;
+  virtual Layout Arrange() = 0;
 
   // The events. Load comes before the first showing after the start or an Unload; Activate each
   // time the screen comes to the front; QueryUnload may refuse the closing by its window's own box.

@@ -1,0 +1,86 @@
+#include "platform/ScreenStack.h"
+
+#include <algorithm>
+
+#include "base/Number.h"
+#include "base/RunTimeError.h"
+#include "platform/Desktop.h"
+#include "platform/Screen.h"
+
+namespace kvi {
+
+void ScreenStack::Load(Screen& screen) {
+  if (screen.loaded_) return;
+  screen.loaded_ = true;
+  screen.Load();
+}
+
+void ScreenStack::Show(Screen& screen) {
+  Load(screen);
+  if (IsShown(screen)) {
+    desktop_.BringToFront(screen);
+    return;
+  }
+  shown_.push_back(&screen);
+  desktop_.OpenWindow(screen, false);
+  screen.Activate();
+}
+
+void ScreenStack::ShowModal(Screen& screen) {
+  Load(screen);
+  shown_.push_back(&screen);
+  desktop_.OpenWindow(screen, true);
+  Guard([&] { screen.Activate(); });
+  if (!ending_ && IsShown(screen)) {
+    desktop_.WaitComes();
+    desktop_.RunModal(screen);
+  }
+  if (ending_) throw EndOfProcess{};
+  Leave(screen);
+  if (Screen* below = Top()) below->Activate();
+}
+
+void ScreenStack::Hide(Screen& screen) {
+  Leave(screen);
+}
+
+void ScreenStack::Unload(Screen& screen) {
+  if (!screen.loaded_) return;
+  screen.Unload();
+  screen.loaded_ = false;
+  Leave(screen);
+}
+
+void ScreenStack::CloseByUser(Screen& screen) {
+  Guard([&] {
+    if (screen.QueryUnload()) Unload(screen);
+  });
+}
+
+Screen* ScreenStack::Top() const {
+  return shown_.empty() ? nullptr : shown_.back();
+}
+
+bool ScreenStack::IsShown(const Screen& screen) const {
+  return std::find(shown_.begin(), shown_.end(), &screen) != shown_.end();
+}
+
+void ScreenStack::Guard(const std::function<void()>& event) {
+  try {
+    try {
+      event();
+    } catch (const RunTimeError& error) {
+      desktop_.MsgBox(
+          {.text = std::to_string(error.Number) + " " + error.Description, .icon = Icon::Error});
+    }
+  } catch (const EndOfProcess&) {
+    ending_ = true;
+    desktop_.EndAllLoops();
+  }
+}
+
+void ScreenStack::Leave(Screen& screen) {
+  if (std::erase(shown_, &screen) > 0) desktop_.CloseWindow(screen);
+}
+
+}  // namespace kvi
