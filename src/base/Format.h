@@ -19,7 +19,8 @@ std::string Format(double value, std::string_view mask);
 // either case; "mm" behind "hh" is minutes.
 std::string Format(const Date& date, std::string_view mask);
 
-// Null gives "". A text that is wholly a number is formatted as one, any other text stays as it is.
+// Null gives "". A text that is wholly a number is formatted as one, and under a date mask a text
+// that is a date; any other text stays as it is.
 std::string Format(const Value& value, std::string_view mask);
 
 }  // namespace kvi

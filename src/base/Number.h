@@ -11,9 +11,11 @@ namespace kvi {
 double Val(std::string_view text);
 
 // The general text form of a number: at most 15 significant digits, no padding, no trailing zeros,
-// "1E+15" notation beyond that. (No leading blank for the sign.)
+// "1E+15" notation beyond that. (No leading blank for the sign.) Raises 6 for what is not finite.
 std::string Str(double value);
-inline std::string Str(int value) { return std::to_string(value); }
+inline std::string Str(int value) {
+  return std::to_string(value);
+}
 
 // The nearest whole number, a half going to the even one, as the classic conversions do.
 // Raises 6 outside of the 32-bit range.

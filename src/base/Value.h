@@ -32,7 +32,8 @@ class Value {
   // The value joined to an empty text: "" for Null, the general text form for the rest
   // ("True" and "False" for booleans).
   std::string Text() const;
-  // The text through Val; true is -1 by the classic rule, false and Null are 0.
+  // The text through Val; true is -1 by the classic rule, false and Null are 0; a date is its day
+  // number, with the time as a fraction.
   double Number() const;
   // Null and 0 are false; a text is read as "True"/"False" or through Val.
   bool Boolean() const;

@@ -1,0 +1,155 @@
+#include "base/Date.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <cstdio>
+
+#include "base/Number.h"
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+
+namespace kvi {
+namespace {
+
+constexpr std::chrono::sys_days kDayZero{std::chrono::year{1899} / 12 / 30};
+constexpr std::chrono::sys_days kFirstDay{std::chrono::year{100} / 1 / 1};
+constexpr std::chrono::sys_days kLastDay{std::chrono::year{9999} / 12 / 31};
+
+std::chrono::year_month_day CalendarDay(const Date& date) {
+  return std::chrono::year{date.year} / static_cast<unsigned>(date.month) /
+         static_cast<unsigned>(date.day);
+}
+
+// Takes one to `most` digits off the front; -1 when there is none, or one more follows.
+int TakeNumber(std::string_view& text, std::size_t most) {
+  const std::size_t end = std::min(text.find_first_not_of("0123456789"), text.size());
+  if (end == 0 || end > most) return -1;
+  int number = 0;
+  std::from_chars(text.data(), text.data() + end, number);
+  text.remove_prefix(end);
+  return number;
+}
+
+bool TakeSign(std::string_view& text, char sign) {
+  if (!text.starts_with(sign)) return false;
+  text.remove_prefix(1);
+  return true;
+}
+
+bool TakeDay(std::string_view& text, Date& date) {
+  const bool yearFirst = text.find_first_not_of("0123456789") == 4;
+  std::array<int, 3> numbers{};
+  std::size_t yearDigits = 4;
+  char separator = 0;
+  for (std::size_t i = 0; i < 3; ++i) {
+    if (i == 1 && !text.empty() && (text[0] == '/' || text[0] == '-')) separator = text[0];
+    if (i > 0 && !TakeSign(text, separator)) return false;
+    const bool isYear = i == (yearFirst ? 0U : 2U);
+    const std::size_t before = text.size();
+    numbers[i] = TakeNumber(text, isYear ? 4 : 2);
+    if (numbers[i] < 0) return false;
+    if (isYear) yearDigits = before - text.size();
+  }
+  const auto [first, second, third] = numbers;
+  date = yearFirst ? Date{first, second, third} : Date{third, first, second};
+  if (yearDigits <= 2) date.year += date.year < 30 ? 2000 : 1900;
+  return true;
+}
+
+// "h:mm", "h:mm:ss", each with AM or PM behind it if the hour is one of twelve.
+bool TakeTime(std::string_view& text, Date& date) {
+  date.hour = TakeNumber(text, 2);
+  if (date.hour < 0 || !TakeSign(text, ':')) return false;
+  date.minute = TakeNumber(text, 2);
+  if (TakeSign(text, ':')) date.second = TakeNumber(text, 2);
+  if (text.empty()) return true;
+
+  const std::string half = UCase(LTrim(text));
+  if ((half != "AM" && half != "PM") || date.hour < 1 || date.hour > 12) return false;
+  date.hour = date.hour % 12 + (half == "PM" ? 12 : 0);
+  text = {};
+  return true;
+}
+
+}  // namespace
+
+bool IsValid(const Date& date) {
+  return date.year >= 100 && date.year <= 9999 && date.month >= 1 && date.day >= 1 &&
+         CalendarDay(date).ok() && date.hour >= 0 && date.hour < 24 && date.minute >= 0 &&
+         date.minute < 60 && date.second >= 0 && date.second < 60;
+}
+
+long DayNumber(const Date& date) {
+  return (std::chrono::sys_days{CalendarDay(date)} - kDayZero).count();
+}
+
+Date AddDays(const Date& date, long days) {
+  const std::chrono::sys_days day{CalendarDay(date)};
+  if (days < (kFirstDay - day).count() || days > (kLastDay - day).count()) throw RunTimeError(6);
+  const std::chrono::year_month_day moved{day + std::chrono::days{days}};
+  Date result = date;
+  result.year = static_cast<int>(moved.year());
+  result.month = static_cast<int>(static_cast<unsigned>(moved.month()));
+  result.day = static_cast<int>(static_cast<unsigned>(moved.day()));
+  return result;
+}
+
+int Weekday(const Date& date) {
+  const std::chrono::weekday day{std::chrono::sys_days{CalendarDay(date)}};
+  return static_cast<int>(day.c_encoding()) + 1;
+}
+
+std::string IsoText(const Date& date) {
+  char buffer[80];
+  int length =
+      std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02d", date.year, date.month, date.day);
+  if (date.HasTime()) {
+    length += std::snprintf(buffer + length, sizeof buffer - static_cast<std::size_t>(length),
+                            " %02d:%02d:%02d", date.hour, date.minute, date.second);
+  }
+  return {buffer, static_cast<std::size_t>(length)};
+}
+
+std::optional<Date> FromIsoText(std::string_view text) {
+  constexpr std::string_view kShape = "####-##-## ##:##:##";
+  if (text.size() != 10 && text.size() != kShape.size()) return std::nullopt;
+  std::array<int, 6> numbers{};
+  std::size_t at = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool digit = text[i] >= '0' && text[i] <= '9';
+    if (kShape[i] == '#' ? !digit : text[i] != kShape[i]) return std::nullopt;
+    if (digit)
+      numbers[at] = numbers[at] * 10 + (text[i] - '0');
+    else
+      ++at;
+  }
+  const Date date{numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5]};
+  return IsValid(date) ? std::optional(date) : std::nullopt;
+}
+
+std::optional<Date> CDate(std::string_view text) {
+  const std::string trimmed = Trim(text);
+  std::string_view rest = trimmed;
+  Date date;
+  if (!TakeDay(rest, date)) return std::nullopt;
+  if (!rest.empty()) {
+    if (!rest.starts_with(' ')) return std::nullopt;
+    rest.remove_prefix(rest.find_first_not_of(' '));
+    if (!TakeTime(rest, date)) return std::nullopt;
+  }
+  return IsValid(date) ? std::optional(date) : std::nullopt;
+}
+
+std::string Str(const Date& date) {
+  std::string text = Str(date.month) + "/" + Str(date.day) + "/" + Str(date.year);
+  if (!date.HasTime()) return text;
+  char time[48];
+  const int hour = date.hour % 12 == 0 ? 12 : date.hour % 12;
+  std::snprintf(time, sizeof time, " %d:%02d:%02d %s", hour, date.minute, date.second,
+                date.hour < 12 ? "AM" : "PM");
+  return text + time;
+}
+
+}  // namespace kvi
