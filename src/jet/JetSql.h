@@ -1,16 +1,19 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/Value.h"
+#include "jet/TableDef.h"
 
 namespace kvi::jet {
 
 // A Jet statement rewritten for SQLite. `Sql` is the statement's shape: every literal stands as a
 // numbered parameter (?1, ?2 ...) and in `Parameters`, so that prepared statements can be cached by
-// shape.
+// shape. Names stand in brackets, which SQLite never takes for a text. An UPDATE raises the rows'
+// `_ver` as well.
 struct Translation {
   enum class Kind { Select, Action };
 
@@ -27,17 +30,23 @@ struct Translation {
   std::vector<std::string> Columns;  // bare column names asked for, empty for `*`
 };
 
+// What the dialect asks of the schema: the fields of a table, null for an unknown one. Known fields
+// let `*` stand for them alone (never for the hidden columns) and let a text field that is compared
+// with a number be read through Val, as Jet coerces it; number fields stay bare, for their index.
+using FieldsOfTable = std::function<const std::vector<FieldDef>*(std::string_view table)>;
+
 // Translates one statement. Raises 3075 for text that is no single statement (an open quote,
-// anything behind the closing semicolon, a comment), 3129 for a statement of an unknown kind.
-// Only SELECT, INSERT, UPDATE and DELETE pass.
-Translation Translate(std::string_view jetSql);
+// anything behind the closing semicolon, a comment), 3085 for an unknown function, 3129 for a
+// statement of an unknown kind. Only SELECT, INSERT, UPDATE and DELETE pass.
+Translation Translate(std::string_view jetSql, const FieldsOfTable& fieldsOf = {});
 
 // Translates a search criterion, as FindFirst takes it, to the text of a condition over its own
-// parameters, numbered from `firstParameter` on.
+// parameters, numbered from `firstParameter` on. `fields` are those of the set searched.
 struct Condition {
   std::string Sql;
   std::vector<Value> Parameters;
 };
-Condition TranslateCondition(std::string_view criterion, int firstParameter);
+Condition TranslateCondition(std::string_view criterion, int firstParameter,
+                             const std::vector<FieldDef>* fields = nullptr);
 
 }  // namespace kvi::jet
