@@ -12,7 +12,12 @@ namespace kvi {
 void ScreenStack::Load(Screen& screen) {
   if (screen.loaded_) return;
   screen.loaded_ = true;
-  screen.Load();
+  try {
+    screen.Load();
+  } catch (...) {
+    screen.loaded_ = false;
+    throw;
+  }
 }
 
 void ScreenStack::Show(Screen& screen) {
@@ -23,21 +28,21 @@ void ScreenStack::Show(Screen& screen) {
   }
   shown_.push_back(&screen);
   desktop_.OpenWindow(screen, false);
-  screen.Activate();
+  Activate(screen);
 }
 
 void ScreenStack::ShowModal(Screen& screen) {
   Load(screen);
   shown_.push_back(&screen);
   desktop_.OpenWindow(screen, true);
-  Guard([&] { screen.Activate(); });
-  if (!ending_ && IsShown(screen)) {
+  Activate(screen);
+  if (IsShown(screen)) {
     desktop_.WaitComes();
     desktop_.RunModal(screen);
+    if (ending_) throw EndOfProcess{};
   }
-  if (ending_) throw EndOfProcess{};
   Leave(screen);
-  if (Screen* below = Top()) below->Activate();
+  if (Screen* below = Top()) Activate(*below);
 }
 
 void ScreenStack::Hide(Screen& screen) {
@@ -77,6 +82,12 @@ void ScreenStack::Guard(const std::function<void()>& event) {
     ending_ = true;
     desktop_.EndAllLoops();
   }
+}
+
+// An event of its own: its failure does not stop whoever showed or closed a screen.
+void ScreenStack::Activate(Screen& screen) {
+  Guard([&] { screen.Activate(); });
+  if (ending_) throw EndOfProcess{};
 }
 
 void ScreenStack::Leave(Screen& screen) {

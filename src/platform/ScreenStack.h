@@ -35,6 +35,7 @@ class ScreenStack {
   void Guard(const std::function<void()>& event);
 
  private:
+  void Activate(Screen& screen);
   void Leave(Screen& screen);
 
   Desktop& desktop_;

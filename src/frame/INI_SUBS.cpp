@@ -1,0 +1,205 @@
+#include "frame/INI_SUBS.h"
+
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+#include "base/Number.h"
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+#include "frame/Application.h"
+#include "frame/GENERAL.h"
+#include "frame/Hourglass.h"
+#include "platform/IniFile.h"
+
+namespace kvi {
+
+namespace {
+
+using Read = void (*)(Application&, const std::string&);
+using Write = std::string (*)(const Application&);
+using Default = std::string (*)(const Application&);
+
+// One key of KVI.INI: how its text goes into the state, how it comes back, and what a new file
+// gets. A key without `read` is not read back, one without `initial` is not in a new file.
+struct Setting {
+  const char* key;
+  Read read;
+  Write write;
+  Default initial;
+};
+
+std::string TrueOrFalse(bool value) {
+  return value ? "True" : "False";
+}
+
+void ReadValuation(Application& app, const std::string& text) {
+  if (text == "FIFO" || text.empty()) app.settings.Valuation = ValuationMethod::FIFO;
+  if (text == "WEIGHTED") app.settings.Valuation = ValuationMethod::Weighted;
+  if (text == "LASTPRICE") app.settings.Valuation = ValuationMethod::LastPrice;
+}
+
+// Empty when no method is on: the key is then left out.
+std::string ValuationText(const Application& app) {
+  if (!app.settings.Valuation) return "";
+  switch (*app.settings.Valuation) {
+    case ValuationMethod::Weighted:
+      return "WEIGHTED";
+    case ValuationMethod::LastPrice:
+      return "LASTPRICE";
+    case ValuationMethod::FIFO:
+      break;
+  }
+  return "FIFO";
+}
+
+// In the order of the file. (A lambda that captures nothing keeps each key's three sides together.)
+const Setting kSettings[] = {
+    {"SectionActive", nullptr, [](const Application&) { return std::string("True"); },
+     [](const Application&) { return std::string("True"); }},
+    {"CompanyName",
+     [](Application& app, const std::string& text) { app.settings.CompanyName = text; },
+     [](const Application& app) { return app.settings.CompanyName; },
+     [](const Application&) { return std::string("ABC Facility"); }},
+    {"AcceptableVariance",
+     [](Application& app, const std::string& text) { app.settings.AcceptableVariance = Val(text); },
+     [](const Application& app) { return Str(app.settings.AcceptableVariance); },
+     [](const Application&) { return std::string("2"); }},
+    // The default is worked out from a text that is not "ON", and so reads as 0.
+    {"SecurityFlag",
+     [](Application& app, const std::string& text) { app.settings.UseSecurity = Val(text) != 0; },
+     [](const Application& app) { return Str(app.settings.UseSecurity); },
+     [](const Application&) { return std::string("False"); }},
+    {"UseOldStyleInventoryDetail",
+     [](Application& app, const std::string& text) {
+       app.settings.UseOldStyleInventoryDetail = Val(text) != 0;
+     },
+     [](const Application& app) { return Str(app.settings.UseOldStyleInventoryDetail); }, nullptr},
+    // Whatever stands here, the database is opened shared.
+    {"NetworkFlag",
+     [](Application& app, const std::string&) { app.settings.NetworkVisible = true; },
+     [](const Application& app) { return TrueOrFalse(app.settings.NetworkVisible); },
+     [](const Application& app) { return TrueOrFalse(app.settings.NetworkVisible); }},
+    {"DatabasePath", nullptr, [](const Application& app) { return app.settings.DatabasePath; },
+     [](const Application& app) { return app.ProgramFolder; }},
+    {"TakeAwayAdjustments",
+     [](Application& app, const std::string& text) {
+       app.settings.TakeAwayAdjustments = Val(text);
+     },
+     [](const Application& app) { return Str(app.settings.TakeAwayAdjustments); },
+     [](const Application&) { return std::string("1"); }},
+    {"FontSize",
+     [](Application& app, const std::string& text) {
+       app.settings.FontSize = static_cast<int>(CLng(Val(text)));
+     },
+     [](const Application& app) { return Str(app.settings.FontSize); },
+     [](const Application&) { return std::string("2"); }},
+    {"ColorFlag",
+     [](Application& app, const std::string& text) { app.UseColors = Value(text).Boolean(); },
+     [](const Application& app) { return TrueOrFalse(app.UseColors); },
+     [](const Application&) { return std::string("True"); }},
+    {"ProfitCenterNo",
+     [](Application& app, const std::string& text) {
+       app.CurrentProfitCenter = static_cast<int>(CLng(Val(text)));
+     },
+     [](const Application& app) { return Str(app.CurrentProfitCenter); },
+     [](const Application&) { return std::string("0"); }},
+    {"CurrentInventoryCategory",
+     [](Application& app, const std::string& text) {
+       app.CurrentCategory = text.empty() ? "(All Categories)" : text;
+     },
+     [](const Application& app) { return app.CurrentCategory; },
+     [](const Application&) { return std::string("(All Categories)"); }},
+    {"CurrentPsoVendor",
+     [](Application& app, const std::string& text) {
+       app.CurrentOrderVendor = text.empty() ? "(All Vendors)" : text;
+     },
+     [](const Application& app) { return app.CurrentOrderVendor; },
+     [](const Application&) { return std::string("(All Vendors)"); }},
+    {"SpreadsheetExePath",
+     [](Application& app, const std::string& text) { app.SpreadsheetPath = text; },
+     [](const Application& app) { return app.SpreadsheetPath; },
+     [](const Application&) { return std::string("C:\\Office\\Excel.exe"); }},
+    {"VALUATION", ReadValuation, ValuationText, nullptr},
+};
+
+std::string ReadKey(const IniFile& file, const char* section, const char* key) {
+  return ClipToNul(file.Read(section, key, " "));
+}
+
+void WriteKeys(Application& app, const std::vector<std::pair<std::string, std::string>>& keys) {
+  try {
+    IniFile(app.InProgramFolder("KVI.INI")).WriteAll(kOwnSection, keys);
+  } catch (const RunTimeError&) {
+    app.desktop.MsgBox({.text = "Invalid KVI.INI file. KVI must close down."});
+    throw EndOfProcess{};
+  }
+}
+
+// A file with content but without a section of ours is somebody's, or damaged: it is set aside
+// under another name before the defaults take its place.
+void KeepForeignFile(const Application& app) {
+  const std::string path = app.InProgramFolder("KVI.INI");
+  if (!FileHasContent(path) || IniFile(path).HasSection(kOwnSection)) return;
+  std::error_code ignored;
+  std::filesystem::copy_file(path, path + ".old", std::filesystem::copy_options::overwrite_existing,
+                             ignored);
+  std::filesystem::remove(path, ignored);
+}
+
+void CreateDefaultSettings(Application& app) {
+  const Hourglass busy(app.desktop);
+  KeepForeignFile(app);
+  std::vector<std::pair<std::string, std::string>> keys;
+  for (const Setting& setting : kSettings) {
+    if (setting.initial == nullptr) continue;
+    const std::string text = setting.initial(app);
+    if (setting.read != nullptr) setting.read(app, text);
+    keys.emplace_back(setting.key, text);
+  }
+  app.settings.DatabasePath = app.ProgramFolder;
+  WriteKeys(app, keys);
+}
+
+void ReadSuiteSettings(Application& app) {
+  const IniFile suite(app.InProgramFolder("TARNWK.INI"));
+  if (!suite.HasSection(kSuiteSection)) {
+    app.desktop.MsgBox({.text = "There is a problem with your config file. (TARNWK.INI). "
+                                "TarnwickManager must be shut down."});
+    throw EndOfProcess{};
+  }
+  app.DatabaseDirectory = ReadKey(suite, kSuiteSection, "DatabasePath");
+  app.settings.DatabasePath = app.DatabaseDirectory;
+  app.settings.BrowserPath = ReadKey(suite, kSuiteSection, "BrowserPath");
+  app.settings.ColorScheme = ReadKey(suite, kSuiteSection, "ColorScheme");
+}
+
+}  // namespace
+
+std::string ClipToNul(const std::string& text) {
+  return Trim(text.substr(0, text.find('\0')));
+}
+
+void ReadSettings(Application& app) {
+  ReadSuiteSettings(app);
+  const IniFile own(app.InProgramFolder("KVI.INI"));
+  if (!own.HasSection(kOwnSection) || UCase(ReadKey(own, kOwnSection, "SectionActive")) != "TRUE") {
+    CreateDefaultSettings(app);
+    return;
+  }
+  for (const Setting& setting : kSettings)
+    if (setting.read != nullptr) setting.read(app, ReadKey(own, kOwnSection, setting.key));
+}
+
+void WriteSettings(Application& app) {
+  const Hourglass busy(app.desktop);
+  std::vector<std::pair<std::string, std::string>> keys;
+  for (const Setting& setting : kSettings) {
+    const std::string text = setting.write(app);
+    if (setting.write == ValuationText && text.empty()) continue;
+    keys.emplace_back(setting.key, text);
+  }
+  WriteKeys(app, keys);
+}
+
+}  // namespace kvi

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+namespace kvi {
+
+class Application;
+
+inline constexpr const char* kSuiteSection = "TARNWK";
+inline constexpr const char* kOwnSection = "KestvarInventory";
+
+// Reads TARNWK.INI (the suite's, never written) and KVI.INI into the application's state. Ends the
+// process when TARNWK.INI has no section of its own; writes a KVI.INI of defaults when there is no
+// valid one.
+void ReadSettings(Application& app);
+
+// Writes KVI.INI. Ends the process when it cannot be written.
+void WriteSettings(Application& app);
+
+// The text up to the first NUL, trimmed.
+std::string ClipToNul(const std::string& text);
+
+}  // namespace kvi

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+
+#include "frame/Application.h"
+#include "frame/Hourglass.h"
+#include "platform/Controls.h"
+#include "platform/Screen.h"
+
+namespace kvi {
+
+// The product name in three lines, as every screen's banner shows it.
+struct ProductBanner {
+  explicit ProductBanner(Screen& screen);
+  Label Label21, Maintenance, Label17;
+};
+
+// What the screens behind Main have in common: the banner with the screen's heading, the load that
+// centres first and colours last, the hover rule in the HighlightColor, and the usual boxes.
+class KviScreen : public Screen {
+ public:
+  KviScreen(Application& app, std::string name, std::string caption, const std::string& heading);
+
+  void Load() final;
+  int RestingColor() const override { return app_.HighlightColor; }
+
+ protected:
+  // The screen's own part of its load.
+  virtual void Prepare() {}
+
+  Layout BannerLayout();
+  // Shows a box with one button.
+  void Inform(const std::string& text, const std::string& title = "Kestvar Inventory");
+  bool AskYesNo(const std::string& text, const std::string& title = "Kestvar Inventory");
+  bool AskOkCancel(const std::string& text, const std::string& title = "Kestvar Inventory");
+  // The question that stands before every draft print.
+  bool AskToPrint();
+  void CloseScreen() { app_.screens.Unload(*this); }
+
+  Application& app_;
+  ProductBanner banner_;
+  Label heading_;
+};
+
+}  // namespace kvi

@@ -1,0 +1,88 @@
+#include "store/OpenInventoryDatabase.h"
+
+#include <filesystem>
+
+#include "base/Number.h"
+#include "base/RunTimeError.h"
+#include "frame/Application.h"
+#include "frame/Hourglass.h"
+#include "store/RepairItemDefaults.h"
+#include "store/UpgradeSchema.h"
+
+namespace kvi {
+
+namespace {
+
+constexpr const char* kDatabaseFile = "KV_Inventory.mdb";
+
+std::string DatabasePath(const Application& app) {
+  const std::string& folder =
+      app.DatabaseDirectory.empty() ? app.ProgramFolder : app.DatabaseDirectory;
+  return (std::filesystem::path(folder) / kDatabaseFile).string();
+}
+
+void AddFirstProfitCenter(Application& app) {
+  app.profitCenters.Add("General", 0);
+  app.ProfitCenterSet.AddNew();
+  app.ProfitCenterSet.Set("name", "General");
+  app.ProfitCenterSet.Set("pcenter", 0);
+  app.ProfitCenterSet.Update();
+}
+
+void FillProfitCenters(Application& app) {
+  app.profitCenters.Clear();
+  for (; !app.ProfitCenterSet.Eof(); app.ProfitCenterSet.MoveNext())
+    app.profitCenters.Add(app.ProfitCenterSet.Text("name"),
+                          static_cast<int>(app.ProfitCenterSet.Number("pcenter")));
+  if (app.profitCenters.Count() == 0) AddFirstProfitCenter(app);
+}
+
+// The stored number serves as a position here. One that equals the count is an invalid position,
+// which ends the process as any failure on this way does; a negative one is no position at all.
+void SelectProfitCenter(Application& app) {
+  const int position = app.CurrentProfitCenter;
+  const bool usable = position >= 0 && position <= app.profitCenters.Count();
+  app.profitCenters.Select(usable ? position : 0);
+}
+
+}  // namespace
+
+void OpenInventoryDatabase(Application& app) {
+  const std::string path = DatabasePath(app);
+  std::error_code ignored;
+  if (!std::filesystem::is_regular_file(path, ignored)) {
+    app.desktop.MsgBox({.text = "There is a problem locating KV_Inventory.mdb."});
+    throw EndOfProcess{};
+  }
+  try {
+    app.CurrentDatabase = jet::Database::Open(path, !app.settings.NetworkVisible);
+    UpgradeSchema(app.CurrentDatabase, app.desktop);
+    RepairItemDefaults(app.CurrentDatabase, app.desktop);
+    app.ProfitCenterSet = app.CurrentDatabase.OpenRecordset("SELECT * FROM PCenter;");
+    FillProfitCenters(app);
+    SelectProfitCenter(app);
+  } catch (const RunTimeError& error) {
+    app.desktop.MsgBox({.text = "An error has occurred locating KV_Inventory.mdb. (" +
+                                Str(error.Number) + "-" + error.Description + ")\n" +
+                                "KV Inventory must be shut down.",
+                        .icon = Icon::Error});
+    throw EndOfProcess{};
+  }
+  app.desktop.SetPointer(MousePointer::Default);
+}
+
+void RefreshMasterRecordsets(Application& app) {
+  const Hourglass busy(app.desktop);
+  const std::string number = Str(app.CurrentProfitCenter);
+  jet::Database& database = app.CurrentDatabase;
+  app.ItemSet =
+      database.OpenRecordset("SELECT * FROM I_Master where pcenter = " + number + " ORDER BY name");
+  app.PartGroupSet =
+      database.OpenRecordset("SELECT * FROM R_Master where pcenter = " + number + " ORDER BY name");
+  app.PurchaseSet =
+      database.OpenRecordset("SELECT * FROM HIST_PURCHASES where pcenter = " + number + " ");
+  app.EmployeeSet = database.OpenRecordset("SELECT * FROM EmployeeDB");
+  if (app.EmployeeSet.Eof()) app.settings.UseSecurity = 0;
+}
+
+}  // namespace kvi

@@ -1,0 +1,15 @@
+#pragma once
+
+namespace kvi {
+
+class Application;
+
+// Finds KV_Inventory.mdb, opens it, upgrades and repairs it, and fills the profit centers. The
+// process never runs on without a database: every failure is a box, and ends it.
+void OpenInventoryDatabase(Application& app);
+
+// Opens the long-lived recordsets again for the current profit center. Switches the sign-in off
+// when there is no employee, since nobody could sign in.
+void RefreshMasterRecordsets(Application& app);
+
+}  // namespace kvi

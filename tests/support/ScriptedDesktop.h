@@ -1,0 +1,75 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/Desktop.h"
+#include "support/RecordingSurface.h"
+
+namespace kvi::test {
+
+// The desktop of the tests: it is told beforehand, in order, which boxes and screens will come and
+// how the user answers them. One that was not expected, one in another order, and one that never
+// came fail the test.
+class ScriptedDesktop : public Desktop {
+ public:
+  ~ScriptedDesktop() override;
+
+  // Box texts and titles are compared whole.
+  void ExpectBox(std::string text, Answer answer = Answer::Ok,
+                 std::string title = "Kestvar Inventory");
+  void ExpectInput(std::string prompt, std::optional<std::string> answer, std::string title);
+  void ExpectFile(std::string title, std::optional<std::string> answer);
+  // The user's acts on a modal screen; they must end with its closing.
+  void ExpectScreen(std::string name, std::function<void()> user);
+  void ExpectProgram(std::string commandLine, int failsWith = 0);
+  // Fails the test for each thing that has not come yet.
+  void AllCame();
+
+  void OpenWindow(Screen& screen, bool modal) override;
+  void RunModal(Screen& screen) override;
+  void CloseWindow(Screen& screen) override;
+  void BringToFront(Screen& screen) override;
+  void EndAllLoops() override { ended = true; }
+  void DoEvents() override {}
+  void SetPointer(MousePointer pointer) override { pointer_ = pointer; }
+  MousePointer Pointer() const override { return pointer_; }
+  void ClearClipboard() override { clipboardCleared = true; }
+  void StartProgram(const std::string& commandLine) override;
+  bool OpenHelp(const std::string& path) override;
+  std::unique_ptr<Surface> NewDocument(const std::string& jobName) override;
+  void PrintScreenImage(Screen& screen) override;
+
+  bool ended = false;
+  bool clipboardCleared = false;
+  bool helpOpens = true;
+  std::vector<std::string> openWindows;  // screen names, the topmost last
+  std::vector<std::string> helpOpened;
+  std::vector<std::string> screensPrinted;
+  std::vector<std::shared_ptr<RecordedDocument>> documents;
+
+ protected:
+  Answer ShowBox(const Box& box) override;
+  std::optional<std::string> AskText(const std::string& prompt, const std::string& title,
+                                     const std::string& initial) override;
+  std::optional<std::string> AskFile(const FileDialog& dialog) override;
+
+ private:
+  struct Step {
+    std::string kind, text;
+    Answer answer = Answer::Ok;
+    std::optional<std::string> typed;
+    std::function<void()> user;
+    int failsWith = 0;
+  };
+  // The next step if it is the one that came, else a failure.
+  std::optional<Step> Take(const std::string& kind, const std::string& text);
+
+  std::deque<Step> steps_;
+  MousePointer pointer_ = MousePointer::Default;
+};
+
+}  // namespace kvi::test
