@@ -3,16 +3,15 @@
 #include <cstdint>
 #include <functional>
 #include <map>
-#include <optional>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "platform/CellFormat.h"
 #include "platform/Control.h"
 
 namespace kvi {
-
-enum class CellKind : std::uint8_t { Edit, Static, Number, Date, List, CheckBox };
-enum class CellAlign : std::uint8_t { Left, Center, Right };
 
 // A block of cells. Row 0 is the headings; -1 as the second corner means the last one.
 struct Block {
@@ -23,32 +22,29 @@ struct Block {
   static Block All() { return {1, 1, -1, -1}; }
 };
 
-// The look and behaviour of one cell.
-struct CellFormat {
-  int BackColor = kToolkitColor;  // palette index
-  int ForeColor = kToolkitColor;
-  bool Lock = false;
-  CellKind Kind = CellKind::Edit;
-  CellAlign Align = CellAlign::Left;
-  int TypeEditLen = 0;  // largest text length in characters; 0 is no bound
-  bool operator==(const CellFormat&) const = default;
-};
-
-// The spreadsheet-like grid: rows and columns from 1, row 0 the headings. It holds texts and
-// formats; the view reads what it paints. Formats set for a whole column (rows 1 to -1) or the
-// whole grid also hold for rows that come later. Addressing a cell outside raises 381 on writing
-// and reads as "".
+// The spreadsheet-like grid: rows and columns from 1, row 0 the headings (static and locked). It
+// holds texts and formats; the view reads what it paints. A cell, row, column or block outside
+// raises 381 on writing and reads as "" or as an unset format; a block whose second corner lies
+// before its first is empty and does nothing, so that "1 to MaxRows" may be said of no rows.
+//
+// Formats: the last one set holds, of each attribute by itself, whether it was set for a cell, a
+// row or a column. Set for rows 1 to -1 it also holds for the rows that come later; a new row has
+// nothing but its columns' formats. Formats and height go with their row when it moves.
 class Spread : public Control {
  public:
+  static constexpr double kDefaultColWidth = 1200;
+
   Spread(Screen& screen, std::string name, int maxCols = 0, int maxRows = 0);
   ~Spread() override;
 
   int MaxRows() const { return static_cast<int>(rows_.size()) - 1; }
   int MaxCols() const { return maxCols_; }
+  // New rows and columns are empty; what is cut off is lost. A number below 0 raises 380.
   void SetMaxRows(int rows);
   void SetMaxCols(int cols);
 
   const std::string& Text(int row, int col) const;
+  // The code's own text: neither the lock nor TypeEditLen applies to it.
   void SetText(int row, int col, std::string text);
   void SetHeading(int col, std::string text) { SetText(0, col, std::move(text)); }
   // Empties the texts of a block; formats stay.
@@ -65,43 +61,53 @@ class Spread : public Control {
   void SetChoices(int col, std::vector<std::string> choices);
   const std::vector<std::string>& Choices(int col) const;
 
-  // Twips (1440 to the inch); 0 hides the column.
+  // Twips (1440 to the inch); 0 hides the column, and is what a column outside reads as.
   double ColWidth(int col) const;
   void SetColWidth(int col, double twips);
   double RowHeight(int row) const;  // 0 is the view's own height
   void SetRowHeight(int row, double twips);
 
+  // InsertRow puts an empty row before the row given (one behind the last is allowed), DeleteRow
+  // takes one out; MaxRows goes with them. The active cell keeps its place, not its row.
   void InsertRow(int row);
   void DeleteRow(int row);
-  // Stable; texts by the order handed over, which is below 0, 0 or above 0.
+  // Sorts whole rows, stable in both directions; rows with a blank key stay below. Texts by the
+  // order handed over, which is below 0, 0 or above 0.
   using CellOrder = std::function<int(const std::string&, const std::string&)>;
   void Sort(int keyCol, bool ascending, const CellOrder& order);
-  // Text without regard to case, as the grid's own sort does.
+  // By value where every key cell is a Number, else text without regard to case.
   void Sort(int keyCol, bool ascending);
 
   // The cell cursor of the code (quick find reads it), apart from the cell that is active on the
-  // screen. ActiveRow is 0 when no cell is active.
+  // screen. ActiveRow is 0 when no cell is active: at first, and once the grid had no rows. When
+  // rows go, it is the last one at most.
   int Row = 1, Col = 1;
   int ActiveRow() const { return activeRow_; }
   int ActiveCol() const { return activeCol_; }
-  void SetActiveCell(int row, int col);  // scrolls to it, fires ActiveCellChanged when it moved
+  // Scrolls to the cell, or to the nearest one inside; fires ActiveCellChanged when it moved.
+  void SetActiveCell(int row, int col);
 
-  // The user's multiple selection, normalised, without the active cell's own block when single.
-  const std::vector<Block>& SelectedBlocks() const { return selection_; }
+  // The user's multiple selection from the top down; blocks that share a row are one, so that no
+  // row comes twice. A single cell is none. Ends when rows come, go or move.
+  std::vector<Block> SelectedBlocks() const { return selection_; }
   void SetSelectedBlocks(std::vector<Block> blocks);
-  // Tab-separated text of a block, lines ended by "\n"; and its inverse from a cell on, which skips
-  // locked cells and stays inside of the grid.
+
+  // The user's typing: cuts the text to the cell's length and fires CellEdited when that changes
+  // the cell. False when the cell takes it not: locked, static, or no choice of its list.
+  bool TypeText(int row, int col, const std::string& text);
+  // Tab-separated text of a block's visible columns, lines ended by "\n"; and its inverse from a
+  // cell on, which types each text, passes over what cannot be typed and stays inside of the grid.
   std::string BlockText(Block block) const;
   void PasteText(int row, int col, const std::string& text);
 
-  // False stops painting during bulk work; true again repaints once.
+  // False stops painting during bulk work: the view is told nothing; true again tells it once.
   bool ReDraw() const { return reDraw_; }
   void SetReDraw(bool on);
 
-  std::function<void(int row, int col)> DblClick;       // row 0 is a heading
+  std::function<void(int row, int col)> DblClick;  // row 0 is a heading
   std::function<void(int col)> HeadingClick;
-  std::function<void(int row, int col)> CellEdited;     // the user's text is in the cell
-  std::function<void()> AdvancedPastLastCell;           // Enter or Tab in the last cell
+  std::function<void(int row, int col)> CellEdited;  // the user's text is in the cell
+  std::function<void()> AdvancedPastLastCell;        // Enter or Tab in the last cell
   std::function<void()> ActiveCellChanged;
   std::function<void(int row, int col)> ButtonClicked;  // of a CheckBox cell
 
@@ -109,32 +115,34 @@ class Spread : public Control {
   std::uint64_t Revision() const { return revision_; }
 
  private:
-  // What was set apart from the columns' formats; unset parts fall through to row, then column.
-  struct Patch {
-    std::optional<int> back, fore;
-    std::optional<bool> lock;
-    std::optional<CellKind> kind;
-    std::optional<CellAlign> align;
-    std::optional<int> editLen;
-  };
   struct RowData {
     std::vector<std::string> texts;  // from column 1 on, as far as filled
     double height = 0;
-    Patch whole;
-    std::map<int, Patch> cells;
+    FormatPatch whole;
+    std::vector<std::pair<int, FormatPatch>> cells;  // by column
   };
-  Block Normalised(Block block) const;
-  void Touch();
+
+  static std::size_t At(int index) { return static_cast<std::size_t>(index); }
+  template <class T>
+  void Put(Block block, Stamped<T> FormatPatch::*attribute, T value);
+  Block Resolved(Block block) const;
+  bool Has(int row, int col) const;
+  void CheckCell(int row, int col) const;
+  const RowData* Peek(int row) const { return rows_[static_cast<std::size_t>(row)].get(); }
+  RowData& Make(int row);
+  void SortRows(int keyCol, bool ascending, const std::function<int(int, int)>& order);
+  void RowsChanged();
+  void Tell(Property property);
 
   int maxCols_ = 0;
-  std::vector<RowData> rows_;             // rows_[0] holds the headings
-  std::vector<CellFormat> columnFormats_;  // by column, from 1
-  std::vector<double> widths_;
+  std::vector<std::unique_ptr<RowData>> rows_;  // rows_[0] the headings; null is an untouched row
+  std::vector<FormatPatch> columns_{1};         // by column, from 1
+  std::vector<double> widths_{0};
   std::map<int, std::vector<std::string>> choices_;
+  std::uint32_t columnSettings_ = 1;
   std::vector<Block> selection_;
   int activeRow_ = 0, activeCol_ = 1;
-  bool reDraw_ = true;
-  bool stale_ = false;
+  bool reDraw_ = true, staleCells_ = false, staleActiveCell_ = false;
   std::uint64_t revision_ = 0;
 };
 
