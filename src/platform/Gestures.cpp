@@ -122,18 +122,10 @@ bool Gestures::GoToCell(Spread& grid, int row, int col) {
 }
 
 bool Gestures::TypeIntoCell(Spread& grid, int row, int col, const std::string& text) {
-  if (!Reachable(stack_, grid) || row < 1 || row > grid.MaxRows()) return false;
-  const CellFormat format = grid.Format(row, col);
-  if (format.Lock || format.Kind == CellKind::Static) return false;
-  const bool bounded = format.TypeEditLen > 0;
-  const std::string typed =
-      bounded ? Left(text, static_cast<std::size_t>(format.TypeEditLen)) : text;
-  if (typed == grid.Text(row, col)) return true;
-  stack_.Guard([&] {
-    grid.SetText(row, col, typed);
-    Fire(grid.CellEdited, row, col);
-  });
-  return true;
+  if (!Reachable(stack_, grid)) return false;
+  bool taken = false;
+  stack_.Guard([&] { taken = grid.TypeText(row, col, text); });
+  return taken;
 }
 
 bool Gestures::DoubleClick(Spread& grid, int row, int col) {
