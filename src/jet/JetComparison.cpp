@@ -132,7 +132,7 @@ JetWriter::Kind JetWriter::KindOf(const Operand& operand) {
     Table& table = tables_[i];
     const bool asked =
         operand.qualifier.empty() || table.name.empty() || table.IsCalled(operand.qualifier);
-    const auto* fields = asked ? FieldsOf(table) : nullptr;
+    const auto* fields = asked ? ShapeOf(table).Fields : nullptr;
     if (fields == nullptr) continue;
     for (const FieldDef& field : *fields) {
       if (!SameName(field.Name, operand.column)) continue;
@@ -152,10 +152,11 @@ JetWriter::Kind JetWriter::KindOf(const Operand& operand) {
   return Kind::Unknown;
 }
 
-const std::vector<FieldDef>* JetWriter::FieldsOf(Table& table) {
-  if (table.fields == nullptr && fieldsOf_ && !table.name.empty())
-    table.fields = fieldsOf_(table.name);
-  return table.fields;
+const TableShape& JetWriter::ShapeOf(Table& table) {
+  if (!table.shape) {
+    table.shape = shapeOf_ && !table.name.empty() ? shapeOf_(table.name) : TableShape{};
+  }
+  return *table.shape;
 }
 
 void JetWriter::Parameter(Value value) {

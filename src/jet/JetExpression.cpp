@@ -24,8 +24,8 @@ Value NumberOf(std::string_view digits) {
 
 }  // namespace
 
-JetWriter::JetWriter(std::string_view sql, int firstParameter, const FieldsOfTable& fieldsOf)
-    : tokens_(sql), fieldsOf_(fieldsOf), nextParameter_(firstParameter) {
+JetWriter::JetWriter(std::string_view sql, int firstParameter, const ShapeOfTable& shapeOf)
+    : tokens_(sql), shapeOf_(shapeOf), nextParameter_(firstParameter) {
   out_.reserve(2 * sql.size() + 64);
 }
 

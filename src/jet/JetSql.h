@@ -12,8 +12,8 @@ namespace kvi::jet {
 
 // A Jet statement rewritten for SQLite. `Sql` is the statement's shape: every literal stands as a
 // numbered parameter (?1, ?2 ...) and in `Parameters`, so that prepared statements can be cached by
-// shape. Names stand in brackets, which SQLite never takes for a text. An UPDATE raises the rows'
-// `_ver` as well.
+// shape. Names stand in brackets, which SQLite never takes for a text. An UPDATE raises `_ver` in
+// each row as well.
 struct Translation {
   enum class Kind { Select, Action };
 
@@ -30,15 +30,19 @@ struct Translation {
   std::vector<std::string> Columns;  // bare column names asked for, empty for `*`
 };
 
-// What the dialect asks of the schema: the fields of a table, null for an unknown one. Known fields
-// let `*` stand for them alone (never for the hidden columns) and let a text field that is compared
-// with a number be read through Val, as Jet coerces it; number fields stay bare, for their index.
-using FieldsOfTable = std::function<const std::vector<FieldDef>*(std::string_view table)>;
+// What the dialect asks of the schema. Known fields let `*` stand for them alone (never for the
+// hidden columns) and let a text field that is compared with a number be read through Val, as Jet
+// coerces it; number fields stay bare, for their index.
+struct TableShape {
+  const std::vector<FieldDef>* Fields = nullptr;  // null for an unknown table
+  bool Versioned = true;                          // has the column `_ver`
+};
+using ShapeOfTable = std::function<TableShape(std::string_view table)>;
 
 // Translates one statement. Raises 3075 for text that is no single statement (an open quote,
 // anything behind the closing semicolon, a comment), 3085 for an unknown function, 3129 for a
 // statement of an unknown kind. Only SELECT, INSERT, UPDATE and DELETE pass.
-Translation Translate(std::string_view jetSql, const FieldsOfTable& fieldsOf = {});
+Translation Translate(std::string_view jetSql, const ShapeOfTable& shapeOf = {});
 
 // Translates a search criterion, as FindFirst takes it, to the text of a condition over its own
 // parameters, numbered from `firstParameter` on. `fields` are those of the set searched.

@@ -8,8 +8,8 @@ constexpr std::string_view kMissing = "Syntax error (missing operator)";
 
 }  // namespace
 
-Translation Translate(std::string_view jetSql, const FieldsOfTable& fieldsOf) {
-  return JetWriter(jetSql, 1, fieldsOf).WriteStatement();
+Translation Translate(std::string_view jetSql, const ShapeOfTable& shapeOf) {
+  return JetWriter(jetSql, 1, shapeOf).WriteStatement();
 }
 
 Condition TranslateCondition(std::string_view criterion, int firstParameter,
@@ -38,7 +38,7 @@ Translation JetWriter::WriteStatement() {
 }
 
 Condition JetWriter::WriteCondition(const std::vector<FieldDef>* fields) {
-  tables_.push_back({{}, {}, fields});
+  tables_.push_back({{}, {}, TableShape{fields}});
   Or();
   ExpectEnd();
   return {std::move(result_.Sql), std::move(result_.Parameters)};
@@ -54,7 +54,7 @@ void JetWriter::Update() {
   TargetTable();
   tokens_.Expect("SET");
   out_ += " SET ";
-  do {
+  for (bool more = true; more;) {
     JetToken field = TakeFreeName();
     // SQLite takes no table name on the left side.
     if (tokens_.TakeSymbolIf(".")) field = TakeFreeName();
@@ -62,9 +62,10 @@ void JetWriter::Update() {
     tokens_.ExpectSymbol("=");
     out_ += " = ";
     Or();
-    out_ += ", ";
-  } while (tokens_.TakeSymbolIf(","));
-  out_ += "[_ver] = [_ver] + 1";
+    more = tokens_.TakeSymbolIf(",");
+    if (more) out_ += ", ";
+  }
+  if (ShapeOf(tables_.back()).Versioned) out_ += ", [_ver] = [_ver] + 1";
   Where();
 }
 
@@ -140,7 +141,7 @@ std::string JetWriter::FieldsForStar(std::string_view qualifier, std::size_t fir
   for (std::size_t i = firstTable; i < tables_.size(); ++i) {
     Table& table = tables_[i];
     if (!qualifier.empty() && !table.IsCalled(qualifier)) continue;
-    const auto* fields = FieldsOf(table);
+    const auto* fields = ShapeOf(table).Fields;
     if (fields == nullptr) return {};
     for (const FieldDef& field : *fields) {
       if (!list.empty()) list += ", ";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,7 +17,7 @@ namespace kvi::jet {
 // JetStatement.cpp and JetSelect.cpp.
 class JetWriter {
  public:
-  JetWriter(std::string_view sql, int firstParameter, const FieldsOfTable& fieldsOf);
+  JetWriter(std::string_view sql, int firstParameter, const ShapeOfTable& shapeOf);
 
   Translation WriteStatement();
   Condition WriteCondition(const std::vector<FieldDef>* fields);
@@ -39,7 +40,7 @@ class JetWriter {
   // A table in reach; the innermost SELECT's stand last.
   struct Table {
     std::string_view name, alias;
-    const std::vector<FieldDef>* fields = nullptr;
+    std::optional<TableShape> shape;
 
     std::string_view ShownName() const { return alias.empty() ? name : alias; }
     bool IsCalled(std::string_view qualifier) const;
@@ -83,7 +84,7 @@ class JetWriter {
   void In(const Operand& left, bool negated);
   void Between(const Operand& left, bool negated);
   Kind KindOf(const Operand& operand);
-  const std::vector<FieldDef>* FieldsOf(Table& table);
+  const TableShape& ShapeOf(Table& table);
 
   void Parameter(Value value);
   void Name(const JetToken& token);
@@ -112,7 +113,7 @@ class JetWriter {
   void ExpectEnd();
 
   JetTokens tokens_;
-  const FieldsOfTable& fieldsOf_;
+  const ShapeOfTable& shapeOf_;
   int nextParameter_;
   int depth_ = 0;
   bool inPlainArguments_ = false;
