@@ -1,0 +1,72 @@
+#include <algorithm>
+
+#include "base/Date.h"
+#include "base/Format.h"
+#include "sample/Directory.h"
+#include "sample/Stockroom.h"
+
+namespace kvi {
+namespace {
+
+using stockroom::Invoice;
+using stockroom::Order;
+using stockroom::Part;
+
+constexpr int kOrdersPerCenter = 2;
+constexpr std::size_t kLongestOrder = 25;
+constexpr int kInvoices = 45;
+
+// Order numbers are drawn, and drawn again when taken: the program itself would let two orders
+// share their lines, the sample does not.
+int DrawId(const std::vector<Order>& orders, Dice& dice) {
+  for (;;) {
+    const int id = dice.Between(1, 30000);
+    if (std::ranges::find(orders, id, &Order::Id) == orders.end()) return id;
+  }
+}
+
+// The name that the program offers, or that of a vendor's invoice to be received against.
+std::string OrderName(long day, bool againstInvoice, Dice& dice) {
+  if (againstInvoice) return "Invoice:" + std::to_string(dice.Between(40000, 59999));
+  Date moment = AddDays(Date{}, day);
+  moment.hour = dice.Between(7, 15);
+  moment.minute = dice.Below(60);
+  return "Order " + Format(moment, "HH:MM AM/PM") + "-" + Format(moment, "mm/dd/yyyy");
+}
+
+}  // namespace
+
+void PlaceOrders(Stockroom& room, Dice& dice) {
+  for (int center = 0; center < kProfitCenterCount; ++center) {
+    std::vector<const Part*> low;
+    for (const Part& part : room.Parts)
+      if (part.Active && part.ProfitCenter == center && part.OnHand < part.ReOrder * 100)
+        low.push_back(&part);
+    auto next = low.begin();
+    for (int i = 0; i < kOrdersPerCenter; ++i) {
+      Order order{
+          DrawId(room.Orders, dice), {}, LastPurchaseDay() - dice.Between(1, 9), center, {}};
+      order.Name = OrderName(order.Day, i == 1, dice);
+      for (; next != low.end() && order.Lines.size() < kLongestOrder; ++next)
+        order.Lines.push_back({*next, ((*next)->Par * 100 - (*next)->OnHand + 99) / 100});
+      room.Orders.push_back(std::move(order));
+    }
+  }
+}
+
+void RegisterInvoices(Stockroom& room, Dice& dice) {
+  for (int i = 0; i < kInvoices; ++i) {
+    const Vendor& vendor = dice.Pick(Vendors());
+    const long day = LastPurchaseDay() - 120 + i * 120 / kInvoices;
+    Invoice invoice{
+        vendor.Name, {}, day, day + (dice.Percent(70) ? 30 : 15), dice.Between(4000, 480000), 0};
+    invoice.Number = dice.Percent(50) ? std::to_string(dice.Between(10000, 99999))
+                                      : std::string(vendor.Code) + "-" +
+                                            std::to_string(dice.Between(1000, 9999));
+    invoice.AdjustedCents =
+        dice.Percent(80) ? invoice.Cents : invoice.Cents - dice.Between(500, 3900);
+    room.Invoices.push_back(std::move(invoice));
+  }
+}
+
+}  // namespace kvi
