@@ -64,6 +64,8 @@ class Application {
   std::array<std::string, 8> DayNames;  // 1 to 7
   bool PartGroupCostsStale = false;
   bool ReturnedFromFind = false;
+  std::string DataFilePath;  // the answer of KVI_GetILocation
+  bool DataFileCancelled = false;
   Settings settings;
 
   // A file in the program's folder.

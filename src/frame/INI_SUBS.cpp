@@ -129,7 +129,7 @@ std::string ReadKey(const IniFile& file, const char* section, const char* key) {
 
 void WriteKeys(Application& app, const std::vector<std::pair<std::string, std::string>>& keys) {
   try {
-    IniFile(app.InProgramFolder("KVI.INI")).WriteAll(kOwnSection, keys);
+    IniFile(app.InProgramFolder("KVI.INI")).Write(kOwnSection, keys);
   } catch (const RunTimeError&) {
     app.desktop.MsgBox({.text = "Invalid KVI.INI file. KVI must close down."});
     throw EndOfProcess{};

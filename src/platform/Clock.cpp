@@ -12,4 +12,8 @@ Date SystemClock::Now() const {
           local.tm_hour,        local.tm_min,     local.tm_sec};
 }
 
+double SystemChance::Next() {
+  return std::generate_canonical<double, 53>(source_);
+}
+
 }  // namespace kvi

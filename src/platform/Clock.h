@@ -1,5 +1,7 @@
 #pragma once
 
+#include <random>
+
 #include "base/Date.h"
 
 namespace kvi {
@@ -21,6 +23,14 @@ class Chance {
  public:
   virtual ~Chance() = default;
   virtual double Next() = 0;
+};
+
+class SystemChance : public Chance {
+ public:
+  double Next() override;
+
+ private:
+  std::mt19937_64 source_{std::random_device{}()};
 };
 
 }  // namespace kvi

@@ -122,7 +122,7 @@ bool Gestures::GoToCell(Spread& grid, int row, int col) {
 }
 
 bool Gestures::TypeIntoCell(Spread& grid, int row, int col, const std::string& text) {
-  if (!Reachable(stack_, grid)) return false;
+  if (!Reachable(stack_, grid) || row < 1 || row > grid.MaxRows()) return false;
   bool taken = false;
   stack_.Guard([&] { taken = grid.TypeText(row, col, text); });
   return taken;

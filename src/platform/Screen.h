@@ -41,6 +41,9 @@ class Screen {
   // Where the controls stand; asked once for each window.
   virtual Layout Arrange() = 0;
 
+  // Whether the window opens over the whole display, as the lists do.
+  virtual bool TakesWholeDisplay() const { return false; }
+
   // The events. Load comes before the first showing after the start or an Unload; Activate each
   // time the screen comes to the front; QueryUnload may refuse the closing by its window's own box.
   virtual void Load() {}

@@ -15,12 +15,6 @@ namespace {
 
 constexpr const char* kDatabaseFile = "KV_Inventory.mdb";
 
-std::string DatabasePath(const Application& app) {
-  const std::string& folder =
-      app.DatabaseDirectory.empty() ? app.ProgramFolder : app.DatabaseDirectory;
-  return (std::filesystem::path(folder) / kDatabaseFile).string();
-}
-
 void AddFirstProfitCenter(Application& app) {
   app.profitCenters.Add("General", 0);
   app.ProfitCenterSet.AddNew();
@@ -47,8 +41,13 @@ void SelectProfitCenter(Application& app) {
 
 }  // namespace
 
+std::string DatabasePathIn(const Application& app, const std::string& folder) {
+  const std::string& place = folder.empty() ? app.ProgramFolder : folder;
+  return (std::filesystem::path(place) / kDatabaseFile).string();
+}
+
 void OpenInventoryDatabase(Application& app) {
-  const std::string path = DatabasePath(app);
+  const std::string path = DatabasePathIn(app, app.DatabaseDirectory);
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(path, ignored)) {
     app.desktop.MsgBox({.text = "There is a problem locating KV_Inventory.mdb."});

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace kvi {
 
 class Application;
@@ -7,6 +9,9 @@ class Application;
 // Finds KV_Inventory.mdb, opens it, upgrades and repairs it, and fills the profit centers. The
 // process never runs on without a database: every failure is a box, and ends it.
 void OpenInventoryDatabase(Application& app);
+
+// The database file in a folder; an empty folder is the program's own.
+std::string DatabasePathIn(const Application& app, const std::string& folder);
 
 // Opens the long-lived recordsets again for the current profit center. Switches the sign-in off
 // when there is no employee, since nobody could sign in.

@@ -1,0 +1,92 @@
+// Makes the picture tour: each screen of the stockroom in the program's folder as a PNG.
+
+#include <cstdio>
+#include <filesystem>
+
+#include "app/ProgramFolder.h"
+#include "base/RunTimeError.h"
+#include "desktop/QtDesktop.h"
+#include "frame/Main.h"
+#include "items/KVI_ChooseVendors.h"
+#include "items/KVI_InventorySummary.h"
+#include "security/KVI_SecurityCheckpoint.h"
+#include "store/KVI_GetILocation.h"
+#include "store/KVI_ManageDropLIsts.h"
+#include "utilities/KVI_Utilities.h"
+
+namespace {
+
+class Tour {
+ public:
+  Tour(kvi::QtDesktop& desktop, kvi::Application& app, std::filesystem::path folder)
+      : desktop_(desktop), app_(app), folder_(std::move(folder)) {}
+
+  void Picture(kvi::Screen& screen, const std::string& suffix = "") {
+    desktop_.DoEvents();
+    const std::string file = (folder_ / (screen.Name() + suffix + ".png")).string();
+    const bool saved = desktop_.SavePicture(screen, file);
+    std::printf("%s %s\n", saved ? "made" : "FAILED", file.c_str());
+    failed_ = failed_ || !saved;
+  }
+
+  template <class T>
+  void Visit() {
+    T& screen = app_.Get<T>();
+    app_.screens.Show(screen);
+    Picture(screen);
+    app_.screens.Hide(screen);
+  }
+
+  void VisitUtilities() {
+    auto& utilities = app_.Get<kvi::KVI_Utilities>();
+    app_.screens.Show(utilities);
+    for (int tab = 0; tab < static_cast<int>(utilities.SSTab1.Captions().size()); ++tab) {
+      utilities.SSTab1.Tab = tab;
+      Picture(utilities, "-" + std::to_string(tab + 1));
+    }
+    app_.screens.Hide(utilities);
+  }
+
+  bool Failed() const { return failed_; }
+
+ private:
+  kvi::QtDesktop& desktop_;
+  kvi::Application& app_;
+  std::filesystem::path folder_;
+  bool failed_ = false;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: kvi-tour FOLDER\n");
+    return 2;
+  }
+  const std::filesystem::path folder = argv[1];
+  std::filesystem::create_directories(folder);
+  kvi::QtDesktop desktop(argc, argv);
+  kvi::SystemClock clock;
+  kvi::SystemChance chance;
+  kvi::Application app({desktop, clock, chance, kvi::ProgramFolder(), ""});
+  desktop.SetProgramFolder(app.ProgramFolder);
+  desktop.SetStack(app.screens);
+  Tour tour(desktop, app, folder);
+  try {
+    auto& main = app.Get<kvi::Main>();
+    app.screens.Load(main);
+    tour.Picture(main);
+    tour.Visit<kvi::KVI_InventorySummary>();
+    tour.VisitUtilities();
+    tour.Visit<kvi::KVI_ManageDropLIsts>();
+    tour.Visit<kvi::KVI_SecurityCheckpoint>();
+    tour.Visit<kvi::KVI_GetILocation>();
+    tour.Visit<kvi::KVI_ChooseVendors>();
+  } catch (const kvi::EndOfProcess&) {
+    std::fprintf(stderr, "the program ended itself: is there a stockroom in %s?\n",
+                 app.ProgramFolder.c_str());
+    return 1;
+  }
+  desktop.CloseAllWindows();
+  return tour.Failed() ? 1 : 0;
+}

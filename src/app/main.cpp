@@ -1,0 +1,45 @@
+#include <string>
+
+#include "app/ProgramFolder.h"
+#include "base/RunTimeError.h"
+#include "desktop/QtDesktop.h"
+#include "frame/Application.h"
+#include "frame/Main.h"
+
+namespace {
+
+// The arguments as one line, as a launcher hands them over.
+std::string CommandLine(int argc, char** argv) {
+  std::string line;
+  for (int i = 1; i < argc; ++i) line += (i > 1 ? " " : "") + std::string(argv[i]);
+  return line;
+}
+
+// True once the main screen stands. A failure that the start-up does not know how to handle ends
+// it: nobody works on a half-started program.
+bool Start(kvi::Application& app) {
+  try {
+    app.screens.Load(app.Get<kvi::Main>());
+    return true;
+  } catch (const kvi::RunTimeError& error) {
+    app.desktop.MsgBox(
+        {.text = std::to_string(error.Number) + " " + error.Description, .icon = kvi::Icon::Error});
+  } catch (const kvi::EndOfProcess&) {
+  }
+  return false;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::string commandLine = CommandLine(argc, argv);
+  kvi::QtDesktop desktop(argc, argv);
+  kvi::SystemClock clock;
+  kvi::SystemChance chance;
+  kvi::Application app({desktop, clock, chance, kvi::ProgramFolder(), commandLine});
+  desktop.SetProgramFolder(app.ProgramFolder);
+  desktop.SetStack(app.screens);
+  const int result = Start(app) ? desktop.RunEventLoop() : 1;
+  desktop.CloseAllWindows();
+  return result;
+}

@@ -1,0 +1,146 @@
+#include "frame/Main.h"
+
+#include "base/Number.h"
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+#include "frame/ApplyColorScheme.h"
+#include "frame/INI_SUBS.h"
+#include "frame/NotBuiltYet.h"
+#include "frame/Version.h"
+#include "frame/Wording.h"
+#include "items/KVI_ChooseVendors.h"
+#include "items/KVI_InventorySummary.h"
+#include "security/CheckAccess.h"
+#include "security/KVI_SecurityCheckpoint.h"
+#include "store/DropDown.h"
+#include "store/OpenInventoryDatabase.h"
+#include "utilities/KVI_Utilities.h"
+
+namespace kvi {
+
+Main::Main(Application& app) : Screen("Main", "Kestvar Inventory"), app_(app) {
+  app_.profitCenters.ShowIn(pcenter);
+  pcenter.LostFocus = [this] { LeaveProfitCenter(); };
+  Label1.Click = [this] {
+    if (MayOpen(kInventoryModule)) app_.screens.ShowModal(app_.Get<KVI_InventorySummary>());
+  };
+  MaintProc.Click = [this] {
+    if (MayOpen(kPartGroupModule)) SayNotBuiltYet(app_.desktop, "Part Group Maintenance");
+  };
+  Label16.Click = [this] {
+    if (MayOpen(kOrderModule)) SayNotBuiltYet(app_.desktop, "Manage Orders");
+  };
+  Label6.Click = [this] {
+    if (MayOpen(kUpdateModule)) SayNotBuiltYet(app_.desktop, "Update Inventory On Hand & Prices");
+  };
+  Label2.Click = [this] {
+    if (MayOpenWithItems(kUsageModule)) SayNotBuiltYet(app_.desktop, "Usage Analysis");
+  };
+  Label3.Click = [this] { OpenReports(); };
+  m_f_print.Click = [this] { OpenReports(); };
+  Label7.Click = [this] {
+    if (MayOpen(kUtilityModule)) app_.screens.ShowModal(app_.Get<KVI_Utilities>());
+  };
+  vendors.Click = [this] { SayNotBuiltYet(app_.desktop, "Vendors"); };
+  Label9.Click = [this] { app_.screens.Unload(*this); };
+  m_f_exit.Click = [this] { app_.screens.Unload(*this); };
+  m_help_sm.Click = [this] { OpenHelp(); };
+}
+
+// The order counts: later steps read what earlier ones left, and the user can touch nothing before
+// the end.
+void Main::Load() {
+  app_.desktop.SetPointer(MousePointer::Hourglass);
+  ReadRights();
+  app_.HighlightColor = kWhite;
+  FillDayNames();
+  CenterForm();
+  app_.Get<KVI_Utilities>();
+  app_.Get<KVI_ChooseVendors>();
+  ReadSettings(app_);
+  network.Visible = app_.settings.NetworkVisible;
+  OpenInventoryDatabase(app_);
+  app_.screens.Show(*this);
+  app_.desktop.ClearClipboard();
+  LoadDropLists(app_);
+  app_.desktop.SetPointer(MousePointer::Default);
+  if (app_.settings.UseSecurity == 1) AskWhoItIs();
+  lblVersion.Caption = VersionText();
+  ApplyColorScheme(app_, *this);
+}
+
+void Main::ReadRights() {
+  constexpr std::size_t kFirst = 4, kCount = 4;
+  // The four characters stand where the marker ends when it comes first; wherever else the marker
+  // stands, the same four positions are taken.
+  const bool handedOver = app_.CommandLine.find("/S:") != std::string::npos;
+  app_.AccessString = handedOver ? Mid(app_.CommandLine, kFirst, kCount) : "WWWW";
+}
+
+void Main::FillDayNames() {
+  app_.DayNames = {"",          "Sunday",   "Monday", "Tuesday",
+                   "Wednesday", "Thursday", "Friday", "Saturday"};
+}
+
+void Main::AskWhoItIs() {
+  app_.screens.ShowModal(app_.Get<KVI_SecurityCheckpoint>());
+  if (app_.CurrentEmployeeCode.IsNull()) {
+    app_.desktop.MsgBox({.text = "You have not entered a valid ID number or have hit 'cancel'.  "
+                                 "Please try again."});
+    throw EndOfProcess{};
+  }
+  if (app_.CurrentEmployeeCode.Number() < 1) throw EndOfProcess{};
+}
+
+// Takes the position for the number, unlike the combo of Utilities, which looks the number up.
+void Main::LeaveProfitCenter() {
+  app_.CurrentProfitCenter = pcenter.ListIndex();
+}
+
+bool Main::MayOpen(int module) {
+  if (CheckAccess(app_.AccessString, module, kReadAccess)) return true;
+  app_.desktop.MsgBox({.text = "Current security clearance does not allow access to this module."});
+  return false;
+}
+
+bool Main::MayOpenWithItems(int module) {
+  if (!MayOpen(module)) return false;
+  if (app_.ItemSet.RecordCount() > 0) return true;
+  app_.desktop.MsgBox(
+      {.text = "No items in the system.  Click on the '+' icon to add a new item."});
+  return false;
+}
+
+void Main::OpenReports() {
+  if (MayOpenWithItems(kReportModule)) SayNotBuiltYet(app_.desktop, "Reports & Analysis");
+}
+
+void Main::OpenHelp() {
+  if (app_.desktop.OpenHelp(app_.InProgramFolder("manual.chm"))) return;
+  app_.desktop.MsgBox(
+      {.text = "There is a problem locating the help file OR you have not properly setup your "
+               "'browser'.  Go to 'Utilities' from the main screen, click on 'KV Settings' and "
+               "make sure your browser is properly selected. "});
+}
+
+void Main::Unload() {
+  try {
+    WriteSettings(app_);
+    app_.desktop.DoEvents();
+    app_.CurrentDatabase.Close();
+    app_.desktop.DoEvents();
+  } catch (const RunTimeError& error) {
+    app_.desktop.MsgBox({.text = Str(error.Number) + " " + error.Description, .icon = Icon::Error});
+  }
+  throw EndOfProcess{};
+}
+
+Layout Main::Arrange() {
+  return Column(
+      {Banner({&banner.Label21, &banner.Maintenance, &banner.Label17}, &Label20),
+       Row({Field("Profit center:", pcenter, 2.5), Gap(), Of(network), Of(Label4), Of(lblVersion)}),
+       Fill(Tiles(3, {&Label1, &MaintProc, &Label6, &Label16, &Label2, &Label3, &vendors, &Label7,
+                      &Label9}))});
+}
+
+}  // namespace kvi

@@ -1,0 +1,270 @@
+#include "items/KVI_InventorySummary.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "base/Counter16.h"
+#include "base/Format.h"
+#include "base/Number.h"
+#include "base/Text.h"
+#include "frame/NotBuiltYet.h"
+#include "store/DropDown.h"
+#include "utilities/ExportGridToSpreadsheet.h"
+#include "utilities/PrintGrid.h"
+#include "utilities/SprdSubs.h"
+
+namespace kvi {
+
+namespace {
+
+constexpr const char* kAllCategories = "(All Categories)";
+constexpr const char* kAllVendors = "(All Vendors)";
+constexpr const char* kQuantity = "#####0.00";
+constexpr const char* kCost = "$ #####0.0000";
+
+// The grid's columns from the first on: the mask is empty for texts.
+struct Column21 {
+  const char *heading, *field, *mask;
+};
+constexpr Column21 kColumns[] = {
+    {"Name", "name", ""},
+    {"Category", "category", ""},
+    {"Location", "location", ""},
+    {"Part #", "inv_id", ""},
+    {"Description", "desc", ""},
+    {"How Purchased", "how_purchased", ""},
+    {"Cost", "cost_per", kCost},
+    {"On-Hand", "qty_on_hand", kQuantity},
+    {"How Inventoried", "how_inv", ""},
+    {"HI Qty.", "hi_qty", kQuantity},
+    {"How Used", "how_used", ""},
+    {"HU Qty.", "hu_qty", kQuantity},
+    {"Re-order level", "re_order", kQuantity},
+    {"Par level", "optimal", kQuantity},
+    {"Active", "active", ""},
+    {"Where 1", "where1", ""},
+    {"Where 1 ID#", "w1_id", ""},
+    {"Where 2", "where2", ""},
+    {"Where 2 ID#", "w2_id", ""},
+    {"Where 3", "where3", ""},
+    {"Where 3 ID#", "w3_id", ""},
+};
+constexpr int kColumnCount = static_cast<int>(std::size(kColumns));
+constexpr int kActiveColumn = 15;
+
+struct SortChoice {
+  const char *text, *order;
+};
+// "Line #" is not offered by this screen's list.
+constexpr SortChoice kSortChoices[] = {
+    {"Name", " ORDER BY name;"},
+    {"Description", " ORDER BY [desc], name;"},
+    {"Location", " ORDER BY location, name;"},
+    {"Category", " ORDER BY category, name;"},
+    {"#", " ORDER BY i_master.inv_id, name;"},
+    {"Line #", " ORDER BY account, name;"},
+};
+constexpr int kOfferedSortChoices = 5;
+
+std::string CellText(int column, const Value& value) {
+  if (column == kActiveColumn) return UCase(value.Text()) == "YES" ? "Active" : "Not-Active";
+  const char* mask = kColumns[column - 1].mask;
+  return *mask == '\0' ? value.Text() : Format(value, mask);
+}
+
+}  // namespace
+
+KVI_InventorySummary::KVI_InventorySummary(Application& app)
+    : KviScreen(app, "KVI_InventorySummary", "Inventory Maintenance",
+                "Inventory - Inventory Summary") {
+  AutoRefresh.Value = true;
+  HandleEvents();
+}
+
+void KVI_InventorySummary::HandleEvents() {
+  CatCombo.Click = [this] {
+    if (fillingFilters_) return;
+    app_.CurrentCategory = CatCombo.Text;
+    ReloadHidden(true);
+  };
+  VendorCombo.Click = [this] {
+    if (fillingFilters_) return;
+    app_.CurrentOrderVendor = VendorCombo.Text;
+    ReloadHidden(true);
+  };
+  SortCombo.Click = [this] {
+    if (!fillingFilters_) ReloadHidden(false);
+  };
+  AutoRefresh.Click = [this] {
+    ShowRefreshMode();
+    LoadItemGrid();
+  };
+  ManualRefresh.Click = [this] { ShowRefreshMode(); };
+  refresh_lab.Click = [this] { LoadItemGrid(); };
+  for (ActionLabel* later : {&new_lab, &duplicate, &remove, &find_lab})
+    later->Click = [this, later] {
+      SayNotBuiltYet(app_.desktop, Replace(later->Caption(), "&", ""));
+    };
+  print_lab.Click = [this] { PrintList(); };
+  exit_lab.Click = [this] { exit_is(); };
+  m_export.Click = [this] {
+    ExportGridToSpreadsheet(Spread1, app_.SpreadsheetPath, app_.ProgramFolder, app_.desktop);
+  };
+  m_f_exit.Click = [this] { exit_is(); };
+  Spread1.DblClick = [this](int row, int) { OpenItem(row); };
+  Spread1.ActiveCellChanged = [this] { ShowPosition(); };
+}
+
+void KVI_InventorySummary::Prepare() {
+  // The grid's width in twips on a display of 1366 pixels, of which the columns take their shares.
+  constexpr double kGridWidth = 20000;
+  constexpr double kShares[] = {6, 6.4, 6.4, 7.5, 6.4, 7.5, 7.5};
+  Spread1.SetMaxCols(kColumnCount);
+  for (int col = 1; col <= kColumnCount; ++col) {
+    Spread1.SetHeading(col, kColumns[col - 1].heading);
+    if (*kColumns[col - 1].mask != '\0') Spread1.SetAlign(Block::Column(col), CellAlign::Right);
+  }
+  for (int col = 1; col <= static_cast<int>(std::size(kShares)); ++col)
+    Spread1.SetColWidth(col, kGridWidth / kShares[col - 1]);
+
+  fillingFilters_ = true;
+  SortCombo.Clear();
+  for (int choice = 0; choice < kOfferedSortChoices; ++choice)
+    SortCombo.AddItem(kSortChoices[choice].text);
+  SortCombo.SetListIndex(0);
+  fillingFilters_ = false;
+  app_.PartGroupCostsStale = false;
+}
+
+void KVI_InventorySummary::Activate() {
+  if (app_.ReturnedFromFind) {
+    app_.ReturnedFromFind = false;
+    return;
+  }
+  Spread1.SetReDraw(false);
+  LoadColumnWidths(Spread1, *this, app_.CurrentDatabase);
+  const int row = std::max(Spread1.ActiveRow(), 1);
+  GoToFirstCell(Spread1);
+  Spread1.SetMaxRows(0);
+  ShowRefreshMode();
+  FillFilters();
+  if (AutoRefresh.Value) LoadItemGrid();
+  ShadeGridRows(Spread1, app_.UseColors);
+  LockGrid(Spread1);
+  GoToRow(Spread1, std::min(row, Spread1.MaxRows()));
+  Spread1.SetReDraw(true);
+  ShowPosition();
+}
+
+void KVI_InventorySummary::FillFilters() {
+  // Filling is not choosing: neither the list nor the order system's vendor changes by it.
+  fillingFilters_ = true;
+  FillDropDown(app_.CurrentDatabase, CatCombo, "DD_category");
+  CatCombo.AddItem(kAllCategories);
+  if (CatCombo.IndexOf(app_.CurrentCategory) < 0) app_.CurrentCategory = kAllCategories;
+  CatCombo.Text = app_.CurrentCategory;
+  FillDropDown(app_.CurrentDatabase, VendorCombo, "Vendor_Info");
+  VendorCombo.AddItem(kAllVendors);
+  VendorCombo.Text = kAllVendors;
+  fillingFilters_ = false;
+}
+
+std::string KVI_InventorySummary::Query() const {
+  std::string sql =
+      std::string("SELECT * FROM I_Master WHERE ") + " Pcenter = " + Str(app_.CurrentProfitCenter);
+  if (app_.CurrentCategory != kAllCategories)
+    sql += " AND Category = '" + app_.CurrentCategory + "' ";
+  // Only the first vendor slot is filtered.
+  const std::string vendor = Trim(VendorCombo.Text());
+  if (!vendor.empty() && vendor != kAllVendors) sql += " AND where1 = '" + vendor + "' ";
+  for (const SortChoice& choice : kSortChoices)
+    if (SortCombo.Text() == choice.text) return sql + choice.order;
+  return sql + kSortChoices[0].order;
+}
+
+void KVI_InventorySummary::LoadItemGrid() {
+  const Hourglass busy(app_.desktop);
+  if (Trim(app_.CurrentCategory).empty()) app_.CurrentCategory = kAllCategories;
+  const bool painting = Spread1.ReDraw();
+  Spread1.SetReDraw(false);
+  try {
+    FillGrid();
+  } catch (const RunTimeError&) {
+    // The rows filled so far stay, and no message comes.
+  }
+  ShadeGridRows(Spread1, app_.UseColors);
+  Spread1.SetReDraw(painting);
+  ShowPosition();
+}
+
+void KVI_InventorySummary::FillGrid() {
+  jet::Recordset items = app_.CurrentDatabase.OpenRecordset(Query());
+  Counter16 row;
+  for (; !items.Eof(); items.MoveNext()) {
+    ++row;
+    if (row > Spread1.MaxRows()) Spread1.SetMaxRows(row);
+    for (int col = 1; col <= kColumnCount; ++col)
+      Spread1.SetText(row, col, CellText(col, items[kColumns[col - 1].field]));
+  }
+  Spread1.SetMaxRows(row);
+}
+
+void KVI_InventorySummary::ReloadHidden(bool shade) {
+  Spread1.SetReDraw(false);
+  LoadItemGrid();
+  if (shade) ShadeGridRows(Spread1, app_.UseColors);
+  Spread1.SetReDraw(true);
+}
+
+void KVI_InventorySummary::ShowRefreshMode() {
+  refresh_lab.Enabled = !AutoRefresh.Value;
+  Label2.Caption = AutoRefresh.Value
+                       ? "(Double-Click on an item to view detail  information)"
+                       : "(Double-Click on an item to view detail  information, Click Refresh "
+                         "before sorting or deleting)";
+}
+
+void KVI_InventorySummary::ShowPosition() {
+  StatusBar1.SetPanelText(1,
+                          Str(Spread1.ActiveRow()) + " of " + Str(Spread1.MaxRows()) + " records");
+}
+
+void KVI_InventorySummary::OpenItem(int row) {
+  if (row < 1) return;
+  app_.CurrentCategory = CatCombo.Text;
+  SayNotBuiltYet(app_.desktop, "Inventory Detail");
+}
+
+void KVI_InventorySummary::PrintList() {
+  if (!AskToPrint()) return;
+  const Hourglass busy(app_.desktop);
+  PrintGrid(app_.desktop, Spread1,
+            {.jobName = "Printing - Click Cancel to Quit",
+             .header = "/fn\"Arial\"/fz\"14\"/c" + app_.settings.CompanyName + "/n/c" + Caption() +
+                       "/n/c" + Str(app_.clock.Now().WithoutTime()),
+             .footer = "/cPage: /p"});
+}
+
+void KVI_InventorySummary::exit_is() {
+  CloseScreen();
+}
+
+void KVI_InventorySummary::Unload() {
+  try {
+    SaveColumnWidths(Spread1, *this, app_.CurrentDatabase);
+  } catch (const RunTimeError& error) {
+    // Widths that cannot be kept are no reason to hold the user on the screen.
+    app_.desktop.MsgBox({.text = Str(error.Number) + " " + error.Description, .icon = Icon::Error});
+  }
+}
+
+Layout KVI_InventorySummary::Arrange() {
+  return Column(
+      {BannerLayout(),
+       Actions({&new_lab, &duplicate, &remove, &find_lab, &refresh_lab, &print_lab, &exit_lab}),
+       Row({Field("Category filter:", CatCombo, 2), Field("Vendor filter:", VendorCombo, 2),
+            Field("Sort by:", SortCombo, 1.2), Of(AutoRefresh), Of(ManualRefresh), Gap()}),
+       Of(Label2), Fill(Of(Spread1))});
+}
+
+}  // namespace kvi

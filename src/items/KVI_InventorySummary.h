@@ -1,0 +1,64 @@
+#pragma once
+
+#include "frame/KviScreen.h"
+#include "platform/Spread.h"
+
+namespace kvi {
+
+// The list of the parts of the current profit center, in 21 columns: filtered, sorted, printed and
+// exported. Its grid is read-only, and is what the detail screens step along.
+class KVI_InventorySummary : public KviScreen {
+ public:
+  // Every action that takes a part from the grid reads this column.
+  static constexpr int kNumberColumn = 4;
+
+  explicit KVI_InventorySummary(Application& app);
+
+  void Activate() override;
+  void Unload() override;
+  bool TakesWholeDisplay() const override { return true; }
+  Layout Arrange() override;
+
+  // Fills the grid by the filters and the sort order. A failure ends it without a word; the rows
+  // filled so far stay.
+  void LoadItemGrid();
+  // Leaves the screen.
+  void exit_is();
+
+  ComboBox CatCombo{*this, "CatCombo", ComboBox::Style::ListOnly};
+  ComboBox VendorCombo{*this, "VendorCombo", ComboBox::Style::ListOnly};
+  ComboBox SortCombo{*this, "SortCombo", ComboBox::Style::ListOnly};
+  OptionButton AutoRefresh{*this, "AutoRefresh", "Auto refresh"};
+  OptionButton ManualRefresh{*this, "ManualRefresh", "Manual refresh"};
+  ActionLabel refresh_lab{*this, "refresh_lab", "Refres&h"};
+  ActionLabel new_lab{*this, "new_lab", "&New"};
+  ActionLabel duplicate{*this, "duplicate", "&Duplicate"};
+  ActionLabel remove{*this, "remove", "&Remove"};
+  ActionLabel find_lab{*this, "find_lab", "F&ind"};
+  ActionLabel print_lab{*this, "print_lab", "&Print"};
+  ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
+  Label Label2{*this, "Label2"};
+  Spread Spread1{*this, "Spread1"};
+  StatusBar StatusBar1{*this, "StatusBar1"};
+  Menu m_file{*this, "m_file", "&File"};
+  MenuItem m_export{m_file, "m_export", "Export to spreadsheet"};
+  MenuItem m_f_exit{m_file, "m_f_exit", "Exit this screen"};
+
+ protected:
+  void Prepare() override;
+
+ private:
+  void HandleEvents();
+  std::string Query() const;
+  void FillGrid();
+  void FillFilters();
+  void ReloadHidden(bool shade);
+  void ShowRefreshMode();
+  void ShowPosition();
+  void OpenItem(int row);
+  void PrintList();
+
+  bool fillingFilters_ = false;
+};
+
+}  // namespace kvi

@@ -1,0 +1,154 @@
+#include "store/KVI_ManageDropLIsts.h"
+
+#include "base/Text.h"
+#include "frame/NotBuiltYet.h"
+#include "frame/Wording.h"
+#include "security/CheckAccess.h"
+#include "store/DropDown.h"
+#include "store/SaveRecord.h"
+#include "utilities/PrintGrid.h"
+#include "utilities/SprdSubs.h"
+
+namespace kvi {
+
+namespace {
+
+constexpr int kLongestDescription = 50;
+constexpr int kRowsForNewValues = 25;
+constexpr double kHeadingHeight = 600;      // twips
+constexpr double kDescriptionWidth = 3500;  // twips
+
+}  // namespace
+
+KVI_ManageDropLIsts::KVI_ManageDropLIsts(Application& app)
+    : KviScreen(app, "KVI_ManageDropLIsts", "Manage Drop Lists", "Manage Drop Lists"),
+      lists_{{{&o_iil, "DD_inv_loc", "Description"},
+              {&o_iic, "DD_category", "Description"},
+              {&o_hib, "DD_how_inv", "Description"},
+              {&o_rc, "DD_rg_cat", "Description"},
+              {&o_hub, "DD_how_used", "Description"},
+              {&o_hpb, "DD_how_purchased", "Description"},
+              // Sorted by the vendor's name, but the descriptions are shown and written.
+              {&o_wto, "Vendor_Info", "name"}}} {
+  PaperGoodsCombo.Text = "Paper Goods";
+  for (const List& list : lists_) list.option->Click = [this, &list] { ShowList(list); };
+  Save.Click = [this] { save_changes(); };
+  remove.Click = [this] { RemoveRow(); };
+  sort_lab.Click = [this] { SortRows(); };
+  print_lab.Click = [this] { PrintList(); };
+  vendors.Click = [this] { SayNotBuiltYet(app_.desktop, "Vendors"); };
+  exit_lab.Click = [this] { Leave(); };
+  PaperGoodsCombo.Change = [this] {
+    if (Trim(PaperGoodsCombo.Text()).empty()) PaperGoodsCombo.Text = "Paper Goods";
+  };
+  Spread1.CellEdited = [this](int, int) { changed_ = true; };
+  Spread1.AdvancedPastLastCell = [this] { save_changes(); };
+}
+
+void KVI_ManageDropLIsts::Prepare() {
+  Spread1.SetHeading(1, "Description");
+  Spread1.SetRowHeight(0, kHeadingHeight);
+  Spread1.SetColWidth(1, kDescriptionWidth);
+  Spread1.SetTypeEditLen(Block::All(), kLongestDescription);
+  for (const List& list : lists_) list.option->Value = false;
+  shown_ = nullptr;
+  changed_ = false;
+}
+
+void KVI_ManageDropLIsts::Activate() {
+  o_iil.Value = true;
+  o_rc.Caption = std::string(kPartGroup) + " Category";
+}
+
+void KVI_ManageDropLIsts::ShowList(const List& list) {
+  SaveIfWanted();
+  shown_ = &list;
+  ClearGrid(Spread1);
+  load_data();
+}
+
+void KVI_ManageDropLIsts::load_data() {
+  jet::Recordset values = app_.CurrentDatabase.OpenRecordset(
+      std::string("SELECT * FROM ") + shown_->table + " ORDER BY " + shown_->sortField + ";");
+  Spread1.SetReDraw(false);
+  int row = 0;
+  for (; !values.Eof(); values.MoveNext()) {
+    if (++row > Spread1.MaxRows()) Spread1.SetMaxRows(row);
+    Spread1.SetText(row, 1, values.Text("Description"));
+  }
+  Spread1.SetMaxRows(row + kRowsForNewValues);
+  Spread1.SetReDraw(true);
+  GoToFirstCell(Spread1);
+  changed_ = false;
+}
+
+void KVI_ManageDropLIsts::save_changes() {
+  if (!CheckAccess(app_.AccessString, kUtilityModule, kWriteAccess)) {
+    Inform("Full Access to Utilities required for this option.\n\nChanges NOT Saved");
+    return;
+  }
+  const std::string table = shown_->table;
+  const SaveEnd end = SaveRecord(app_.desktop, [&](SaveStatements& run) {
+    jet::WriteBatch batch(app_.CurrentDatabase);
+    run([&] {
+      app_.CurrentDatabase.Execute("DELETE * FROM " + table + " WHERE Len(Description) > 0;");
+    });
+    jet::Recordset values = app_.CurrentDatabase.OpenRecordset("SELECT * FROM " + table + ";");
+    for (int row = 1; row <= Spread1.MaxRows(); ++row) {
+      const std::string text = Trim(Spread1.Text(row, 1));
+      if (text.empty()) continue;
+      run([&] {
+        values.AddNew();
+        values.Set("Description", text);
+      });
+      run([&] { values.Update(); });
+    }
+    batch.Finish();
+  });
+  if (end == SaveEnd::Saved) changed_ = false;
+  GoToFirstCell(Spread1);
+}
+
+void KVI_ManageDropLIsts::SaveIfWanted() {
+  if (changed_ && AskYesNo("Changes have been made.  Save before exiting?")) save_changes();
+  changed_ = false;
+}
+
+void KVI_ManageDropLIsts::RemoveRow() {
+  if (Spread1.ActiveRow() < 1) return;
+  if (!AskYesNo("Are you sure you want to remove this row?", "Set Drop Info")) return;
+  Spread1.DeleteRow(Spread1.ActiveRow());
+  save_changes();
+}
+
+void KVI_ManageDropLIsts::SortRows() {
+  Spread1.Sort(1, true);
+  save_changes();
+}
+
+void KVI_ManageDropLIsts::PrintList() {
+  if (!AskToPrint()) return;
+  const Hourglass busy(app_.desktop);
+  PrintGrid(app_.desktop, Spread1,
+            {.jobName = "Printing - Click Cancel to Quit",
+             .header = "/fn\"Arial\"/fz\"14\"/cKestvar Inventory",
+             .footer = "/cPage: /p"});
+}
+
+void KVI_ManageDropLIsts::Leave() {
+  SaveIfWanted();
+  CloseScreen();
+  LoadDropLists(app_);
+}
+
+Layout KVI_ManageDropLIsts::Arrange() {
+  std::vector<Layout> options;
+  for (const List& list : lists_) options.push_back(Of(*list.option));
+  return Column({BannerLayout(),
+                 Actions({&Save, &remove, &sort_lab, &print_lab, &vendors, &exit_lab}),
+                 Fill(Row({Column({Frame("List", Column(std::move(options))),
+                                   Field("Category Name for Paper Goods", PaperGoodsCombo), Gap()}),
+                           Fill(Of(Spread1))}))});
+}
+
+}  // namespace kvi

@@ -1,0 +1,124 @@
+#include "utilities/KVI_Utilities.h"
+
+#include <filesystem>
+
+#include "base/Text.h"
+#include "frame/ApplyColorScheme.h"
+#include "frame/INI_SUBS.h"
+#include "frame/NotBuiltYet.h"
+#include "store/KVI_ManageDropLIsts.h"
+#include "store/OpenInventoryDatabase.h"
+#include "utilities/SprdSubs.h"
+
+namespace kvi {
+
+KVI_Utilities::KVI_Utilities(Application& app)
+    : KviScreen(app, "KVI_Utilities", "Utilities", "Inventory - Utilities") {
+  app_.profitCenters.ShowIn(pcenter);
+  pcenter.Click = [this] { TakeProfitCenter(); };
+  pcenter.LostFocus = [this] { LeaveProfitCenter(); };
+  exit_lab.Click = [this] { Leave(); };
+  HandleSettings();
+  HandleTasks();
+}
+
+void KVI_Utilities::HandleSettings() {
+  co_title.Change = [this] { app_.settings.CompanyName = co_title.Text; };
+  dir_loc.Change = [this] { directoryChanged_ = true; };
+  dir_loc.LostFocus = [this] { CheckDirectory(); };
+  SpreadPath.Change = [this] { app_.SpreadsheetPath = Trim(SpreadPath.Text()); };
+  use_security.Click = [this] { app_.settings.UseSecurity = use_security.Value; };
+  use_color.Click = [this] { app_.UseColors = use_color.Value != 0; };
+  use_osis.Click = [this] { app_.settings.UseOldStyleInventoryDetail = use_osis.Value; };
+  OptUseFIFO.Click = [this] { app_.settings.Valuation = ValuationMethod::FIFO; };
+  OptUseAvg.Click = [this] { app_.settings.Valuation = ValuationMethod::Weighted; };
+  OptUseLast.Click = [this] { app_.settings.Valuation = ValuationMethod::LastPrice; };
+}
+
+void KVI_Utilities::HandleTasks() {
+  for (Button* later : {&cmdUpdateAllValuations, &Command2, &Command3, &Command4, &Command5,
+                        &Command6, &Command7, &cmdUpdateRecipeCosts, &cmdUpdateRecipeItems,
+                        &cmdDeleteAllRecipes, &cmdDeleteAllItems, &ZeroBtn})
+    later->Click = [this, later] { SayNotBuiltYet(app_.desktop, later->Caption); };
+  Command1.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_ManageDropLIsts>()); };
+  cmdColWidth.Click = [this] { AskToResetWidths(); };
+}
+
+void KVI_Utilities::Activate() {
+  ApplyColorScheme(app_, *this);
+  ShowSettings();
+  directoryChanged_ = false;
+}
+
+void KVI_Utilities::ShowSettings() {
+  co_title.Text = app_.settings.CompanyName;
+  dir_loc.Text = app_.settings.DatabasePath;
+  SpreadPath.Text = app_.SpreadsheetPath;
+  use_security.Value = app_.settings.UseSecurity;
+  use_color.Value = app_.UseColors ? 1 : 0;
+  use_osis.Value = app_.settings.UseOldStyleInventoryDetail;
+  const auto method = app_.settings.Valuation;
+  OptUseFIFO.Value = method == ValuationMethod::FIFO;
+  OptUseAvg.Value = method == ValuationMethod::Weighted;
+  OptUseLast.Value = method == ValuationMethod::LastPrice;
+}
+
+void KVI_Utilities::TakeProfitCenter() {
+  app_.CurrentProfitCenter = app_.profitCenters.NumberAt(pcenter.ListIndex());
+  RefreshMasterRecordsets(app_);
+}
+
+// Leaving the combo takes the position for the number, and Main's combo follows.
+void KVI_Utilities::LeaveProfitCenter() {
+  app_.CurrentProfitCenter = pcenter.ListIndex();
+  app_.profitCenters.Select(pcenter.ListIndex());
+}
+
+void KVI_Utilities::CheckDirectory() {
+  std::string folder = dir_loc.Text;
+  if (!folder.empty() && (folder.back() == '\\' || folder.back() == '/')) folder.pop_back();
+  dir_loc.Text = folder;
+  std::error_code ignored;
+  if (std::filesystem::is_regular_file(DatabasePathIn(app_, folder), ignored)) return;
+  Inform("There is a problem locating KV_Inventory.mdb.");
+  dir_loc.Text = "";
+}
+
+void KVI_Utilities::AskToResetWidths() {
+  if (!AskYesNo("This will reset the spreadsheet column widths to default values for the "
+                "Inventory Summary, \nPart Group, and Par Order screens.  Continue?",
+                "Utilities"))
+    return;
+  ResetColumnWidths(app_.CurrentDatabase);
+  Inform("Columns widths have been reset.", "Utilities");
+}
+
+void KVI_Utilities::Leave() {
+  app_.settings.DatabasePath = dir_loc.Text;
+  WriteSettings(app_);
+  app_.DatabaseDirectory = dir_loc.Text;
+  if (directoryChanged_) OpenInventoryDatabase(app_);
+  CloseScreen();
+}
+
+Layout KVI_Utilities::Arrange() {
+  Layout company = Form(
+      {Field("Company Name/Title for Reports:", co_title, 3.5),
+       Field("Directory where KV_Inventory.MDB is located (leave blank if normal):", dir_loc, 3.5),
+       Field("Location of Spreadsheet/Database Program", SpreadPath, 3.5)});
+  Layout preferences =
+      Column({Of(use_security), Of(use_color), Of(use_osis),
+              Frame("Valuation", Row({Of(OptUseFIFO), Of(OptUseAvg), Of(OptUseLast), Gap()})),
+              Row({Of(cmdUpdateAllValuations), Of(Command5), Gap()}), Gap()});
+  Layout tasks = Column(
+      {GridOf(3, {Of(Command1), Of(Command2), Of(Command3), Of(Command4), Of(Command6),
+                  Of(Command7), Of(cmdUpdateRecipeCosts), Of(cmdUpdateRecipeItems),
+                  Of(cmdDeleteAllRecipes), Of(cmdDeleteAllItems), Of(ZeroBtn), Of(cmdColWidth)}),
+       Gap()});
+  return Column({BannerLayout(), Actions({&exit_lab}),
+                 Row({Field("Current inventory/profit center:", pcenter, 2.5), Gap()}),
+                 Fill(Tabs(SSTab1, {Column({std::move(company), Gap()}), std::move(preferences),
+                                    std::move(tasks)}))});
+}
+
+}  // namespace kvi
