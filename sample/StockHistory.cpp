@@ -24,7 +24,7 @@ long WorkDay(long day) {
 // A few parts move all the time, some hardly ever.
 int PurchaseCount(const Part& part, int perPart, Dice& dice) {
   const int roll = dice.Below(100);
-  const int percent = roll < 15 ? 220 : roll < 60 ? 110 : roll < 90 ? 55 : 10;
+  const int percent = roll < 15 ? 235 : roll < 60 ? 115 : roll < 90 ? 60 : 10;
   const int count = (perPart * percent * dice.Between(70, 130) + dice.Below(10000)) / 10000;
   return part.Active ? count : count / 3;
 }
@@ -89,16 +89,21 @@ class Life {
 
   void End() {
     UseUntil(end_);
-    // Now and then something is issued before its receipt is booked.
+    // Some parts have just run low, and now and then one is issued before its receipt is booked.
+    if (part_.Active && dice_.Percent(9))
+      level_ = std::min<long>(level_, dice_.Below(part_.ReOrder * static_cast<int>(perPurchased_)));
     if (part_.Active && dice_.Percent(1)) level_ = -dice_.Between(1, 3);
     part_.OnHand = Hundredths();
   }
 
  private:
+  // By a steady rate with some noise; the fractions of small users carry over.
   void UseUntil(long day) {
     if (day <= day_) return;
-    const long share = usedInAll_ * (day - day_) / (end_ - start_ + 1);
-    level_ = std::max(0L, level_ - share * dice_.Between(60, 140) / 100);
+    const long due = usedInAll_ * (day - start_) / (end_ - start_) - usedSoFar_;
+    usedSoFar_ += due;
+    const long used = (due * dice_.Between(60, 140) + dice_.Below(100)) / 100;
+    level_ = std::max(0L, level_ - used);
     day_ = day;
   }
 
@@ -127,6 +132,7 @@ class Life {
   long perPurchased_;
   long start_, day_, end_;
   long usedInAll_;
+  long usedSoFar_ = 0;
   long level_;
   int price_;
 };

@@ -42,12 +42,13 @@ void PlaceOrders(Stockroom& room, Dice& dice) {
     for (const Part& part : room.Parts)
       if (part.Active && part.ProfitCenter == center && part.OnHand < part.ReOrder * 100)
         low.push_back(&part);
+    const std::size_t share = (low.size() + kOrdersPerCenter - 1) / kOrdersPerCenter;
     auto next = low.begin();
     for (int i = 0; i < kOrdersPerCenter; ++i) {
       Order order{
-          DrawId(room.Orders, dice), {}, LastPurchaseDay() - dice.Between(1, 9), center, {}};
+          DrawId(room.Orders, dice), {}, LastPurchaseDay() - dice.Between(1, 5), center, {}};
       order.Name = OrderName(order.Day, i == 1, dice);
-      for (; next != low.end() && order.Lines.size() < kLongestOrder; ++next)
+      for (; next != low.end() && order.Lines.size() < std::min(share, kLongestOrder); ++next)
         order.Lines.push_back({*next, ((*next)->Par * 100 - (*next)->OnHand + 99) / 100});
       room.Orders.push_back(std::move(order));
     }
