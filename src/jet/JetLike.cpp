@@ -10,15 +10,15 @@ namespace kvi::jet {
 namespace {
 
 // Whether one character fits the list whose opening bracket was just read; moves the position
-// behind the closing one. A minus at either end of a list stands for itself.
+// behind the closing one. A minus at either end of a list stands for itself, and so does a
+// lone exclamation mark.
 bool FitsList(char32_t character, std::string_view pattern, std::size_t& position) {
   const std::size_t end = pattern.find(']', position);
   if (end == pattern.npos) throw RunTimeError(93, "Invalid pattern string");
   const std::string_view list = pattern.substr(0, end);
-  const bool negated = position < end && list[position] == '!';
+  const bool negated = position + 1 < end && list[position] == '!';
   if (negated) ++position;
   const std::uint32_t key = Jet1Key(character);
-  // An empty list is no character at all, which the caller has seen to.
   bool fits = false;
   while (position < end) {
     const std::uint32_t low = Jet1Key(NextCharacter(list, position));
@@ -48,6 +48,7 @@ bool FitsOne(char32_t character, std::string_view pattern, std::size_t& position
   }
 }
 
+// An empty list is no character at all.
 bool TakeEmptyList(std::string_view pattern, std::size_t& position) {
   if (pattern.substr(position, 2) != "[]") return false;
   position += 2;

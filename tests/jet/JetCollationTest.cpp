@@ -1,0 +1,98 @@
+#include "jet/JetCollation.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "base/Text.h"
+#include "base/Utf8.h"
+
+namespace kvi::jet {
+namespace {
+
+int Compare(std::string_view left, std::string_view right) {
+  return CompareJet1(left.data(), static_cast<int>(left.size()), right.data(),
+                     static_cast<int>(right.size()));
+}
+
+TEST(JetCollation, LettersStandInTheirOrderWithAccentsBesideThem) {
+  const std::vector<std::string> ordered = {
+      "",      " a",  "-a",   "1",    "10",   "2",    "a",     "A b",       "a-b",    "a1", "ab",
+      "Ålpha", "b",   "cote", "coté", "côte", "côté", "COTES", "e",         "é",      "ea", "éa",
+      "eb",    "Ez",  "f",    "nz",   "oa",   "Øb",   "oc",    "Strase",    "Straße", "t",  "zebra",
+      "αβγ",   "άβγ", "ΒΑΣ",  "ёж",   "жук",  "Йод",  "我",    "\U0001F600"};
+  std::vector<std::string> sorted = ordered;
+  std::shuffle(sorted.begin(), sorted.end(), std::mt19937(7));
+  std::sort(sorted.begin(), sorted.end(),
+            [](const auto& left, const auto& right) { return Compare(left, right) < 0; });
+  EXPECT_EQ(ordered, sorted);
+}
+
+TEST(JetCollation, TextIsEqualWithoutRegardToCaseAndToNothingElse) {
+  EXPECT_EQ(0, Compare("BOLT m8", "bolt M8"));
+  EXPECT_EQ(0, Compare("ÉTRIER ŁÓDŹ", "étrier łódź"));
+  EXPECT_EQ(0, Compare("ΆΣΜΑΣ", "άσμας"));
+  EXPECT_EQ(0, Compare("ЩЁТКА Ї", "щётка ї"));
+  EXPECT_NE(0, Compare("etrier", "étrier"));
+  EXPECT_NE(0, Compare("bolt", "bolt "));
+  EXPECT_NE(0, Compare("ее", "её"));
+  // Both cases of every letter that UCase knows are one letter here.
+  for (char32_t c = 0; c < 0x20000; ++c)
+    EXPECT_EQ(Jet1Key(c), Jet1Key(ToUpper(c))) << std::uint32_t{c};
+}
+
+// An index is only whole while every two texts, good UTF-8 or not, have one order.
+TEST(JetCollation, TheOrderIsTotalOverAnyBytes) {
+  const std::vector<std::string> pieces = {"a",
+                                           "A",
+                                           "b",
+                                           "é",
+                                           "É",
+                                           "e",
+                                           "z",
+                                           "1",
+                                           " ",
+                                           "ß",
+                                           "σ",
+                                           "ς",
+                                           "ё",
+                                           "е",
+                                           "\xC3",
+                                           "\xFF",
+                                           "\xED\xA0\x80",
+                                           "\xE2",
+                                           "\x82",
+                                           "\U0001F600",
+                                           "abcdefgh",
+                                           "ABCDEFGH"};
+  std::mt19937 chance(42);
+  std::vector<std::string> texts;
+  for (int i = 0; i < 160; ++i) {
+    std::string text;
+    for (auto length = chance() % 5; length > 0; --length) text += pieces[chance() % pieces.size()];
+    texts.push_back(text);
+  }
+  for (const auto& a : texts) {
+    for (const auto& b : texts) {
+      const int ab = Compare(a, b);
+      ASSERT_EQ(-ab, Compare(b, a)) << a << " and " << b;
+      for (const auto& c : texts) {
+        if (ab > 0 || Compare(b, c) > 0) continue;
+        ASSERT_LE(Compare(a, c), ab == 0 ? Compare(b, c) : 0) << a << ", " << b << ", " << c;
+      }
+    }
+  }
+}
+
+// The keys of the whole table in one number: indexes in files out there are built on them.
+TEST(JetCollation, TheTableIsPinned) {
+  std::uint64_t digest = 14695981039346656037U;
+  for (char32_t c = 0; c < 0x3000; ++c) digest = (digest ^ Jet1Key(c)) * 1099511628211U;
+  EXPECT_EQ(11943904654866511951U, digest);
+}
+
+}  // namespace
+}  // namespace kvi::jet

@@ -1,0 +1,349 @@
+#include "jet/JetSql.h"
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+
+#include "base/RunTimeError.h"
+#include "jet/JetFunctions.h"
+
+namespace kvi::jet {
+namespace {
+
+using enum FieldType;
+
+const std::vector<FieldDef> kPart = {{"inv_id", Text}, {"name", Text}, {"desc", Text},
+                                     {"qty", Double},  {"day", Date},  {"live", Boolean}};
+const std::vector<FieldDef> kLine = {{"rec_id", Text}, {"inv_id", Text}, {"use qty", Double}};
+
+constexpr const char* kTables = R"(
+CREATE TABLE Part(_rid INTEGER PRIMARY KEY, inv_id TEXT COLLATE JET1, name TEXT COLLATE JET1,
+                  [desc] TEXT COLLATE JET1, qty REAL, day TEXT, live INTEGER, _ver INT DEFAULT 1);
+CREATE TABLE [Group Line](_rid INTEGER PRIMARY KEY, rec_id TEXT COLLATE JET1,
+                          inv_id TEXT COLLATE JET1, [use qty] REAL, _ver INT DEFAULT 1);
+CREATE INDEX PartId ON Part(inv_id);
+CREATE INDEX PartTrimmed ON Part(trim(inv_id) COLLATE JET1);
+CREATE INDEX PartQty ON Part(qty);
+INSERT INTO Part(inv_id, name, [desc], qty, day, live) VALUES
+  ('7',    'bolt',       'M8 x 20', 2.5,  '2026-03-01',          1),
+  ('007',  'Bolt',       NULL,      0,    '2026-03-01 14:05:00', 0),
+  ('AB ',  'O''Neil',    'say "x"', NULL, '2025-12-31',          1),
+  (' ab',  'Étrier',     '',        12,   NULL,                  0);
+INSERT INTO [Group Line](rec_id, inv_id, [use qty]) VALUES ('G1', '7', 3), ('G2', 'ab ', 1);
+)";
+
+// A small database in memory, its tables declared as the engine declares them.
+class JetSqlTest : public testing::Test {
+ protected:
+  JetSqlTest() {
+    sqlite3_open(":memory:", &db_);
+    RegisterJetFunctions(db_);
+    EXPECT_EQ(SQLITE_OK, sqlite3_exec(db_, kTables, nullptr, nullptr, nullptr))
+        << sqlite3_errmsg(db_);
+  }
+  ~JetSqlTest() override { sqlite3_close(db_); }
+
+  static TableShape ShapeOf(std::string_view table) {
+    if (table == "Part") return {&kPart};
+    if (table == "Group Line") return {&kLine};
+    return {};
+  }
+
+  // The rows, fields joined by '|' and rows by '/'; for an action the count of rows written.
+  std::string Run(std::string_view jetSql) {
+    const Translation translated = Translate(jetSql, ShapeOf);
+    const std::string rows = RunSql(translated.Sql, translated.Parameters);
+    return translated.kind == Translation::Kind::Select ? rows
+                                                        : std::to_string(sqlite3_changes(db_));
+  }
+
+  std::string Where(std::string_view criterion) {
+    const Condition condition = TranslateCondition(criterion, 1, &kPart);
+    return RunSql("SELECT _rid FROM Part WHERE " + condition.Sql + " ORDER BY _rid",
+                  condition.Parameters);
+  }
+
+  std::string Plan(std::string_view jetSql) {
+    const Translation translated = Translate(jetSql, ShapeOf);
+    return RunSql("EXPLAIN QUERY PLAN " + translated.Sql, translated.Parameters);
+  }
+
+  std::string RunSql(const std::string& sql, const std::vector<Value>& parameters) {
+    sqlite3_stmt* statement = nullptr;
+    const int code = sqlite3_prepare_v2(db_, sql.c_str(), -1, &statement, nullptr);
+    EXPECT_EQ(SQLITE_OK, code) << sqlite3_errmsg(db_) << "\n" << sql;
+    if (code != SQLITE_OK) return "not prepared";
+    for (int i = 0; i < static_cast<int>(parameters.size()); ++i)
+      Bind(statement, i + 1, parameters[static_cast<std::size_t>(i)]);
+    std::string rows;
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+      if (!rows.empty()) rows += " / ";
+      for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, i));
+        rows.append(i > 0 ? "|" : "").append(text == nullptr ? "Null" : text);
+      }
+    }
+    EXPECT_EQ(SQLITE_OK, sqlite3_finalize(statement)) << sqlite3_errmsg(db_) << "\n" << sql;
+    return rows;
+  }
+
+  static void Bind(sqlite3_stmt* statement, int index, const Value& value) {
+    if (value.IsDate() || value.IsText()) {
+      const std::string text = value.IsDate() ? IsoText(value.AsDate()) : value.AsText();
+      sqlite3_bind_text(statement, index, text.c_str(), -1, SQLITE_TRANSIENT);
+    } else if (value.IsDouble()) {
+      sqlite3_bind_double(statement, index, value.AsNumber());
+    } else {
+      sqlite3_bind_int64(statement, index, value.IsBoolean() ? value.Boolean() : value.AsWhole());
+    }
+  }
+
+  sqlite3* db_ = nullptr;
+};
+
+int NumberOfFailure(std::string_view jetSql) {
+  try {
+    Translate(jetSql);
+  } catch (const RunTimeError& error) {
+    return error.Number;
+  }
+  return 0;
+}
+
+TEST_F(JetSqlTest, AConditionPicksTheRowsThatJetPicks) {
+  const struct {
+    const char* criterion;
+    const char* rows;
+  } cases[] = {
+      // Text, without regard to case; blanks count unless they are trimmed.
+      {"name = 'BOLT'", "1 / 2"},
+      {"name <> 'bolt'", "3 / 4"},
+      {"name < 'c'", "1 / 2"},
+      {"name IN ('BOLT', 'étrier')", "1 / 2 / 4"},
+      {"inv_id = 'ab'", ""},
+      {"Trim(inv_id) = 'ab'", "3 / 4"},
+      {"lTrim(rtrim(Inv_ID)) = 'AB'", "3 / 4"},
+      {"'ab' = Trim(inv_id)", "3 / 4"},
+      {"Trim(inv_id) IN ('ab', 'x')", "3 / 4"},
+      {"Trim(inv_id) BETWEEN 'AA' AND 'AC'", "3 / 4"},
+      {"ucase(trim(name))='bolt'", "1 / 2"},
+      {"IIf(qty > 1, name, 'none') = 'NONE'", "2 / 3"},
+      {"name & 'x' = 'BOLTX'", "1 / 2"},
+      // Literals and names.
+      {"name = \"O'Neil\"", "3"},
+      {"name = 'O''Neil'", "3"},
+      {"[desc] = 'say \"x\"'", "3"},
+      {"desc = \"say \"\"x\"\"\"", "3"},
+      {"Part.desc = 'm8 X 20'", "1"},
+      {"desc = ''", "4"},
+      // Null: "<> Null" asks for a value, "= Null" is never true.
+      {"qty <> Null", "1 / 2 / 4"},
+      {"qty = Null", ""},
+      {"NOT (qty = Null)", ""},
+      {"qty Is Null", "3"},
+      {"qty Is Not Null AND day is null", "4"},
+      {"IsNull(qty)", "3"},
+      {"Nz(qty, 0) = 0", "2 / 3"},
+      {"qty = 0 OR qty = NULL", "2"},
+      {"desc & '' = ''", "2 / 4"},
+      {"desc + '' = ''", "4"},
+      // Numbers, also in text fields; arithmetic.
+      {"inv_id = 7", "1 / 2"},
+      {"7 = Trim(inv_id)", "1 / 2"},
+      {"inv_id IN (7, 8)", "1 / 2"},
+      {"Val(inv_id) = 7", "1 / 2"},
+      {"Val(inv_id) = '7'", "1 / 2"},
+      {"inv_id > 0", "1 / 2"},
+      {"qty = 12", "4"},
+      {"qty = '12'", "4"},
+      {"qty > -1 AND qty < 1E1", "1 / 2"},
+      {"qty NOT BETWEEN 1 AND 3", "2 / 4"},
+      {"7 / 2 = 3.5 AND qty * 2 = 5", "1"},
+      {"- -qty - -1 = 3.5", "1"},
+      {"Len(lTrim(rtrim(inv_id))) > 2", "2"},
+      {"Left(name, 1) = 'é'", "4"},
+      {"Right(name, 2) = 'LT' AND Mid(name, 2, 1) = 'O'", "1 / 2"},
+      {"Format(qty, '##0.00') = '2.50'", "1"},
+      {"Format(day, \"mm/dd/yyyy\") = '12/31/2025'", "3"},
+      // Truth is 1 in a field and -1 in arithmetic.
+      {"live = True", "1 / 3"},
+      {"live <> True", "2 / 4"},
+      {"live = false", "2 / 4"},
+      {"live = -1", "1 / 3"},
+      {"NOT live", "2 / 4"},
+      {"qty = True + 13", "4"},
+      // Dates, with and without the time of day.
+      {"day = #3/1/2026#", "1"},
+      {"day >= #03/01/2026#", "1 / 2"},
+      {"day = #3/1/2026 2:05:00 PM#", "2"},
+      {"day BETWEEN #2025-12-01# AND #3/1/2026#", "1 / 3"},
+      // Wildcards.
+      {"name LIKE 'b*'", "1 / 2"},
+      {"name NOT LIKE 'b*'", "3 / 4"},
+      {"NOT name LIKE 'b*' AND live", "3"},
+      {"desc LIKE '*#? x*'", ""},
+      {"desc LIKE 'm# x ##'", "1"},
+      {"inv_id LIKE '0*'", "2"},
+      {"name LIKE 'b*' & '' AND inv_id LIKE '[0-6]*'", "2"},
+      // Sub-queries and nests.
+      {"Trim(inv_id) IN (SELECT Trim(inv_id) FROM [Group Line])", "1 / 3 / 4"},
+      {"EXISTS (SELECT * FROM [Group Line] WHERE [Group Line].inv_id = Part.inv_id)", "1 / 3"},
+      {"((inv_id = '7'))", "1"},
+      {"NOT (name = 'bolt' OR ((inv_id = ' ab')))", "3"},
+  };
+  for (const auto& row : cases) {
+    EXPECT_EQ(row.rows, Where(row.criterion)) << row.criterion;
+    EXPECT_EQ(row.rows,
+              Run("SELECT _rid FROM Part WHERE " + std::string(row.criterion) + " ORDER BY _rid;"))
+        << row.criterion;
+  }
+}
+
+TEST_F(JetSqlTest, AQueryShowsWhatJetShows) {
+  const struct {
+    const char* sql;
+    const char* rows;
+  } cases[] = {
+      {"SELECT name, qty FROM Part ORDER BY name, qty DESC",
+       "bolt|2.5 / Bolt|0.0 / "
+       "Étrier|12.0 / O'Neil|Null"},
+      {"SELECT inv_id FROM Part ORDER BY Trim(inv_id), qty;", "007 / 7 / AB  /  ab"},
+      {"SELECT Val(inv_id) FROM Part ORDER BY 1 DESC", "7.0 / 7.0 / 0.0 / 0.0"},
+      {"select distinct name from Part order by name", "bolt / Étrier / O'Neil"},
+      {"SELECT DISTINCT Trim(inv_id) AS t FROM Part ORDER BY Trim(inv_id)", "007 / 7 / AB"},
+      {"SELECT name, count(*) AS n, Sum(qty) AS s FROM Part GROUP BY name HAVING Count(*) > 1",
+       "bolt|2|2.5"},
+      {"SELECT TOP 2 name FROM Part ORDER BY qty DESC;", "Étrier / bolt"},
+      {"SELECT 'a' & Null & 1.50 & 2, 'a' + Null FROM Part WHERE inv_id = '7'", "a1.52|Null"},
+      {"SELECT desc FROM Part WHERE desc <> Null ORDER BY desc DESC", "say \"x\" / M8 x 20 / "},
+      {"SELECT p.name, [use qty] FROM Part AS p INNER JOIN [Group Line] AS g "
+       "ON Trim(p.inv_id) = Trim(g.inv_id) WHERE p.inv_id = \"7\" ORDER BY p.name",
+       "bolt|3.0"},
+      {"SELECT name, rec_id FROM (Part LEFT JOIN [Group Line] ON Part.inv_id = "
+       "[Group Line].inv_id) WHERE live = True",
+       "bolt|G1 / O'Neil|G2"},
+      {"SELECT * FROM [Group Line] WHERE rec_id = 'g1'", "1|G1|7|3.0|1"},
+      {"SELECT DISTINCT * FROM [Group Line] WHERE rec_id = 'g1'", "G1|7|3.0"},
+      {"SELECT Part.*, 1 FROM Part, [Group Line] WHERE rec_id = 'G1' AND Part.inv_id = '7'",
+       "7|bolt|M8 x 20|2.5|2026-03-01|1|1"},
+      {"SELECT name FROM Part WHERE live UNION SELECT rec_id FROM [Group Line] ORDER BY name",
+       "bolt / G1 / G2 / O'Neil"},
+      {"SELECT Max(n) AS m FROM (SELECT Count(*) AS n FROM Part GROUP BY name) AS q", "2"},
+  };
+  for (const auto& row : cases) EXPECT_EQ(row.rows, Run(row.sql)) << row.sql;
+}
+
+TEST_F(JetSqlTest, AnActionWritesWhatJetWritesAndRaisesTheVersion) {
+  EXPECT_EQ("2", Run("UPDATE Part SET Part.name = 'nut', qty = qty + 1 WHERE ((name = 'BOLT'));"));
+  EXPECT_EQ("nut|3.5|2 / nut|1.0|2",
+            Run("SELECT name, qty, [_ver] FROM Part WHERE name = 'Nut' ORDER BY qty DESC"));
+  EXPECT_EQ("1", Run("INSERT INTO Part (inv_id, name, live) VALUES ('n', Null, True)"));
+  EXPECT_EQ("n|Null|1|1", Run("SELECT inv_id, name, live, [_ver] FROM Part WHERE inv_id = 'N'"));
+  EXPECT_EQ("1", Run("INSERT INTO [Group Line] VALUES ('G3', 'n', 1.5)"));
+  EXPECT_EQ("3", Run("INSERT INTO [Group Line] SELECT * FROM [Group Line];"));
+  EXPECT_EQ("2", Run("DELETE * FROM [Group Line] WHERE rec_id = 'g3' ;"));
+  EXPECT_EQ("2", Run("DELETE FROM [Group Line] WHERE [use qty] > 2"));
+  EXPECT_EQ("2", Run("DELETE [Group Line].* FROM [Group Line]"));
+}
+
+TEST_F(JetSqlTest, ATextThatIsNoSingleStatementIsRefusedWhole) {
+  const struct {
+    int number;
+    const char* sql;
+  } cases[] = {
+      {3075, "SELECT * FROM Vendor_Info WHERE Name = 'O'Brien'"},
+      {3075, "SELECT * FROM Part WHERE name = ''; DELETE * FROM I_Master; --'"},
+      {3075, "SELECT * FROM Part WHERE name = 'x'; DELETE * FROM Part"},
+      {3075, "SELECT * FROM Part WHERE name = 'x' -- the rest'"},
+      {3075, "SELECT * FROM Part /* all */"},
+      {3075, "SELECT * FROM Part;;"},
+      {3075, "SELECT * FROM EmployeeDB WHERE E_Code = "},
+      {3075, "SELECT * FROM Part WHERE pcenter = ;"},
+      {3075, "SELECT * FROM Part WHERE name = 'x' 'y'"},
+      {3075, "SELECT * FROM Part WHERE name = \"open"},
+      {3075, "SELECT * FROM [Historical Inventory"},
+      {3075, "SELECT * FROM [a[b]"},
+      {3075, "SELECT * FROM Part WHERE day = #13/45/2026#"},
+      {3075, "SELECT * FROM Part WHERE day = #3/1/2026"},
+      {3075, "SELECT * FROM Part WHERE (name = 'x'"},
+      {3075, "SELECT * FROM Part WHERE name = 'x')"},
+      {3075, "SELECT * FROM Part WHERE qty = 1 2"},
+      {3075, "SELECT * FROM Part WHERE qty = ?1"},
+      {3075, "SELECT * FROM Part ORDER BY"},
+      {3075, "SELECT * FROM Part LIMIT 1 OFFSET 1"},
+      {3075, "SELECT * FROM"},
+      {3075, "UPDATE Part SET name"},
+      {3075, "SELECT Len() FROM Part"},
+      {3085, "SELECT load_extension('x') FROM Part"},
+      {3129, ""},
+      {3129, "ATTACH DATABASE 'x' AS y"},
+      {3129, "PRAGMA writable_schema = 1"},
+      {3129, "DROP TABLE Part"},
+      {3075, "'; DELETE * FROM I_Master; --"},
+  };
+  for (const auto& row : cases) EXPECT_EQ(row.number, NumberOfFailure(row.sql)) << row.sql;
+  const std::string deep = "SELECT " + std::string(100000, '(') + "1";
+  EXPECT_EQ(3075, NumberOfFailure(deep));
+  EXPECT_THROW(TranslateCondition("E_Code = ", 1), RunTimeError);
+  EXPECT_THROW(TranslateCondition("inv_id = 'a'b'", 1), RunTimeError);
+  EXPECT_THROW(TranslateCondition("inv_id = 'a';", 1), RunTimeError);
+}
+
+TEST_F(JetSqlTest, AnIndexServesTextDatesAndNumbers) {
+  const struct {
+    const char* sql;
+    const char* index;
+  } cases[] = {
+      {"SELECT * FROM Part WHERE inv_id = '7'", "PartId (inv_id=?)"},
+      {"SELECT * FROM Part WHERE inv_id IN ('7', '8')", "PartId (inv_id=?)"},
+      {"SELECT * FROM Part WHERE Trim(Inv_ID) = '7';", "PartTrimmed (<expr>=?)"},
+      {"SELECT * FROM Part WHERE lTrim(rtrim(Inv_ID)) = '7';", "PartTrimmed (<expr>=?)"},
+      {"SELECT * FROM Part WHERE rTrim(Ltrim(Trim(Inv_ID))) = '7';", "PartTrimmed (<expr>=?)"},
+      {"SELECT inv_id FROM Part ORDER BY trim(inv_id)", "PartTrimmed"},
+      {"SELECT * FROM Part WHERE qty = 12", "PartQty (qty=?)"},
+      {"SELECT rec_id FROM [Group Line] INNER JOIN Part ON [Group Line].inv_id = Part.inv_id",
+       "PartId (inv_id=?)"},
+  };
+  for (const auto& row : cases)
+    EXPECT_NE(std::string::npos, Plan(row.sql).find(row.index)) << row.sql << "\n" << Plan(row.sql);
+}
+
+TEST_F(JetSqlTest, AQueryOverOneTableGivesThePiecesOfADynaset) {
+  const auto pieces = [](std::string_view sql) {
+    const Translation translated = Translate(sql, ShapeOf);
+    std::string columns;
+    for (const std::string& column : translated.Columns) columns += column + " ";
+    return translated.Table + " {" + columns + "} " + translated.Where + " {" + translated.OrderBy +
+           "}";
+  };
+  EXPECT_EQ("Part {} [qty] = ?1 AND [inv_id] = ?2 COLLATE JET1 {[name], [qty] DESC}",
+            pieces("SELECT * FROM Part WHERE qty = 1 AND inv_id = '2' ORDER BY name, qty DESC"));
+  EXPECT_EQ("Group Line {}  {}", pieces("SELECT [Group Line].* FROM [Group Line];"));
+  EXPECT_EQ("Part {name qty }  {[Part].[inv_id]}",
+            pieces("SELECT name, Part.qty FROM Part ORDER BY Part.inv_id"));
+  EXPECT_EQ("Part {} [qty] IN (SELECT [use qty] FROM [Group Line] ORDER BY [rec_id]) {}",
+            pieces("SELECT * FROM Part WHERE qty IN "
+                   "(SELECT [use qty] FROM [Group Line] ORDER BY rec_id)"));
+  for (const char* snapshot :
+       {"SELECT DISTINCT name FROM Part WHERE qty = 1 ORDER BY name", "SELECT Sum(qty) FROM Part",
+        "SELECT name FROM Part GROUP BY name", "SELECT TOP 1 * FROM Part",
+        "SELECT * FROM Part UNION SELECT * FROM Part", "SELECT *, qty + 1 FROM Part",
+        "SELECT name AS n FROM Part", "SELECT * FROM Part AS p",
+        "SELECT * FROM Part, [Group Line]"})
+    EXPECT_EQ(" {}  {}", pieces(snapshot)) << snapshot;
+}
+
+TEST(JetSql, StatementsThatDifferInTheirValuesHaveOneShape) {
+  EXPECT_EQ(Translate("SELECT * FROM t WHERE a = 'x' AND b = 1 AND c = #1/2/2026#").Sql,
+            Translate("SELECT * FROM t WHERE a = \"y\" AND b = 2.5 AND c = #2026-03-04#").Sql);
+}
+
+TEST(JetSql, TheParametersOfACriterionStandBehindThoseOfTheQuery) {
+  const Condition condition = TranslateCondition("inv_id = 'a' AND qty > 1", 3);
+  EXPECT_EQ("[inv_id] = ?3 COLLATE JET1 AND [qty] > ?4", condition.Sql);
+  EXPECT_EQ((std::vector<Value>{"a", 1}), condition.Parameters);
+}
+
+}  // namespace
+}  // namespace kvi::jet
