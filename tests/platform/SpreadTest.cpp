@@ -7,16 +7,10 @@
 
 #include "base/Number.h"
 #include "base/RunTimeError.h"
-#include "platform/Screen.h"
+#include "support/BareScreen.h"
 
 namespace kvi {
 namespace {
-
-class EmptyScreen : public Screen {
- public:
-  EmptyScreen() : Screen("KVI_Test") {}
-  Layout Arrange() override { return {}; }
-};
 
 class TellTale : public ControlView {
  public:
@@ -68,7 +62,7 @@ class SpreadTest : public testing::Test {
     return text;
   }
 
-  EmptyScreen screen;
+  test::BareScreen screen;
   Spread grid{screen, "Spread1", 3};
 };
 

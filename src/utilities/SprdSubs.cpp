@@ -1,0 +1,115 @@
+#include "utilities/SprdSubs.h"
+
+#include <algorithm>
+#include <string>
+
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+
+namespace kvi {
+namespace {
+
+constexpr double kNarrowestKept = 150;  // twips
+constexpr double kResetWidth = 1500;
+
+struct WidthTable {
+  const char* screen;
+  const char* table;
+};
+// In the order of the reset.
+constexpr WidthTable kWidthTables[] = {{"KVI_INVENTORYSUMMARY", "CW_Inventory"},
+                                       {"KVI_PGSUMMARY", "CW_Recipes"},
+                                       {"KVI_ORDERSYSTEM", "CW_Orders"}};
+
+jet::Recordset OpenWidths(jet::Database& database, const std::string& table) {
+  return database.OpenRecordset("SELECT * FROM " + table + " ORDER BY Ordinal;");
+}
+
+std::string WidthTableOf(const Screen& screen) {
+  const std::string name = UCase(Trim(screen.Name()));
+  for (const WidthTable& entry : kWidthTables)
+    if (name == entry.screen) return entry.table;
+  return "";
+}
+
+// A column that the grid has; 0 for an ordinal of another edition's wider grid.
+int GridColumn(const Spread& grid, const jet::Recordset& widths) {
+  const double ordinal = widths.Number("Ordinal");
+  return ordinal >= 1 && ordinal <= grid.MaxCols() ? static_cast<int>(ordinal) : 0;
+}
+
+void KeepWidth(jet::Recordset& widths, double width) {
+  try {
+    widths.Edit();
+  } catch (const RunTimeError& error) {
+    // Another desk kept its width since the walk read the row; the last one wins.
+    if (error.Number != 3197) throw;
+  }
+  widths.Set("ColWidth", width);
+  widths.Update();
+}
+
+}  // namespace
+
+void ClearGrid(Spread& grid) {
+  grid.Row = 1;
+  grid.Col = 1;
+  grid.ClearText(Block::All());
+}
+
+void GoToFirstCell(Spread& grid) {
+  GoToCell(grid, 1, 1);
+}
+
+void GoToRow(Spread& grid, int row) {
+  GoToCell(grid, row, 1);
+}
+
+void GoToCell(Spread& grid, int row, int col) {
+  grid.Row = row;
+  grid.Col = col;
+  grid.SetActiveCell(row, col);
+}
+
+void LockGrid(Spread& grid) {
+  grid.SetLock(Block::All(), true);
+}
+
+void ShadeGridRows(Spread& grid, bool useColors) {
+  grid.SetReDraw(false);
+  for (int row = 1; row <= grid.MaxRows(); ++row)
+    grid.SetBackColor(Block::Row(row), useColors && row % 2 == 0 ? kLightGrey : kWhite);
+  grid.Row = std::max(grid.ActiveRow(), 1);
+  grid.SetReDraw(true);
+}
+
+void LoadColumnWidths(Spread& grid, const Screen& screen, jet::Database& database) {
+  const std::string table = WidthTableOf(screen);
+  if (table.empty()) return;
+  for (auto widths = OpenWidths(database, table); !widths.Eof(); widths.MoveNext())
+    if (const int col = GridColumn(grid, widths); col > 0)
+      grid.SetColWidth(col, widths.Number("ColWidth"));
+}
+
+void SaveColumnWidths(const Spread& grid, const Screen& screen, jet::Database& database) {
+  const std::string table = WidthTableOf(screen);
+  if (table.empty()) return;
+  jet::WriteBatch batch(database);
+  for (auto widths = OpenWidths(database, table); !widths.Eof(); widths.MoveNext())
+    if (const int col = GridColumn(grid, widths); col > 0)
+      KeepWidth(widths, std::max(grid.ColWidth(col), kNarrowestKept));
+  batch.Finish();
+}
+
+void ResetColumnWidths(jet::Database& database) {
+  jet::WriteBatch batch(database);
+  for (const WidthTable& entry : kWidthTables) {
+    auto widths = OpenWidths(database, entry.table);
+    // The walk goes on from table to table only while there are rows.
+    if (widths.Eof()) break;
+    for (; !widths.Eof(); widths.MoveNext()) KeepWidth(widths, kResetWidth);
+  }
+  batch.Finish();
+}
+
+}  // namespace kvi

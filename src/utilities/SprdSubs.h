@@ -1,0 +1,37 @@
+#pragma once
+
+#include "jet/Database.h"
+#include "platform/Screen.h"
+#include "platform/Spread.h"
+
+namespace kvi {
+
+// The small wrappers by which all screens work their grids.
+
+// Empties all texts below the headings; the code's cursor goes to row 1, column 1.
+void ClearGrid(Spread& grid);
+
+// These move the code's cursor and make its cell the active one; a row or column outside goes to
+// the nearest one inside.
+void GoToFirstCell(Spread& grid);
+void GoToRow(Spread& grid, int row);
+void GoToCell(Spread& grid, int row, int col);
+
+// Read-only as a whole, also for rows that come later.
+void LockGrid(Spread& grid);
+
+// White rows, or with colours light grey ones at every even row number. Runs after each load and
+// each sort, so that the stripes stay right. The code's cursor goes to the active row (1 when none
+// is), and painting is on afterwards.
+void ShadeGridRows(Spread& grid, bool useColors);
+
+// The kept column widths of KVI_InventorySummary, KVI_PGSummary and KVI_OrderSystem, for the whole
+// installation; other screens have none, and nothing happens. A table without rows leaves the grid
+// as designed.
+void LoadColumnWidths(Spread& grid, const Screen& screen, jet::Database& database);
+// A width under 150 twips is kept as 150: a column dragged shut comes back visible.
+void SaveColumnWidths(const Spread& grid, const Screen& screen, jet::Database& database);
+// All kept widths become 1500. Stops at the first of the three tables that is empty.
+void ResetColumnWidths(jet::Database& database);
+
+}  // namespace kvi
