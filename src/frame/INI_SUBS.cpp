@@ -18,7 +18,7 @@ namespace {
 
 using Read = void (*)(Application&, const std::string&);
 using Write = std::string (*)(const Application&);
-using Default = std::string (*)(const Application&);
+using Default = std::string (*)(const std::string& programFolder);
 
 // One key of KVI.INI: how its text goes into the state, how it comes back, and what a new file
 // gets. A key without `read` is not read back, one without `initial` is not in a new file.
@@ -56,20 +56,20 @@ std::string ValuationText(const Application& app) {
 // In the order of the file. (A lambda that captures nothing keeps each key's three sides together.)
 const Setting kSettings[] = {
     {"SectionActive", nullptr, [](const Application&) { return std::string("True"); },
-     [](const Application&) { return std::string("True"); }},
+     [](const std::string&) { return std::string("True"); }},
     {"CompanyName",
      [](Application& app, const std::string& text) { app.settings.CompanyName = text; },
      [](const Application& app) { return app.settings.CompanyName; },
-     [](const Application&) { return std::string("ABC Facility"); }},
+     [](const std::string&) { return std::string("ABC Facility"); }},
     {"AcceptableVariance",
      [](Application& app, const std::string& text) { app.settings.AcceptableVariance = Val(text); },
      [](const Application& app) { return Str(app.settings.AcceptableVariance); },
-     [](const Application&) { return std::string("2"); }},
+     [](const std::string&) { return std::string("2"); }},
     // The default is worked out from a text that is not "ON", and so reads as 0.
     {"SecurityFlag",
      [](Application& app, const std::string& text) { app.settings.UseSecurity = Val(text) != 0; },
      [](const Application& app) { return Str(app.settings.UseSecurity); },
-     [](const Application&) { return std::string("False"); }},
+     [](const std::string&) { return std::string("False"); }},
     {"UseOldStyleInventoryDetail",
      [](Application& app, const std::string& text) {
        app.settings.UseOldStyleInventoryDetail = Val(text) != 0;
@@ -79,47 +79,47 @@ const Setting kSettings[] = {
     {"NetworkFlag",
      [](Application& app, const std::string&) { app.settings.NetworkVisible = true; },
      [](const Application& app) { return TrueOrFalse(app.settings.NetworkVisible); },
-     [](const Application& app) { return TrueOrFalse(app.settings.NetworkVisible); }},
+     [](const std::string&) { return TrueOrFalse(Settings{}.NetworkVisible); }},
     {"DatabasePath", nullptr, [](const Application& app) { return app.settings.DatabasePath; },
-     [](const Application& app) { return app.ProgramFolder; }},
+     [](const std::string& programFolder) { return programFolder; }},
     {"TakeAwayAdjustments",
      [](Application& app, const std::string& text) {
        app.settings.TakeAwayAdjustments = Val(text);
      },
      [](const Application& app) { return Str(app.settings.TakeAwayAdjustments); },
-     [](const Application&) { return std::string("1"); }},
+     [](const std::string&) { return std::string("1"); }},
     {"FontSize",
      [](Application& app, const std::string& text) {
        app.settings.FontSize = static_cast<int>(CLng(Val(text)));
      },
      [](const Application& app) { return Str(app.settings.FontSize); },
-     [](const Application&) { return std::string("2"); }},
+     [](const std::string&) { return std::string("2"); }},
     {"ColorFlag",
      [](Application& app, const std::string& text) { app.UseColors = Value(text).Boolean(); },
      [](const Application& app) { return TrueOrFalse(app.UseColors); },
-     [](const Application&) { return std::string("True"); }},
+     [](const std::string&) { return std::string("True"); }},
     {"ProfitCenterNo",
      [](Application& app, const std::string& text) {
        app.CurrentProfitCenter = static_cast<int>(CLng(Val(text)));
      },
      [](const Application& app) { return Str(app.CurrentProfitCenter); },
-     [](const Application&) { return std::string("0"); }},
+     [](const std::string&) { return std::string("0"); }},
     {"CurrentInventoryCategory",
      [](Application& app, const std::string& text) {
        app.CurrentCategory = text.empty() ? "(All Categories)" : text;
      },
      [](const Application& app) { return app.CurrentCategory; },
-     [](const Application&) { return std::string("(All Categories)"); }},
+     [](const std::string&) { return std::string("(All Categories)"); }},
     {"CurrentPsoVendor",
      [](Application& app, const std::string& text) {
        app.CurrentOrderVendor = text.empty() ? "(All Vendors)" : text;
      },
      [](const Application& app) { return app.CurrentOrderVendor; },
-     [](const Application&) { return std::string("(All Vendors)"); }},
+     [](const std::string&) { return std::string("(All Vendors)"); }},
     {"SpreadsheetExePath",
      [](Application& app, const std::string& text) { app.SpreadsheetPath = text; },
      [](const Application& app) { return app.SpreadsheetPath; },
-     [](const Application&) { return std::string("C:\\Office\\Excel.exe"); }},
+     [](const std::string&) { return std::string("C:\\Office\\Excel.exe"); }},
     {"VALUATION", ReadValuation, ValuationText, nullptr},
 };
 
@@ -150,13 +150,10 @@ void KeepForeignFile(const Application& app) {
 void CreateDefaultSettings(Application& app) {
   const Hourglass busy(app.desktop);
   KeepForeignFile(app);
-  std::vector<std::pair<std::string, std::string>> keys;
-  for (const Setting& setting : kSettings) {
-    if (setting.initial == nullptr) continue;
-    const std::string text = setting.initial(app);
-    if (setting.read != nullptr) setting.read(app, text);
-    keys.emplace_back(setting.key, text);
-  }
+  const auto keys = DefaultSettings(app.ProgramFolder);
+  for (const auto& [key, text] : keys)
+    for (const Setting& setting : kSettings)
+      if (key == setting.key && setting.read != nullptr) setting.read(app, text);
   app.settings.DatabasePath = app.ProgramFolder;
   WriteKeys(app, keys);
 }
@@ -178,6 +175,13 @@ void ReadSuiteSettings(Application& app) {
 
 std::string ClipToNul(const std::string& text) {
   return Trim(text.substr(0, text.find('\0')));
+}
+
+std::vector<std::pair<std::string, std::string>> DefaultSettings(const std::string& programFolder) {
+  std::vector<std::pair<std::string, std::string>> keys;
+  for (const Setting& setting : kSettings)
+    if (setting.initial != nullptr) keys.emplace_back(setting.key, setting.initial(programFolder));
+  return keys;
 }
 
 void ReadSettings(Application& app) {

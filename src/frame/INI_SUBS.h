@@ -1,6 +1,8 @@
 #pragma once
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace kvi {
 
@@ -16,6 +18,9 @@ void ReadSettings(Application& app);
 
 // Writes KVI.INI. Ends the process when it cannot be written.
 void WriteSettings(Application& app);
+
+// The keys and texts of a new KVI.INI, in the order of the file.
+std::vector<std::pair<std::string, std::string>> DefaultSettings(const std::string& programFolder);
 
 // The text up to the first NUL, trimmed.
 std::string ClipToNul(const std::string& text);
