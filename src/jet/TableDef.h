@@ -24,7 +24,8 @@ struct FieldDef {
   int Size = 255;
 };
 
-// An index on expressions as SQLite writes them, e.g. "trim(inv_id)" or "p_date DESC".
+// An index on expressions as SQLite writes them, e.g. "trim(inv_id) COLLATE JET1" or "p_date DESC".
+// (A field has its collation by itself, an expression has not.)
 struct IndexDef {
   std::vector<std::string> Columns;
   bool Unique = false;

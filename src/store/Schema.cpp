@@ -65,8 +65,8 @@ TableDef ItemTable() {
        Number("Yield"),
        Text("BarCodeScan", 30),
        Flag("CorpInventoryItem")},
-      // The two trimmed forms are those by which a part is opened and stepped to.
-      {{{"inv_id"}, true}, {{"trim(inv_id)"}}, {{"ltrim(rtrim(inv_id))"}}, {{"pcenter", "name"}}}};
+      // The trimmed form is that by which a part is opened and stepped to.
+      {{{"inv_id"}, true}, {{"trim(inv_id) COLLATE JET1"}}, {{"pcenter", "name"}}}};
 }
 
 std::vector<TableDef> PartGroupTables() {
@@ -102,7 +102,7 @@ std::vector<TableDef> OrderTables() {
         Number("pso_qty"),
         Number("pso_price"),
         Whole("pcenter")},
-       {{{"pso_id", "trim(pso_inv_id)"}}, {{"pcenter", "pso_inv_id"}}}},
+       {{{"pso_id", "trim(pso_inv_id) COLLATE JET1"}}, {{"pcenter", "pso_inv_id"}}}},
       {"Invoice",
        {Text("Vendor"), Text("Number"), Day("Date"), Day("date_due"), Number("amount"),
         Number("adj_amount")}}};
