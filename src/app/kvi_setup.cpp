@@ -1,0 +1,99 @@
+// Sets up a folder for the program: kvi-setup FOLDER [--sample] [--parts N].
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/RunTimeError.h"
+#include "sample/SampleStockroom.h"
+#include "store/SetUpFolder.h"
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kBadArguments = 2;
+constexpr int kMostParts = 200000;
+// A larger stockroom is for measuring, with a longer history behind each part.
+constexpr int kPurchasesInLargeSample = 10;
+
+constexpr const char* kUsage =
+    "Usage: kvi-setup FOLDER [--sample] [--parts N]\n"
+    "Makes what Kestvar Inventory needs in FOLDER: TARNWK.INI, KVI.INI, files/master.txt and\n"
+    "KV_Inventory.mdb. Files that stand there already are kept as they are.\n"
+    "  --sample   fills a new database with a sample stockroom of 1,500 parts\n"
+    "  --parts N  the same with N parts (1 to 200000)\n";
+
+struct Arguments {
+  std::string Folder;
+  std::optional<kvi::SampleOptions> Sample;
+};
+
+struct BadArgument {
+  std::string Message;
+};
+
+int PartsIn(std::string_view text) {
+  const bool digits = !text.empty() && text.size() <= 6 &&
+                      text.find_first_not_of("0123456789") == std::string_view::npos;
+  const int parts = digits ? std::atoi(std::string(text).c_str()) : 0;
+  if (parts < 1 || parts > kMostParts)
+    throw BadArgument{"--parts needs a whole number from 1 to 200000."};
+  return parts;
+}
+
+Arguments Read(int argc, char** argv) {
+  Arguments arguments;
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view argument = argv[i];
+    if (argument == "--sample") {
+      if (!arguments.Sample) arguments.Sample.emplace();
+    } else if (argument == "--parts") {
+      arguments.Sample =
+          kvi::SampleOptions{PartsIn(i + 1 < argc ? argv[i + 1] : ""), kPurchasesInLargeSample};
+      ++i;
+    } else if (argument.starts_with("-")) {
+      throw BadArgument{"Unknown option " + std::string(argument) + "."};
+    } else if (!arguments.Folder.empty()) {
+      throw BadArgument{"Only one folder can be set up."};
+    } else {
+      arguments.Folder = argument;
+    }
+  }
+  if (arguments.Folder.empty()) throw BadArgument{"The folder is missing."};
+  return arguments;
+}
+
+void SetUp(const Arguments& arguments) {
+  const char* searchPath = std::getenv("PATH");
+  const std::string spreadsheet =
+      kvi::FindSpreadsheetProgram(searchPath == nullptr ? "" : searchPath);
+  std::function<void(kvi::jet::Database&)> fill;
+  if (arguments.Sample)
+    fill = [&](kvi::jet::Database& database) {
+      kvi::FillSampleStockroom(database, *arguments.Sample);
+    };
+  for (const auto& file : kvi::SetUpFolder(arguments.Folder, spreadsheet, fill))
+    std::printf("%s %s\n", file.Made ? "made" : "kept", file.Path.c_str());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc == 2 && (std::string_view(argv[1]) == "--help" || std::string_view(argv[1]) == "-h")) {
+    std::fputs(kUsage, stdout);
+    return 0;
+  }
+  try {
+    SetUp(Read(argc, argv));
+    return 0;
+  } catch (const BadArgument& bad) {
+    std::fprintf(stderr, "kvi-setup: %s\n%s", bad.Message.c_str(), kUsage);
+    return kBadArguments;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "kvi-setup: %s\n", error.what());
+    return kFailed;
+  }
+}

@@ -1,0 +1,126 @@
+#include "store/SetUpFolder.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <fstream>
+#include <sstream>
+
+#include "base/RunTimeError.h"
+#include "frame/INI_SUBS.h"
+#include "platform/IniFile.h"
+#include "store/Schema.h"
+
+namespace kvi {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kPathFileAccess = 75;
+constexpr const char* kSpreadsheetPrograms[] = {"localc", "libreoffice", "gnumeric", "xdg-open"};
+
+[[noreturn]] void RaiseFor(const fs::path& path, const std::error_code& error) {
+  throw RunTimeError(kPathFileAccess, path.string() + ": " + error.message());
+}
+
+// A dead link counts as standing: it is somebody's, and writing would go through it.
+bool Stands(const fs::path& path) {
+  std::error_code ignored;
+  return fs::exists(fs::symlink_status(path, ignored));
+}
+
+void MakeFolder(const fs::path& folder) {
+  std::error_code error;
+  fs::create_directories(folder, error);
+  if (error) RaiseFor(folder, error);
+  if (::access(folder.c_str(), W_OK | X_OK) != 0)
+    RaiseFor(folder, {errno, std::generic_category()});
+}
+
+void RemoveDatabase(const fs::path& path) {
+  std::error_code ignored;
+  fs::remove(path, ignored);
+  fs::remove(path.string() + "-journal", ignored);
+}
+
+// A hard link takes the name only while it is free, unlike a renaming; a file system without
+// links gets the renaming.
+void TakeName(const fs::path& from, const fs::path& name) {
+  std::error_code error;
+  fs::create_hard_link(from, name, error);
+  if (error && !Stands(name)) {
+    fs::rename(from, name, error);
+    if (error) RaiseFor(name, error);
+  }
+}
+
+void MakeDatabase(const fs::path& path, const std::function<void(jet::Database&)>& fill) {
+  const fs::path unfinished = path.string() + ".new";
+  RemoveDatabase(unfinished);
+  try {
+    jet::Database database = CreateInventoryDatabase(unfinished.string());
+    if (fill) fill(database);
+    database.Close();
+    TakeName(unfinished, path);
+    RemoveDatabase(unfinished);
+  } catch (...) {
+    RemoveDatabase(unfinished);
+    throw;
+  }
+}
+
+// The daily text export copies this file; what stands in it does not matter.
+void MakeMasterText(const fs::path& path) {
+  MakeFolder(path.parent_path());
+  std::ofstream file(path, std::ios::app);
+  if (!file) RaiseFor(path, {errno, std::generic_category()});
+}
+
+void MakeOwnSettings(const fs::path& path, const std::string& spreadsheetProgram) {
+  auto keys = DefaultSettings(path.parent_path().string());
+  for (auto& [key, text] : keys)
+    if (key == "SpreadsheetExePath") text = spreadsheetProgram;
+  IniFile(path).Write(kOwnSection, keys);
+}
+
+void MakeSuiteSettings(const fs::path& path) {
+  IniFile(path).Write(kSuiteSection,
+                      {{"DatabasePath", ""}, {"BrowserPath", ""}, {"ColorScheme", ""}});
+}
+
+}  // namespace
+
+std::vector<SetUpFile> SetUpFolder(const fs::path& folder, const std::string& spreadsheetProgram,
+                                   const std::function<void(jet::Database&)>& fill) {
+  const fs::path home = fs::absolute(folder).lexically_normal();
+  MakeFolder(home);
+  std::vector<SetUpFile> files;
+  const auto unlessStanding = [&](const fs::path& path, const auto& make) {
+    const bool stands = Stands(path);
+    if (!stands) make(path);
+    files.push_back({path, !stands});
+  };
+  unlessStanding(home / "KV_Inventory.mdb",
+                 [&](const fs::path& path) { MakeDatabase(path, fill); });
+  unlessStanding(home / "files" / "master.txt", MakeMasterText);
+  unlessStanding(home / "KVI.INI",
+                 [&](const fs::path& path) { MakeOwnSettings(path, spreadsheetProgram); });
+  unlessStanding(home / "TARNWK.INI", MakeSuiteSettings);
+  return files;
+}
+
+std::string FindSpreadsheetProgram(const std::string& searchPath) {
+  for (const char* program : kSpreadsheetPrograms) {
+    std::istringstream folders(searchPath);
+    for (std::string folder; std::getline(folders, folder, ':');) {
+      const fs::path path = fs::path(folder) / program;
+      std::error_code ignored;
+      if (path.is_absolute() && fs::is_regular_file(path, ignored) &&
+          ::access(path.c_str(), X_OK) == 0)
+        return path.string();
+    }
+  }
+  return "";
+}
+
+}  // namespace kvi

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "jet/Database.h"
+
+namespace kvi {
+
+// One file of a program's folder, and whether this set-up made it or found it standing there.
+struct SetUpFile {
+  std::filesystem::path Path;
+  bool Made;
+};
+
+// Makes what a start needs in a folder: KV_Inventory.mdb (filled by `fill` when given),
+// files/master.txt, KVI.INI with the spreadsheet program given, and TARNWK.INI last, which marks
+// the folder as the program's. What stands there already is kept as it is. A database comes to its
+// name only when it is whole, so that a killed set-up leaves nothing half. Raises 75 when the
+// folder cannot be made or written.
+std::vector<SetUpFile> SetUpFolder(const std::filesystem::path& folder,
+                                   const std::string& spreadsheetProgram,
+                                   const std::function<void(jet::Database&)>& fill = {});
+
+// The first program of the list localc, libreoffice, gnumeric, xdg-open in the folders of a search
+// path ("/usr/bin:/bin"), with its whole path; empty when there is none.
+std::string FindSpreadsheetProgram(const std::string& searchPath);
+
+}  // namespace kvi
