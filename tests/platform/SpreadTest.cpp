@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "base/ErrorOf.h"
 #include "base/Number.h"
-#include "base/RunTimeError.h"
 #include "support/BareScreen.h"
 
 namespace kvi {
@@ -65,15 +65,6 @@ class SpreadTest : public testing::Test {
   test::BareScreen screen;
   Spread grid{screen, "Spread1", 3};
 };
-
-int ErrorOf(const std::function<void()>& act) {
-  try {
-    act();
-  } catch (const RunTimeError& error) {
-    return error.Number;
-  }
-  return 0;
-}
 
 TEST_F(SpreadTest, OutsideCellsReadAsNothingAndRefuseWriting) {
   grid.SetMaxRows(2);
