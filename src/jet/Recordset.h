@@ -73,6 +73,8 @@ class Recordset {
  private:
   friend class Database;
   explicit Recordset(std::unique_ptr<RecordsetImpl> impl);
+  RecordsetImpl& Impl() const;
+
   std::unique_ptr<RecordsetImpl> impl_;
 };
 

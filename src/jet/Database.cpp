@@ -1,0 +1,131 @@
+#include "jet/Database.h"
+
+#include <sqlite3.h>
+
+#include <filesystem>
+
+#include "base/RunTimeError.h"
+#include "jet/Dynaset.h"
+#include "jet/Engine.h"
+#include "jet/JetFunctions.h"
+#include "jet/Snapshot.h"
+#include "jet/StatementRun.h"
+
+namespace kvi::jet {
+namespace {
+
+Engine& Required(const std::shared_ptr<Engine>& engine) {
+  if (!engine) throw RunTimeError(3420);
+  engine->RequireOpen();
+  return *engine;
+}
+
+void MakeTables(const std::string& path, const std::vector<TableDef>& tables) {
+  Connection connection(path);
+  connection.Run("PRAGMA page_size=16384;BEGIN");
+  for (const TableDef& table : tables) Schema::CreateTable(connection, table);
+  connection.Run("COMMIT");
+}
+
+}  // namespace
+
+Database::Database() = default;
+Database::Database(std::shared_ptr<Engine> engine) : engine_(std::move(engine)) {}
+Database::Database(Database&&) noexcept = default;
+Database::~Database() {
+  Close();
+}
+
+Database& Database::operator=(Database&& other) noexcept {
+  if (this == &other) return *this;
+  Close();
+  engine_ = std::move(other.engine_);
+  return *this;
+}
+
+Database Database::Open(const std::string& path, bool exclusive) {
+  return Database(std::make_shared<Engine>(path, exclusive));
+}
+
+Database Database::Create(const std::string& path, const std::vector<TableDef>& tables) {
+  std::error_code error;
+  if (std::filesystem::exists(path, error)) throw RunTimeError(3204);
+  // Under another name until it is whole: a start that is broken off leaves no half a database.
+  const std::string unfinished = path + ".new";
+  std::filesystem::remove(unfinished, error);
+  try {
+    MakeTables(unfinished, tables);
+    std::filesystem::rename(unfinished, path, error);
+    if (error) throw RunTimeError(3051);
+  } catch (const RunTimeError&) {
+    std::filesystem::remove(unfinished, error);
+    throw;
+  }
+  return Open(path, false);
+}
+
+bool Database::IsOpen() const {
+  return engine_ && engine_->IsOpen();
+}
+
+void Database::Close() {
+  if (engine_) engine_->Close();
+  engine_.reset();
+}
+
+Recordset Database::OpenRecordset(std::string_view sql) {
+  Engine& engine = Required(engine_);
+  engine.lock.Breathe();
+  engine.Look();
+  const auto query = engine.QueryOf(sql);
+  if (query->translation.kind != Translation::Kind::Select) throw RunTimeError(3219);
+  if (query->shape) return Recordset(std::make_unique<Dynaset>(engine_, *query));
+  return Recordset(std::make_unique<Snapshot>(engine_, *query));
+}
+
+long Database::Execute(std::string_view sql) {
+  Engine& engine = Required(engine_);
+  engine.Look();
+  const auto query = engine.QueryOf(sql);
+  if (query->translation.kind != Translation::Kind::Action) throw RunTimeError(3065);
+  long count = 0;
+  engine.lock.Begin();
+  try {
+    StatementRun run(engine.connection, query->translation.Sql);
+    run.BindAll(query->translation.Parameters);
+    run.Step();
+    count = sqlite3_changes(engine.connection.Handle());
+  } catch (...) {
+    engine.lock.Abandon();
+    throw;
+  }
+  engine.lock.End();
+  if (count > 0) engine.watch.Distrust();
+  return count;
+}
+
+std::vector<TableDef> Database::TableDefs() {
+  Engine& engine = Required(engine_);
+  engine.Look();
+  return engine.schema.Tables();
+}
+
+void Database::AppendField(std::string_view table, const FieldDef& field) {
+  Engine& engine = Required(engine_);
+  engine.Look();
+  engine.lock.Begin();
+  try {
+    engine.schema.AppendField(table, field);
+  } catch (...) {
+    engine.lock.Abandon();
+    throw;
+  }
+  engine.lock.End();
+  engine.ForgetSchema();
+}
+
+void Database::GiveBackLocks() {
+  Required(engine_).lock.GiveBack();
+}
+
+}  // namespace kvi::jet

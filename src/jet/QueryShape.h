@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "jet/FieldList.h"
+#include "jet/JetSql.h"
+#include "jet/Schema.h"
+
+namespace kvi::jet {
+
+// Which columns of a table are fetched, where each stands, and the statements that fetch them.
+// Column 0 of each statement is the row's key, column 1 its version.
+struct ColumnChoice {
+  static constexpr int kNotFetched = -1;
+
+  std::vector<std::size_t> Fields;  // in the order in which they are fetched
+  std::vector<int> PositionOf;      // by field
+  std::string OpenSql;              // the whole set, in its order
+  std::string BlockSql;             // the rows of a list of keys, in the list's order
+  std::string RowSql;               // the row of one key
+  std::string FindSql;              // ends in WHERE: a condition comes behind it
+};
+
+// What all dynasets of one statement have in common, whatever the literals in it: the table, the
+// fields, and what earlier ones taught: which columns are read, and how many rows there are.
+class QueryShape {
+ public:
+  QueryShape(std::shared_ptr<StoredTable> table, const Translation& translation);
+
+  const StoredTable& Table() const { return *table_; }
+  const FieldList& Fields() const { return fields_; }
+  const std::string& KeySql() const { return keySql_; }
+
+  // A small set comes with its rows at once; of a large one the keys are read first.
+  bool IsSmall() const { return lastCount_ <= kSmall; }
+  void Learn(std::size_t count) { lastCount_ = count; }
+  static constexpr std::size_t kSmall = 64;
+
+  // The field was read. Columns that nobody reads are not fetched.
+  void Want(std::size_t field) {
+    if (!wanted_[field]) WantAlso(field);
+  }
+  // All columns as long as nothing was read.
+  const std::shared_ptr<const ColumnChoice>& Columns();
+
+ private:
+  void WantAlso(std::size_t field);
+  ColumnChoice Choose() const;
+
+  std::shared_ptr<StoredTable> table_;
+  FieldList fields_;
+  std::string condition_, order_, keySql_;
+  std::vector<char> wanted_;
+  bool anyWanted_ = false;
+  std::shared_ptr<const ColumnChoice> columns_;
+  std::size_t lastCount_ = static_cast<std::size_t>(-1);
+};
+
+}  // namespace kvi::jet

@@ -1,0 +1,30 @@
+#include "base/RunTimeError.h"
+#include "jet/Database.h"
+#include "jet/Engine.h"
+
+namespace kvi::jet {
+
+WriteBatch::WriteBatch(Database& database) : engine_(database.engine_) {
+  if (!engine_) throw RunTimeError(3420);
+  engine_->RequireOpen();
+  engine_->lock.EnterBatch();
+}
+
+WriteBatch::~WriteBatch() {
+  if (finished_) return;
+  try {
+    Finish();
+  } catch (const RunTimeError&) {
+    // What Finish() would have told; the pass failed already or did not care.
+  }
+  if (!finished_) engine_->lock.LeaveBatch();
+}
+
+void WriteBatch::Finish() {
+  if (finished_) return;
+  if (engine_->IsOpen() && engine_->lock.IsOutermostBatch()) engine_->lock.CommitGroup();
+  engine_->lock.LeaveBatch();
+  finished_ = true;
+}
+
+}  // namespace kvi::jet
