@@ -26,6 +26,11 @@ const std::vector<long>& LockDays() {
   return days;
 }
 
+long WorkDay(long day) {
+  const int weekday = Weekday(AddDays(Date{}, day));
+  return weekday == 1 ? day + 1 : weekday == 7 ? day - 1 : day;
+}
+
 void FillSampleStockroom(jet::Database& database, const SampleOptions& options) {
   Dice dice(kSeed);
   Stockroom room;

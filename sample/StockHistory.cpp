@@ -15,12 +15,6 @@ Date DateOf(long day) {
   return AddDays(Date{}, day);
 }
 
-// Nobody books goods on a Sunday or a Saturday.
-long WorkDay(long day) {
-  const int weekday = Weekday(DateOf(day));
-  return weekday == 1 ? day + 1 : weekday == 7 ? day - 1 : day;
-}
-
 // A few parts move all the time, some hardly ever.
 int PurchaseCount(const Part& part, int perPart, Dice& dice) {
   const int roll = dice.Below(100);
@@ -110,7 +104,7 @@ class Life {
   int Hundredths() const { return static_cast<int>(level_ * 100 / perPurchased_); }
 
   Purchase Entry(long day, int quantity) {
-    Purchase entry{&part_, day, quantity, price_, dice_.Percent(80), quantity, price_, {}};
+    Purchase entry{&part_, day, quantity, price_, dice_.Percent(88), quantity, price_, {}};
     const int hour = 7 + static_cast<int>(day % 9);
     const int minute = static_cast<int>(day * 7 % 60);
     const std::string stamp = Stamp(day, hour, minute);

@@ -58,7 +58,7 @@ void PlaceOrders(Stockroom& room, Dice& dice) {
 void RegisterInvoices(Stockroom& room, Dice& dice) {
   for (int i = 0; i < kInvoices; ++i) {
     const Vendor& vendor = dice.Pick(Vendors());
-    const long day = LastPurchaseDay() - 120 + i * 120 / kInvoices;
+    const long day = WorkDay(LastPurchaseDay() - 120 + i * 120 / kInvoices);
     Invoice invoice{
         vendor.Name, {}, day, day + (dice.Percent(70) ? 30 : 15), dice.Between(4000, 480000), 0};
     invoice.Number = dice.Percent(50) ? std::to_string(dice.Between(10000, 99999))

@@ -19,21 +19,37 @@ constexpr std::string_view kMakers[] = {"Norvane",  "Kelbrook",  "Tessmer",  "Ar
                                         "Voskamp",  "Brightell", "Corvane",  "Haldeck",
                                         "Mirrotec", "Pallwick",  "Stanmoor", "Quenby"};
 
-constexpr std::string_view kNotes[] = {
-    "Check the bore before ordering, two versions are in use.",
-    "Replaces the old number 30-4471. Use up old stock first.",
-    "Lead time 6 to 8 weeks, order ahead of the shutdown.",
-    "Keep dry. Store upright.",
-    "Minimum order 2.",
-    "Fits pumps P-101 to P-104.",
-    "Don't mix with the mineral grade.",
-    "Ask the electricians before substituting another make.",
-    "Shelf life 24 months, see the date on the box.",
-    "Return the core for credit.",
-    "Cut to length at the counter, 3/4\" stubs go in the scrap bin.",
-    "Vendor ships freight collect unless told otherwise.",
-    "Torque to 65 ft-lb.\r\nRe-check after 24 hours.",
-    "Also used by the night crew, count both bins."};
+// A note of the counter, for one category or, with none named, for any.
+struct Note {
+  std::string_view Category, Text;
+};
+constexpr Note kNotes[] = {
+    {"", "Lead time 6 to 8 weeks, order ahead of the shutdown."},
+    {"", "Minimum order 2."},
+    {"", "Vendor ships freight collect unless told otherwise."},
+    {"", "Also used by the night crew, count both bins."},
+    {"", "Replaces the old number 30-4471. Use up old stock first."},
+    {"Bearings", "Check the shaft fit before ordering, two versions are in use."},
+    {"Belts", "Keep out of the sun, hang on the pegs. Change as a set."},
+    {"Seals and gaskets", "Shelf life 24 months, see the date on the bag."},
+    {"Fasteners", "Torque to 65 ft-lb.\r\nRe-check after 24 hours."},
+    {"Electrical", "Ask the electricians before substituting another make."},
+    {"Motors and drives", "Return the old one for core credit."},
+    {"Filters", "Note the date on the frame when fitted."},
+    {"Plumbing", "Cut to length at the counter, 3/4\" stubs go in the scrap bin."},
+    {"Valves", "Rebuild kit is stocked, don't throw the body away."},
+    {"Hydraulics", "Crimped at the bench, bring the old hose."},
+    {"Lubricants", "Don't mix with other grades. Keep the bung closed."},
+    {"Paint and chemicals", "Safety sheet is on the cabinet door."},
+    {"Safety", "Sign out at the counter."},
+    {"Welding", "Keep dry. Store upright."}};
+
+std::string NoteFor(const Category& category, Dice& dice) {
+  std::vector<std::string_view> fitting;
+  for (const Note& note : kNotes)
+    if (note.Category.empty() || note.Category == category.Name) fitting.push_back(note.Text);
+  return std::string(dice.Pick(fitting));
+}
 
 std::string LongNote() {
   std::string note =
@@ -41,7 +57,7 @@ std::string LongNote() {
       "\"Approved equal\" means approved by engineering, not by the counter.\r\n\r\n";
   for (int round = 1; round <= 6; ++round) {
     note += "Revision " + std::to_string(round) + ": ";
-    for (const auto& sentence : kNotes) note.append(sentence).append(" ");
+    for (const Note& sentence : kNotes) note.append(sentence.Text).append(" ");
     note += "\r\n";
   }
   return note;
@@ -153,7 +169,7 @@ Part MakePart(const CatalogueItem& item, std::string number, Dice& dice) {
   part.Active = !dice.Percent(6);
   part.Corporate = dice.Percent(10);
   if (dice.Percent(70)) part.BarCode = BarCode(dice);
-  if (dice.Percent(12)) part.Notes = dice.Pick(kNotes);
+  if (dice.Percent(12)) part.Notes = NoteFor(category, dice);
   SetLevels(part, dice);
   SetSources(part, dice);
   return part;

@@ -90,6 +90,8 @@ inline constexpr int kProfitCenterCount = 3;
 long FirstPurchaseDay();
 long LastPurchaseDay();
 const std::vector<long>& LockDays();
+// The day itself, or the Friday or Monday beside a weekend's: nobody books goods on a Sunday.
+long WorkDay(long day);
 
 struct Stockroom {
   std::vector<stockroom::Part> Parts;

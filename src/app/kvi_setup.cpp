@@ -19,8 +19,8 @@ constexpr int kMostParts = 200000;
 // A larger stockroom is for measuring, with a longer history behind each part.
 constexpr int kPurchasesInLargeSample = 10;
 
-constexpr const char* kUsage =
-    "Usage: kvi-setup FOLDER [--sample] [--parts N]\n"
+constexpr const char* kUsage = "Usage: kvi-setup FOLDER [--sample] [--parts N]\n";
+constexpr const char* kHelp =
     "Makes what Kestvar Inventory needs in FOLDER: TARNWK.INI, KVI.INI, files/master.txt and\n"
     "KV_Inventory.mdb. Files that stand there already are kept as they are.\n"
     "  --sample   fills a new database with a sample stockroom of 1,500 parts\n"
@@ -77,13 +77,15 @@ void SetUp(const Arguments& arguments) {
     };
   for (const auto& file : kvi::SetUpFolder(arguments.Folder, spreadsheet, fill))
     std::printf("%s %s\n", file.Made ? "made" : "kept", file.Path.c_str());
+  if (spreadsheet.empty())
+    std::puts("No spreadsheet program was found: choose one in Utilities before exporting.");
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc == 2 && (std::string_view(argv[1]) == "--help" || std::string_view(argv[1]) == "-h")) {
-    std::fputs(kUsage, stdout);
+    std::printf("%s%s", kUsage, kHelp);
     return 0;
   }
   try {
