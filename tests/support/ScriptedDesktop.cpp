@@ -15,10 +15,16 @@ std::string BoxText(const std::string& title, const std::string& text) {
 
 }  // namespace
 
-ScriptedDesktop::~ScriptedDesktop() { AllCame(); }
+ScriptedDesktop::~ScriptedDesktop() {
+  AllCame();
+}
 
 void ScriptedDesktop::ExpectBox(std::string text, Answer answer, std::string title) {
   steps_.push_back({.kind = "box", .text = BoxText(title, text), .answer = answer});
+}
+
+void ScriptedDesktop::Meanwhile(std::function<void()> action) {
+  steps_.back().user = std::move(action);
 }
 
 void ScriptedDesktop::ExpectInput(std::string prompt, std::optional<std::string> answer,
@@ -50,8 +56,8 @@ std::optional<ScriptedDesktop::Step> ScriptedDesktop::Take(const std::string& ki
     return std::nullopt;
   }
   if (steps_.front().kind != kind || steps_.front().text != text) {
-    ADD_FAILURE() << "came:     " << kind << " " << text
-                  << "\nexpected: " << steps_.front().kind << " " << steps_.front().text;
+    ADD_FAILURE() << "came:     " << kind << " " << text << "\nexpected: " << steps_.front().kind
+                  << " " << steps_.front().text;
     return std::nullopt;
   }
   Step step = std::move(steps_.front());
@@ -59,7 +65,9 @@ std::optional<ScriptedDesktop::Step> ScriptedDesktop::Take(const std::string& ki
   return step;
 }
 
-void ScriptedDesktop::OpenWindow(Screen& screen, bool) { openWindows.push_back(screen.Name()); }
+void ScriptedDesktop::OpenWindow(Screen& screen, bool) {
+  openWindows.push_back(screen.Name());
+}
 
 void ScriptedDesktop::RunModal(Screen& screen) {
   const auto step = Take("screen", screen.Name());
@@ -70,7 +78,9 @@ void ScriptedDesktop::RunModal(Screen& screen) {
     if (open == screen.Name()) ADD_FAILURE() << screen.Name() << " was left open";
 }
 
-void ScriptedDesktop::CloseWindow(Screen& screen) { std::erase(openWindows, screen.Name()); }
+void ScriptedDesktop::CloseWindow(Screen& screen) {
+  std::erase(openWindows, screen.Name());
+}
 
 void ScriptedDesktop::BringToFront(Screen& screen) {
   std::erase(openWindows, screen.Name());
@@ -93,10 +103,13 @@ std::unique_ptr<Surface> ScriptedDesktop::NewDocument(const std::string& jobName
   return std::make_unique<RecordingSurface>(documents.back());
 }
 
-void ScriptedDesktop::PrintScreenImage(Screen& screen) { screensPrinted.push_back(screen.Name()); }
+void ScriptedDesktop::PrintScreenImage(Screen& screen) {
+  screensPrinted.push_back(screen.Name());
+}
 
 Answer ScriptedDesktop::ShowBox(const Box& box) {
   const auto step = Take("box", BoxText(box.title, box.text));
+  if (step && step->user) step->user();
   return step ? step->answer : Answer::Cancel;
 }
 

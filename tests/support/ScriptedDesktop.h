@@ -21,6 +21,8 @@ class ScriptedDesktop : public Desktop {
   // Box texts and titles are compared whole.
   void ExpectBox(std::string text, Answer answer = Answer::Ok,
                  std::string title = "Kestvar Inventory");
+  // What happens elsewhere while the user looks at the box expected last.
+  void Meanwhile(std::function<void()> action);
   void ExpectInput(std::string prompt, std::optional<std::string> answer, std::string title);
   void ExpectFile(std::string title, std::optional<std::string> answer);
   // The user's acts on a modal screen; they must end with its closing.

@@ -1,0 +1,210 @@
+#include <gtest/gtest.h>
+
+#include "items/KVI_InventorySummary.h"
+#include "support/TestStockroom.h"
+#include "utilities/SprdSubs.h"
+
+namespace kvi::test {
+namespace {
+
+class InventorySummaryTest : public ::testing::Test {
+ protected:
+  InventorySummaryTest() {
+    stockroom.Fill("DD_category", "Description\n Belts\n Seals");
+    stockroom.Fill("Vendor_Info", "Name\n Nord\n Alpha");
+    stockroom.Fill("I_Master",
+                   "inv_id | pcenter | name | desc | category | location | where1 | where2 | "
+                   "account | active\n"
+                   "10 | 0 | Belt B54 | wide | Belts | Bin 2 | Nord | Alpha | 3 | YES\n"
+                   "9 | 0 | Seal 20 | narrow | Seals | Bin 1 | Alpha | Nord | 1 | NO\n"
+                   "100 | 0 | belt A20 | apart | belts | Bin 3 | nord | | 2 | yes\n"
+                   "11 | 4 | Elsewhere | | Belts | Bin 9 | Nord | | 4 | YES");
+  }
+  void Open(std::function<void(KVI_InventorySummary&)> user) {
+    stockroom.desktop.ExpectScreen("KVI_InventorySummary", [this, user] {
+      user(Summary());
+      stockroom.user().Click(Summary().exit_lab);
+    });
+    stockroom.user().Click(stockroom.MainScreen().Label1);
+    stockroom.desktop.AllCame();
+  }
+  KVI_InventorySummary& Summary() { return stockroom.App().Get<KVI_InventorySummary>(); }
+  std::string Numbers() { return GridText(Summary().Spread1, 4, 4); }
+  void Choose(ComboBox& combo, const std::string& entry) {
+    ASSERT_TRUE(stockroom.user().Choose(combo, combo.IndexOf(entry))) << entry;
+  }
+
+  TestStockroom stockroom;
+};
+
+TEST_F(InventorySummaryTest, ShowsThe21ColumnsOfTheProfitCenterWithNullAsEmpty) {
+  stockroom.Execute("DELETE * FROM I_Master");
+  stockroom.Fill(
+      "I_Master",
+      "inv_id | pcenter | name | category | location | desc | how_purchased | cost_per | "
+      "qty_on_hand | how_inv | hi_qty | how_used | hu_qty | re_order | optimal | active | "
+      "where1 | w1_id | where2 | w2_id | where3 | w3_id\n"
+      "7 | 0 | Belt | Belts | Bin 2 | wide | case | 12.34565 | 2.345 | box | 12 | each | "
+      "100 | 1 | 1000000 | yes | Nord | N7 | Alpha | A7 | Omega | O7\n"
+      "8 | 0 | Seal | | | | | | | each | | each | | | | |");
+  ASSERT_TRUE(stockroom.Start());
+  stockroom.App().UseColors = true;
+  // The start repaired what a part needs; the other holes stay.
+  Open([&](auto& screen) {
+    EXPECT_EQ(GridText(screen.Spread1),
+              "Belt|Belts|Bin 2|7|wide|case|$ 12.3457|2.35|box|12.00|each|100.00|1.00|1000000.00|"
+              "Active|Nord|N7|Alpha|A7|Omega|O7\n"
+              "Seal|||8|||$ 0.0000|0.00|each||each|1.00|0.00||Not-Active||||||\n");
+    EXPECT_EQ(screen.Spread1.Text(0, 4), "Part #");
+    EXPECT_EQ(screen.Spread1.Text(0, 21), "Where 3 ID#");
+    EXPECT_TRUE(screen.Spread1.Format(1, 1).Lock);
+    EXPECT_EQ(screen.Spread1.Format(2, 1).BackColor, kLightGrey);
+    EXPECT_EQ(screen.StatusBar1.PanelText(1), "1 of 2 records");
+  });
+}
+
+TEST_F(InventorySummaryTest, FiltersByCategoryAndByTheFirstVendorOnly) {
+  ASSERT_TRUE(stockroom.Start());
+  Open([&](auto& screen) {
+    EXPECT_EQ(Numbers(), "100\n10\n9\n") << "by name, whatever its case; inactive ones too";
+    Choose(screen.CatCombo, "Belts");
+    EXPECT_EQ(Numbers(), "100\n10\n");
+    Choose(screen.VendorCombo, "Alpha");
+    EXPECT_EQ(Numbers(), "");
+    EXPECT_EQ(screen.StatusBar1.PanelText(1), "0 of 0 records");
+    Choose(screen.CatCombo, "(All Categories)");
+    EXPECT_EQ(Numbers(), "9\n") << "a second vendor does not count";
+    EXPECT_EQ(stockroom.App().CurrentOrderVendor, "Alpha");
+    Choose(screen.CatCombo, "Seals");
+  });
+  Open([&](auto& screen) {
+    EXPECT_EQ(screen.CatCombo.Text(), "Seals") << "the category survives leaving";
+    EXPECT_EQ(screen.VendorCombo.Text(), "(All Vendors)") << "the vendor does not";
+    EXPECT_EQ(Numbers(), "9\n");
+  });
+  EXPECT_EQ(stockroom.App().CurrentOrderVendor, "Alpha") << "opening is not choosing";
+  EXPECT_TRUE(stockroom.Exit());
+  EXPECT_EQ(stockroom.Get("CurrentInventoryCategory"), "Seals");
+}
+
+TEST_F(InventorySummaryTest, SortsByTheChoiceAndNumbersAsText) {
+  ASSERT_TRUE(stockroom.Start());
+  Open([&](auto& screen) {
+    const struct {
+      const char *choice, *numbers;
+    } cases[] = {{"Description", "100\n9\n10\n"},
+                 {"Location", "9\n10\n100\n"},
+                 {"Category", "100\n10\n9\n"},
+                 {"#", "10\n100\n9\n"},
+                 {"Name", "100\n10\n9\n"}};
+    for (const auto& [choice, numbers] : cases) {
+      Choose(screen.SortCombo, choice);
+      EXPECT_EQ(Numbers(), numbers) << choice;
+    }
+    EXPECT_EQ(screen.SortCombo.IndexOf("Line #"), -1);
+  });
+}
+
+TEST_F(InventorySummaryTest, ManualRefreshLeavesTheGridEmptyUntilAsked) {
+  ASSERT_TRUE(stockroom.Start());
+  Open([&](auto& screen) {
+    EXPECT_FALSE(stockroom.user().Click(screen.refresh_lab)) << "disabled under auto refresh";
+    stockroom.user().Choose(screen.ManualRefresh);
+    EXPECT_EQ(screen.Label2.Caption(),
+              "(Double-Click on an item to view detail  information, Click Refresh before sorting "
+              "or deleting)");
+  });
+  Open([&](auto& screen) {
+    EXPECT_EQ(Numbers(), "");
+    stockroom.user().Click(screen.refresh_lab);
+    EXPECT_EQ(Numbers(), "100\n10\n9\n");
+    Choose(screen.CatCombo, "Seals");
+    EXPECT_EQ(Numbers(), "9\n") << "a filter reloads under manual refresh too";
+    stockroom.user().Choose(screen.AutoRefresh);
+    EXPECT_EQ(screen.Label2.Caption(), "(Double-Click on an item to view detail  information)");
+  });
+}
+
+TEST_F(InventorySummaryTest, ACategoryThatLeftTheListFallsBackToAll) {
+  stockroom.Set("CurrentInventoryCategory", "Gone");
+  ASSERT_TRUE(stockroom.Start());
+  Open([&](auto& screen) {
+    EXPECT_EQ(screen.CatCombo.Text(), "(All Categories)");
+    EXPECT_EQ(Numbers(), "100\n10\n9\n");
+  });
+}
+
+TEST_F(InventorySummaryTest, ColumnWidthsAreKeptForTheInstallation) {
+  ASSERT_TRUE(stockroom.Start());
+  Open([&](auto& screen) {
+    screen.Spread1.SetColWidth(1, 3210);
+    screen.Spread1.SetColWidth(2, 20);
+  });
+  ASSERT_TRUE(stockroom.Start());
+  Open([&](auto& screen) {
+    EXPECT_EQ(screen.Spread1.ColWidth(1), 3210);
+    EXPECT_EQ(screen.Spread1.ColWidth(2), 150) << "a column dragged shut comes back visible";
+  });
+}
+
+// A quote in a category breaks the concatenated statement: the load ends without a word, and
+// nothing else runs from that text.
+TEST_F(InventorySummaryTest, AQuoteInACategoryBreaksTheStatementAndNothingMore) {
+  stockroom.Fill("DD_category", "Description\n O'Ring\n x'; DELETE * FROM I_Master; --");
+  ASSERT_TRUE(stockroom.Start());
+  Open([&](auto& screen) {
+    Choose(screen.CatCombo, "O'Ring");
+    Choose(screen.CatCombo, "x'; DELETE * FROM I_Master; --");
+    Choose(screen.CatCombo, "(All Categories)");
+    EXPECT_EQ(Numbers(), "100\n10\n9\n");
+  });
+}
+
+TEST_F(InventorySummaryTest, PrintsTheGridUnderCompanyTitleAndDate) {
+  ASSERT_TRUE(stockroom.Start());
+  Open([&](auto& screen) {
+    stockroom.desktop.ExpectBox(
+        "This is a draft/screen print only. Use the 'print system' for better quality.\n\n"
+        "Are you sure you want to print this report?",
+        Answer::Yes, "Print");
+    stockroom.user().Click(screen.print_lab);
+  });
+  ASSERT_EQ(stockroom.desktop.documents.size(), 1U);
+  const std::string page = stockroom.desktop.documents[0]->Page(1);
+  for (const char* text : {"| Harbour Works", "| Inventory Maintenance", "| 3/9/2026", "| Page: 1"})
+    EXPECT_NE(page.find(text), std::string::npos) << text << " in\n" << page;
+}
+
+TEST_F(InventorySummaryTest, ExportsForTheSpreadsheetProgram) {
+  const std::string program = stockroom.folder / "calc";
+  WriteFile(program, "#!");
+  stockroom.Set("SpreadsheetExePath", program);
+  ASSERT_TRUE(stockroom.Start());
+  Open([&](auto& screen) {
+    stockroom.desktop.ExpectProgram(program + " \"" + (stockroom.folder / "temp.xls") + "\"");
+    stockroom.user().Click(screen.m_export);
+  });
+  const std::string file = ReadFile(stockroom.folder / "temp.xls");
+  EXPECT_EQ(file.substr(0, file.find("\tDesc")), "Name\tCategory\tLocation\tPart #");
+  EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 4);
+}
+
+TEST_F(InventorySummaryTest, OverASigned16BitCountTheLoadEndsWithTheRowsReached) {
+  {
+    jet::Database database = jet::Database::Open(stockroom.DatabaseFile(), false);
+    jet::WriteBatch batch(database);
+    jet::Recordset items = database.OpenRecordset("SELECT * FROM I_Master");
+    for (int i = 0; i < 32766; ++i) {
+      items.AddNew();
+      items.Set("inv_id", 100000 + i);
+      items.Set("pcenter", 0);
+      items.Update();
+    }
+    batch.Finish();
+  }
+  ASSERT_TRUE(stockroom.Start());
+  Open([&](auto& screen) { EXPECT_EQ(screen.Spread1.MaxRows(), 32767); });
+}
+
+}  // namespace
+}  // namespace kvi::test

@@ -1,0 +1,170 @@
+#include <gtest/gtest.h>
+
+#include "items/KVI_ChooseVendors.h"
+#include "store/DropDown.h"
+#include "store/KVI_GetILocation.h"
+#include "store/KVI_ManageDropLIsts.h"
+#include "support/TestStockroom.h"
+#include "utilities/KVI_Utilities.h"
+
+namespace kvi::test {
+namespace {
+
+class DropListTest : public ::testing::Test {
+ protected:
+  DropListTest() {
+    stockroom.Fill("DD_inv_loc", "Description\n Bin 7\n Aisle 2\n ''");
+    stockroom.Fill("DD_category", "Description\n Belts\n Seals\n belts\n ");
+    stockroom.Fill("Vendor_Info", "Name | Description\n Zeta | 30 days\n Alpha | \n Nord | cash");
+  }
+  // Opens the screen as a user does, through Utilities, and closes both afterwards.
+  void Manage(std::function<void(KVI_ManageDropLIsts&)> user, const std::string& rights = "") {
+    ASSERT_TRUE(stockroom.Start(rights));
+    stockroom.desktop.ExpectScreen("KVI_Utilities", [this, user] {
+      auto& utilities = stockroom.App().Get<KVI_Utilities>();
+      stockroom.desktop.ExpectScreen("KVI_ManageDropLIsts", [this, user] {
+        auto& screen = stockroom.App().Get<KVI_ManageDropLIsts>();
+        user(screen);
+        stockroom.user().Click(screen.exit_lab);
+      });
+      stockroom.user().Click(utilities.Command1);
+      stockroom.user().Click(utilities.exit_lab);
+    });
+    stockroom.user().Click(stockroom.MainScreen().Label7);
+    stockroom.desktop.AllCame();
+  }
+  std::string First(const KVI_ManageDropLIsts& screen, int rows) {
+    std::string text;
+    for (int row = 1; row <= rows; ++row) text += "[" + screen.Spread1.Text(row, 1) + "]";
+    return text;
+  }
+
+  TestStockroom stockroom;
+};
+
+TEST_F(DropListTest, ALongListIsFilledDistinctTrimmedAndInOrder) {
+  ASSERT_TRUE(stockroom.Start());
+  auto& combo = stockroom.App().Get<KVI_ManageDropLIsts>().PaperGoodsCombo;
+  FillDropDown(stockroom.App().CurrentDatabase, combo, "DD_category");
+  EXPECT_EQ(combo.Items(), (std::vector<std::string>{"Belts", "Seals"}));
+  FillDropDown(stockroom.App().CurrentDatabase, combo, "Vendor_Info");
+  EXPECT_EQ(combo.Items(), (std::vector<std::string>{"Alpha", "Nord", "Zeta"}));
+  EXPECT_EQ(combo.ListIndex(), -1);
+  const auto& standing = stockroom.App().Get<KVI_ChooseVendors>().where1;
+  EXPECT_EQ(standing.Items(), (std::vector<std::string>{"Zeta", "Alpha", "Nord"}))
+      << "standing vendor combos keep the table's order";
+}
+
+TEST_F(DropListTest, TheScreenOpensOnLocationsAndSavesTheListWhole) {
+  Manage([&](auto& screen) {
+    EXPECT_TRUE(screen.o_iil.Value);
+    EXPECT_EQ(screen.o_rc.Caption(), "Part Group Category");
+    EXPECT_EQ(First(screen, 4), "[][Aisle 2][Bin 7][]");
+    stockroom.user().TypeIntoCell(screen.Spread1, 5, 1, "  Cage 1 ");
+    stockroom.user().TypeIntoCell(screen.Spread1, 6, 1, std::string(60, 'x'));
+    stockroom.user().Click(screen.Save);
+  });
+  EXPECT_EQ(stockroom.Rows("SELECT Description FROM DD_inv_loc ORDER BY Description"),
+            "\nAisle 2\nBin 7\nCage 1\n" + std::string(50, 'x') + "\n")
+      << "the row without a text survives, new ones are trimmed and cut while typing";
+}
+
+TEST_F(DropListTest, RemovingAndSortingSaveAtOnce) {
+  Manage([&](auto& screen) {
+    stockroom.user().Choose(screen.o_iic);
+    stockroom.user().GoToCell(screen.Spread1, 2, 1);
+    stockroom.desktop.ExpectBox("Are you sure you want to remove this row?", Answer::No,
+                                "Set Drop Info");
+    stockroom.user().Click(screen.remove);
+    stockroom.desktop.ExpectBox("Are you sure you want to remove this row?", Answer::Yes,
+                                "Set Drop Info");
+    stockroom.user().Click(screen.remove);
+    EXPECT_EQ(stockroom.Rows("SELECT Description FROM DD_category WHERE Len(Description) > 0"),
+              "belts\nSeals\n");
+    stockroom.user().TypeIntoCell(screen.Spread1, 5, 1, "Fuses");
+    stockroom.user().Click(screen.sort_lab);
+    EXPECT_EQ(First(screen, 3), "[belts][Fuses][Seals]");
+    stockroom.user().TypeIntoCell(screen.Spread1, 4, 1, "Valves");
+    stockroom.user().AdvancePastLastCell(screen.Spread1);
+  });
+  EXPECT_EQ(stockroom.Rows("SELECT Description FROM DD_category WHERE Len(Description) > 0"),
+            "belts\nFuses\nSeals\nValves\n");
+}
+
+// Sorted by name, but it is the description that is shown and written, and only vendors with one
+// are taken out before.
+TEST_F(DropListTest, TheVendorListKeepsDescriptions) {
+  Manage([&](auto& screen) {
+    stockroom.user().Choose(screen.o_wto);
+    EXPECT_EQ(First(screen, 4), "[][cash][30 days][]");
+    stockroom.user().Click(screen.Save);
+  });
+  EXPECT_EQ(stockroom.Rows("SELECT Name, Description FROM Vendor_Info"),
+            "Alpha|Null\nNull|cash\nNull|30 days\n");
+}
+
+TEST_F(DropListTest, EditsAreNotLostWithoutAQuestion) {
+  Manage([&](auto& screen) {
+    stockroom.user().TypeIntoCell(screen.Spread1, 4, 1, "Cage 1");
+    stockroom.desktop.ExpectBox("Changes have been made.  Save before exiting?", Answer::Yes);
+    stockroom.user().Choose(screen.o_hub);
+    stockroom.user().TypeIntoCell(screen.Spread1, 1, 1, "litre");
+    stockroom.desktop.ExpectBox("Changes have been made.  Save before exiting?", Answer::No);
+  });
+  EXPECT_EQ(stockroom.Rows("SELECT Description FROM DD_inv_loc WHERE Len(Description) > 0"),
+            "Aisle 2\nBin 7\nCage 1\n");
+  EXPECT_EQ(stockroom.Rows("SELECT Description FROM DD_how_used"), "");
+}
+
+TEST_F(DropListTest, WithoutTheWriteRightNothingIsSaved) {
+  Manage(
+      [&](auto& screen) {
+        stockroom.user().TypeIntoCell(screen.Spread1, 2, 1, "Changed");
+        const std::string refusal =
+            "Full Access to Utilities required for this option.\n\nChanges NOT Saved";
+        stockroom.desktop.ExpectBox(refusal);
+        stockroom.user().Click(screen.Save);
+        stockroom.desktop.ExpectBox("Changes have been made.  Save before exiting?", Answer::No);
+      },
+      "/S:WW1W");
+  EXPECT_EQ(stockroom.Rows("SELECT Description FROM DD_inv_loc"), "Bin 7\nAisle 2\n\n");
+}
+
+TEST_F(DropListTest, TheListPrintsUnderTheProductsName) {
+  Manage([&](auto& screen) {
+    stockroom.desktop.ExpectBox(
+        "This is a draft/screen print only. Use the 'print system' for better quality.\n\n"
+        "Are you sure you want to print this report?",
+        Answer::Yes, "Print");
+    stockroom.user().Click(screen.print_lab);
+    stockroom.user().Type(screen.PaperGoodsCombo, " ");
+    EXPECT_EQ(screen.PaperGoodsCombo.Text(), "Paper Goods");
+  });
+  ASSERT_EQ(stockroom.desktop.documents.size(), 1U);
+  const std::string page = stockroom.desktop.documents[0]->Page(1);
+  for (const char* text : {"| Kestvar Inventory", "| Description", "| Aisle 2", "| Page: 1"})
+    EXPECT_NE(page.find(text), std::string::npos) << text << " in\n" << page;
+}
+
+TEST_F(DropListTest, TheLocationScreenKeepsWhatWasAnswered) {
+  ASSERT_TRUE(stockroom.Start());
+  auto& screen = stockroom.App().Get<KVI_GetILocation>();
+  stockroom.desktop.ExpectScreen("KVI_GetILocation", [&] {
+    stockroom.desktop.ExpectFile("Select Data File", "/data/KV_Inventory.mdb");
+    stockroom.user().Click(screen.save);
+    stockroom.user().Click(screen.Label12);
+  });
+  stockroom.App().screens.ShowModal(screen);
+  EXPECT_EQ(stockroom.App().DataFilePath, "/data/KV_Inventory.mdb");
+  EXPECT_FALSE(stockroom.App().DataFileCancelled);
+  stockroom.desktop.ExpectScreen("KVI_GetILocation", [&] {
+    stockroom.user().Type(screen.txtPath, "elsewhere");
+    stockroom.user().Click(screen.Label11);
+  });
+  stockroom.App().screens.ShowModal(screen);
+  EXPECT_TRUE(stockroom.App().DataFileCancelled);
+  EXPECT_EQ(stockroom.App().DataFilePath, "/data/KV_Inventory.mdb");
+}
+
+}  // namespace
+}  // namespace kvi::test

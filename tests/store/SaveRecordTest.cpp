@@ -1,0 +1,100 @@
+#include "store/SaveRecord.h"
+
+#include <gtest/gtest.h>
+
+#include "base/RunTimeError.h"
+#include "store/DButils.h"
+#include "support/TestStockroom.h"
+
+namespace kvi::test {
+namespace {
+
+const char* const kQuestion =
+    "WARNING - Waiting for other user(s) to save changes to this data!\n\n"
+    "Your changes will overwrite any previous changes.\n\n"
+    "Attempt to save changes again?";
+
+// One desk saves a part's level while another works on the same file.
+class SaveRecordTest : public ::testing::Test {
+ protected:
+  SaveRecordTest() {
+    stockroom.Fill("I_Master", "inv_id | qty_on_hand\n 1 | 5\n 2 | 7");
+    EXPECT_TRUE(stockroom.Start());
+    other = jet::Database::Open(stockroom.DatabaseFile(), false);
+    theirs = other.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '1'");
+    ours =
+        stockroom.App().CurrentDatabase.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '1'");
+  }
+  SaveEnd SaveLevel(int level) {
+    return SaveRecord(stockroom.desktop, [&](SaveStatements& run) {
+      run([&] { ours.Edit(); });
+      run([&] { ours.Set("qty_on_hand", level); });
+      run([&] { ours.Update(); });
+    });
+  }
+  std::string Level() {
+    return stockroom.Rows("SELECT qty_on_hand FROM I_Master WHERE inv_id='1'");
+  }
+
+  TestStockroom stockroom;
+  jet::Database other;
+  jet::Recordset theirs, ours;
+};
+
+TEST_F(SaveRecordTest, DataChangedUnderTheEditIsOverwrittenSilently) {
+  ours.Number("qty_on_hand");
+  theirs.Edit();
+  theirs.Set("qty_on_hand", 50);
+  theirs.Update();
+  EXPECT_EQ(SaveLevel(6), SaveEnd::Saved);
+  EXPECT_EQ(Level(), "6\n");
+}
+
+TEST_F(SaveRecordTest, ALockThatLastsAsksAndYesTriesAgain) {
+  theirs.Edit();
+  stockroom.desktop.ExpectBox(kQuestion, Answer::Yes, "KV Inventory Save");
+  stockroom.desktop.ExpectBox(kQuestion, Answer::Yes, "KV Inventory Save");
+  stockroom.desktop.Meanwhile([&] { theirs.CancelUpdate(); });
+  EXPECT_EQ(SaveLevel(6), SaveEnd::Saved);
+  EXPECT_EQ(Level(), "6\n");
+}
+
+TEST_F(SaveRecordTest, NoLeavesTheSaveWithNothingWritten) {
+  theirs.Edit();
+  stockroom.desktop.ExpectBox(kQuestion, Answer::No, "KV Inventory Save");
+  stockroom.desktop.ExpectBox("Changes have NOT been saved", Answer::Ok, "KV Inventory");
+  EXPECT_EQ(SaveLevel(6), SaveEnd::GivenUp);
+  theirs.CancelUpdate();
+  EXPECT_EQ(Level(), "5\n");
+}
+
+TEST_F(SaveRecordTest, ADuplicateAndAnyOtherErrorHaveTheirBoxes) {
+  const auto rename = [&](const Value& number) {
+    return SaveRecord(stockroom.desktop, [&](SaveStatements& run) {
+      run([&] { ours.Edit(); });
+      run([&] { ours.Set("inv_id", number); });
+      run([&] { ours.Update(); });
+    });
+  };
+  stockroom.desktop.ExpectBox("Duplicate # found.  Please enter a different #.\nChanges NOT saved.",
+                              Answer::Ok, "Save Changes");
+  EXPECT_EQ(rename("2"), SaveEnd::Duplicate);
+  ours.CancelUpdate();
+  stockroom.desktop.ExpectBox(
+      "An error has occurred saving data.3163 " + DescriptionOf(3163) + " (inv_id)", Answer::Ok,
+      "KV Inventory Save Changes");
+  EXPECT_EQ(rename("sixteen characters and more"), SaveEnd::Failed);
+  EXPECT_EQ(stockroom.Rows("SELECT inv_id FROM I_Master ORDER BY inv_id"), "1\n2\n");
+}
+
+TEST(IsLockErrorTest, KnowsTheNumbersOfALockAndLooksBehind3000) {
+  for (int code :
+       {3006, 3009, 3046, 3158, 3186, 3189, 3197, 3202, 3211, 3212, 3218, 3260, 3261, 3262})
+    EXPECT_TRUE(IsLockError(code)) << code;
+  EXPECT_FALSE(IsLockError(3022));
+  EXPECT_TRUE(IsLockError(3000, 3260));
+  EXPECT_FALSE(IsLockError(3000, 3022));
+}
+
+}  // namespace
+}  // namespace kvi::test

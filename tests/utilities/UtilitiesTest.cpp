@@ -1,0 +1,86 @@
+#include "utilities/KVI_Utilities.h"
+
+#include <gtest/gtest.h>
+
+#include "support/TestStockroom.h"
+
+namespace kvi::test {
+namespace {
+
+class UtilitiesTest : public ::testing::Test {
+ protected:
+  void Open(std::function<void(KVI_Utilities&)> user) {
+    stockroom.desktop.ExpectScreen("KVI_Utilities", [this, user] {
+      user(stockroom.App().Get<KVI_Utilities>());
+      stockroom.user().Click(stockroom.App().Get<KVI_Utilities>().exit_lab);
+    });
+    stockroom.user().Click(stockroom.MainScreen().Label7);
+    stockroom.desktop.AllCame();
+  }
+  TestStockroom stockroom;
+};
+
+TEST_F(UtilitiesTest, EachChangeCountsAtOnceAndIsInTheFileOnLeaving) {
+  ASSERT_TRUE(stockroom.Start());
+  Open([&](auto& screen) {
+    EXPECT_TRUE(screen.OptUseFIFO.Value);
+    EXPECT_EQ(screen.co_title.Text(), "Harbour Works");
+    stockroom.user().Type(screen.co_title, "Quay 7");
+    stockroom.user().Type(screen.SpreadPath, " /usr/bin/calc ");
+    stockroom.user().Tick(screen.use_color);
+    stockroom.user().Tick(screen.use_osis);
+    stockroom.user().Choose(screen.OptUseLast);
+    EXPECT_TRUE(stockroom.App().UseColors);
+    EXPECT_EQ(stockroom.App().SpreadsheetPath, "/usr/bin/calc");
+    EXPECT_EQ(stockroom.Get("CompanyName"), "Harbour Works");
+  });
+  EXPECT_EQ(stockroom.Get("CompanyName"), "Quay 7");
+  EXPECT_EQ(stockroom.Get("VALUATION"), "LASTPRICE");
+  EXPECT_EQ(stockroom.Get("UseOldStyleInventoryDetail"), "1");
+}
+
+TEST_F(UtilitiesTest, AClickTakesTheNumberOfTheProfitCenterAndLeavingItsPosition) {
+  stockroom.Fill("I_Master", "inv_id | pcenter | name\n 1 | 4 | Bolt\n 2 | 1 | Nut");
+  ASSERT_TRUE(stockroom.Start());
+  Open([&](auto& screen) {
+    stockroom.user().Choose(screen.pcenter, 1);
+    EXPECT_EQ(stockroom.App().CurrentProfitCenter, 4);
+    EXPECT_EQ(stockroom.App().ItemSet.Text("name"), "Bolt");
+    stockroom.user().Leave(screen.pcenter);
+    EXPECT_EQ(stockroom.App().CurrentProfitCenter, 1);
+    EXPECT_EQ(stockroom.MainScreen().pcenter.ListIndex(), 1);
+  });
+}
+
+TEST_F(UtilitiesTest, AFolderWithoutTheDatabaseIsNotTaken) {
+  ASSERT_TRUE(stockroom.Start());
+  Open([&](auto& screen) {
+    stockroom.user().Type(screen.dir_loc, "/nowhere");
+    stockroom.desktop.ExpectBox("There is a problem locating KV_Inventory.mdb.");
+    stockroom.user().Leave(screen.dir_loc);
+    EXPECT_EQ(screen.dir_loc.Text(), "");
+    stockroom.user().Type(screen.dir_loc, stockroom.folder.Path().string() + "\\");
+    stockroom.user().Leave(screen.dir_loc);
+    EXPECT_EQ(screen.dir_loc.Text(), stockroom.folder.Path().string());
+  });
+  EXPECT_TRUE(stockroom.App().CurrentDatabase.IsOpen());
+  EXPECT_EQ(stockroom.App().DatabaseDirectory, stockroom.folder.Path().string());
+}
+
+TEST_F(UtilitiesTest, ColumnWidthsAreResetAfterAQuestion) {
+  ASSERT_TRUE(stockroom.Start());
+  const std::string question =
+      "This will reset the spreadsheet column widths to default values for the Inventory Summary, "
+      "\nPart Group, and Par Order screens.  Continue?";
+  Open([&](auto& screen) {
+    stockroom.desktop.ExpectBox(question, Answer::No, "Utilities");
+    stockroom.user().Click(screen.cmdColWidth);
+    stockroom.desktop.ExpectBox(question, Answer::Yes, "Utilities");
+    stockroom.desktop.ExpectBox("Columns widths have been reset.", Answer::Ok, "Utilities");
+    stockroom.user().Click(screen.cmdColWidth);
+  });
+  EXPECT_EQ(stockroom.Rows("SELECT DISTINCT ColWidth FROM CW_Orders"), "1500\n");
+}
+
+}  // namespace
+}  // namespace kvi::test
