@@ -1,6 +1,6 @@
 #include "jet/Snapshot.h"
 
-#include "base/RunTimeError.h"
+#include "base/Text.h"
 #include "jet/FieldRules.h"
 #include "jet/StatementRun.h"
 
@@ -8,6 +8,16 @@ namespace kvi::jet {
 namespace {
 
 constexpr std::size_t kMostIndexes = 8;
+
+// The name under which a criterion can reach the column: of two alike the first has it, and a
+// nameless expression has none.
+std::string ColumnName(const FieldList& fields, std::size_t field) {
+  const std::string& name = fields[field].Name;
+  bool reachable = !name.empty() && name.find(']') == std::string::npos;
+  for (std::size_t before = 0; reachable && before < field; ++before)
+    reachable = !EqualsNoCase(fields[before].Name, name);
+  return reachable ? Bracketed(name) : "[:" + std::to_string(field) + "]";
+}
 
 }  // namespace
 
@@ -19,7 +29,7 @@ class Snapshot::Finder {
       : memory_(":memory:") {
     std::string columns, marks, indexes;
     for (std::size_t field = 0; field < fields.Size(); ++field) {
-      const std::string name = Bracketed(fields[field].Name);
+      const std::string name = ColumnName(fields, field);
       columns += (field == 0 ? "" : ",") + name + " COLLATE JET1";
       marks += (field == 0 ? "?" : ",?") + std::to_string(field + 1);
       if (field < kMostIndexes)
