@@ -19,9 +19,9 @@ class ScreenStack;
 class ScreenWindow;
 
 // The desktop on Qt: windows, boxes, printer and programs of the machine it runs on. It owns the
-// application object and the windows of the shown screens; a screen that ends before it takes its
-// window along. Events of windows enter the system through the stack's guard, so no exception
-// crosses an event loop.
+// application object and the windows of the shown screens, which must be closed before the screens
+// end. Events of windows enter the system through the stack's guard, so no exception crosses an
+// event loop.
 class QtDesktop : public Desktop {
  public:
   // Draws off screen when the machine has no display. `argc` must live as long as the desktop.

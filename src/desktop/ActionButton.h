@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QColor>
+
+namespace kvi {
+
+// The widget of an action label: a text that is pressed by mouse, Enter, Space and its access key,
+// with a visible focus. As a tile it is large, wraps its text and shows its outline; standing alone
+// on a light panel it is a rounded patch.
+class ActionButton : public QAbstractButton {
+ public:
+  enum class Look { Patch, Action, Tile };
+
+  explicit ActionButton(QWidget* parent = nullptr);
+  void SetLook(Look look);
+  void SetColors(const QColor& fore, const QColor& back);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QColor Ink() const;
+  void DrawTileText(QPainter& painter, const QRect& area) const;
+
+  Look look_ = Look::Patch;
+  QColor fore_ = Qt::white, back_ = Qt::black;
+};
+
+}  // namespace kvi

@@ -1,0 +1,117 @@
+#include "desktop/ControlAdapter.h"
+
+#include <QEvent>
+#include <QPointer>
+#include <QWidget>
+
+#include "desktop/Panel.h"
+#include "desktop/QtText.h"
+#include "desktop/Shades.h"
+#include "desktop/WindowInput.h"
+#include "platform/Gestures.h"
+#include "platform/Screen.h"
+
+namespace kvi {
+
+ControlAdapter::ControlAdapter(Control& control, QWidget* widget, WindowContext& context)
+    : QObject(&context.window), context_(context), control_(control), widget_(widget) {
+  if (widget_ == nullptr) return;
+  widget_->setObjectName(ToQt(control.Name()));
+  widget_->installEventFilter(this);
+}
+
+void ControlAdapter::PropertyChanged(Property property) {
+  Showing([&] {
+    switch (property) {
+      case Property::Enabled:
+        return ShowEnabled();
+      case Property::Visible:
+        return ShowVisible();
+      case Property::BackColor:
+      case Property::ForeColor:
+        ShowColors();
+        return context_.colorsChanged();
+      default:
+        return Show(property);
+    }
+  });
+}
+
+void ControlAdapter::TakeFocus() {
+  if (widget_ != nullptr) widget_->setFocus(Qt::OtherFocusReason);
+}
+
+void ControlAdapter::ShowAll() {
+  Showing([&] {
+    ShowState();
+    ShowEnabled();
+    ShowVisible();
+    ShowColors();
+  });
+}
+
+void ControlAdapter::ShowColorsAgain() {
+  Showing([&] { ShowColors(); });
+}
+
+void ControlAdapter::AddCompanion(QWidget& companion) {
+  companions_.push_back(&companion);
+}
+
+void ControlAdapter::ShowEnabled() {
+  if (widget_ != nullptr) widget_->setEnabled(control_.Enabled);
+}
+
+void ControlAdapter::ShowVisible() {
+  if (widget_ != nullptr) widget_->setVisible(control_.Visible);
+  for (QWidget* companion : companions_) companion->setVisible(control_.Visible);
+}
+
+// Fields: the text on the field's own ground.
+void ControlAdapter::ShowColors() {
+  if (widget_ == nullptr) return;
+  QPalette palette;
+  const QColor ground = BackdropColor(control_.BackColor, control_.ForeColor);
+  const QColor ink = ClassicColor(control_.ForeColor);
+  if (ground.isValid()) palette.setColor(QPalette::Base, ground);
+  if (ink.isValid()) palette.setColor(QPalette::Text, ink);
+  widget_->setPalette(palette);
+}
+
+// A widget signal while the control is being shown is an echo. A window that the gesture closed
+// shows nothing any more; its controls may be gone.
+void ControlAdapter::Hand(const std::function<void(Gestures&)>& gesture) {
+  if (showing_) return;
+  const QPointer<ControlAdapter> self(this);
+  WindowInput& input = context_.input;
+  input.Hand([&](Gestures& gestures) {
+    gesture(gestures);
+    if (self && input.IsOpen()) Showing([&] { ShowState(); });
+  });
+}
+
+QColor ControlAdapter::Backdrop() const {
+  return Panel::BackdropOf(*widget_);
+}
+
+bool ControlAdapter::eventFilter(QObject* watched, QEvent* event) {
+  const bool comes = event->type() == QEvent::Enter;
+  if ((comes || event->type() == QEvent::Leave) && context_.input.IsOpen() &&
+      (control_.Kind() == ControlKind::ActionLabel || control_.MouseMove)) {
+    Hand([this, comes](Gestures& user) {
+      if (comes)
+        user.MoveOver(control_);
+      else
+        user.MoveOver(control_.Owner());
+    });
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void ControlAdapter::Showing(const std::function<void()>& show) {
+  const bool before = std::exchange(showing_, true);
+  show();
+  showing_ = before;
+}
+
+}  // namespace kvi

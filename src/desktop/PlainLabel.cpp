@@ -1,0 +1,18 @@
+#include "desktop/PlainLabel.h"
+
+#include "desktop/Panel.h"
+#include "desktop/Shades.h"
+
+namespace kvi {
+
+PlainLabel::PlainLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
+  setTextFormat(Qt::PlainText);
+}
+
+void PlainLabel::Recolor() {
+  QPalette palette;
+  palette.setColor(QPalette::WindowText, InkOn(Panel::BackdropOf(*this)));
+  setPalette(palette);
+}
+
+}  // namespace kvi

@@ -1,0 +1,70 @@
+#include "desktop/PrintService.h"
+
+#include <QPixmap>
+#include <QPrinterInfo>
+
+#include "desktop/PageMark.h"
+#include "desktop/PrintJob.h"
+#include "desktop/QtText.h"
+
+namespace kvi {
+
+// The printer as a surface: each mark is painted as it comes.
+class PrintService::Document : public MarkingSurface {
+ public:
+  Document(PrintService& service, std::unique_ptr<PrintJob> job)
+      : service_(service), job_(std::move(job)) {}
+
+  double PageWidth() const override { return job_->PageWidth(); }
+  double PageHeight() const override { return job_->PageHeight(); }
+
+  void NewPage() override {
+    job_->NewPage();
+    CurrentX = CurrentY = 0;
+  }
+  void EndDoc() override { service_.Finish(*job_); }
+  void KillDoc() override { job_->Drop(); }
+
+ protected:
+  void Draw(const PageMark& mark) override {
+    PaintMark(job_->Painter(), job_->UnitsPerInch(), mark);
+  }
+
+ private:
+  PrintService& service_;
+  std::unique_ptr<PrintJob> job_;
+};
+
+PrintService::PrintService(std::function<void(const std::string&)> tell) : tell_(std::move(tell)) {}
+
+std::unique_ptr<PrintJob> PrintService::NewJob(const std::string& jobName, bool landscape) const {
+  const QString pdfFolder = QPrinterInfo::defaultPrinter().isNull() ? folder_ + "/printed" : "";
+  return std::make_unique<PrintJob>(ToQt(jobName), pdfFolder, landscape);
+}
+
+std::unique_ptr<Surface> PrintService::NewDocument(const std::string& jobName) {
+  return std::make_unique<Document>(*this, NewJob(jobName, false));
+}
+
+void PrintService::PrintPicture(const QPixmap& picture, const std::string& jobName) {
+  constexpr double kPageMargin = 0.5;  // inches
+  const auto job = NewJob(jobName, picture.width() > picture.height());
+  const double units = job->UnitsPerInch();
+  const QSizeF room((job->PageWidth() - 2 * kPageMargin) * units,
+                    (job->PageHeight() - 2 * kPageMargin) * units);
+  const QSizeF size = QSizeF(picture.size()).scaled(room, Qt::KeepAspectRatio);
+  const QRectF area(QPointF(kPageMargin, kPageMargin) * units, size);
+  job->Painter().setRenderHint(QPainter::SmoothPixmapTransform);
+  job->Painter().drawPixmap(area, picture, QRectF(picture.rect()));
+  Finish(*job);
+}
+
+void PrintService::Finish(PrintJob& job) {
+  const QString pdf = job.Finish();
+  if (pdf.isEmpty() || std::exchange(told_, true)) return;
+  tell_(
+      "There is no printer on this machine. What is printed is saved as PDF documents instead:\n" +
+      FromQt(pdf));
+}
+
+}  // namespace kvi

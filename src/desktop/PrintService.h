@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <memory>
+#include <string>
+
+class QPixmap;
+
+namespace kvi {
+
+class PrintJob;
+class Surface;
+
+// Prints on the machine's printer. Where there is none, each document becomes a PDF in `printed/`
+// under the program's folder, and the first time `tell` is called with a text that says so.
+class PrintService {
+ public:
+  explicit PrintService(std::function<void(const std::string& text)> tell);
+
+  void SetProgramFolder(const QString& folder) { folder_ = folder; }
+  std::unique_ptr<Surface> NewDocument(const std::string& jobName);
+  // One page, as large as its margins allow, in the picture's own proportions.
+  void PrintPicture(const QPixmap& picture, const std::string& jobName);
+
+ private:
+  class Document;
+  std::unique_ptr<PrintJob> NewJob(const std::string& jobName, bool landscape) const;
+  void Finish(PrintJob& job);
+
+  std::function<void(const std::string&)> tell_;
+  QString folder_;
+  bool told_ = false;
+};
+
+}  // namespace kvi
