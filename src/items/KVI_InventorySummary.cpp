@@ -10,6 +10,7 @@
 #include "frame/NotBuiltYet.h"
 #include "store/DropDown.h"
 #include "utilities/ExportGridToSpreadsheet.h"
+#include "utilities/PrintCodes.h"
 #include "utilities/PrintGrid.h"
 #include "utilities/SprdSubs.h"
 
@@ -240,8 +241,8 @@ void KVI_InventorySummary::PrintList() {
   const Hourglass busy(app_.desktop);
   PrintGrid(app_.desktop, Spread1,
             {.jobName = "Printing - Click Cancel to Quit",
-             .header = "/fn\"Arial\"/fz\"14\"/c" + app_.settings.CompanyName + "/n/c" + Caption() +
-                       "/n/c" + Str(app_.clock.Now().WithoutTime()),
+             .header = "/fn\"Arial\"/fz\"14\"/c" + PlainPrintText(app_.settings.CompanyName) +
+                       "/n/c" + Caption() + "/n/c" + Str(app_.clock.Now().WithoutTime()),
              .footer = "/cPage: /p"});
 }
 

@@ -217,9 +217,7 @@ class GridPrinter {
     }
     for (std::size_t i = 0; i < sheet.size(); ++i) {
       const Column& column = sheet[i];
-      const bool number = formats[i].Kind == CellKind::Number;
-      DrawAligned(OnOneLine(grid_.Text(row, column.col)),
-                  number ? CellAlign::Right : formats[i].Align, column.x + kPadding,
+      DrawAligned(OnOneLine(grid_.Text(row, column.col)), formats[i].Align, column.x + kPadding,
                   y + kPadding / 2, column.width - 2 * kPadding);
     }
   }

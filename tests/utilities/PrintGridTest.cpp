@@ -86,7 +86,7 @@ TEST_F(PrintGridTest, APageShowsHeaderHeadingsRowsAndFooter) {
   grid.SetText(1, 2, "1.20");
   grid.SetText(2, 2, "2.20");
   grid.SetAlign(Block::Cell(1, 2), CellAlign::Right);
-  grid.SetKind(Block::Cell(2, 2), CellKind::Number);
+  grid.SetAlign(Block::Cell(2, 2), CellAlign::Right);
   const auto& document =
       Printed("/fn\"Arial\"/fz\"14\"/cAcme Works/n/cUpdate Inventory/n/c3/1/2026", "/cPage: /p");
   EXPECT_EQ(document.jobName, "Job");
