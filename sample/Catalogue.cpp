@@ -56,7 +56,7 @@ std::string Fill(std::string_view pattern, const Filling& filling) {
 int PriceOf(const Family& family, int size, int sizes, int variant) {
   const int last = std::max(1, sizes - 1);
   const int spread = family.Highest - family.Lowest;
-  const int plain = family.Lowest + static_cast<int>(long{spread} * size * size / (last * last));
+  const int plain = family.Lowest + static_cast<int>(long{spread} * size * size / last / last);
   return static_cast<int>(long{plain} * (100 + 18 * variant) / 100);
 }
 

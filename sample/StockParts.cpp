@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <numeric>
+#include <tuple>
 #include <unordered_set>
 
 #include "base/Text.h"
@@ -178,6 +179,7 @@ Part MakePart(const CatalogueItem& item, std::string number, Dice& dice) {
 // The lines of the count sheet follow the walk through the stockroom, in steps that leave room.
 void NumberCountSheetLines(std::vector<Part>& parts) {
   std::vector<Part*> walk;
+  walk.reserve(parts.size());
   for (Part& part : parts) walk.push_back(&part);
   std::ranges::stable_sort(walk, [](const Part* left, const Part* right) {
     return std::tie(left->ProfitCenter, left->Location, left->Name) <

@@ -7,7 +7,6 @@ namespace {
 
 using jet::FieldDef;
 using jet::FieldType;
-using jet::IndexDef;
 using jet::TableDef;
 
 FieldDef Text(const char* name, int size = 255) {
