@@ -135,9 +135,11 @@ void Connection::Configure(const std::string& path) {
       "PRAGMA synchronous=FULL",
       "PRAGMA temp_store=MEMORY",
       "PRAGMA cache_size=-32768",
-      "SELECT count(*) FROM sqlite_master"};
+      "BEGIN;SELECT count(*) FROM sqlite_master"};
   for (const char* setting : settings)
     if (const int code = TryRun(setting); code != SQLITE_OK) RaiseOpenError(db_, code, path);
+  if (IsCutOff(file_)) throw RunTimeError(3343, "'" + path + "' is cut off.");
+  Run("COMMIT");
 }
 
 void Connection::TakeExclusively() {

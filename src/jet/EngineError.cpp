@@ -43,8 +43,23 @@ bool IsFullDisk(int systemError) {
   return systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG;
 }
 
-int NumberOfInputOutput(sqlite3* connection) {
-  return IsFullDisk(sqlite3_system_errno(connection)) ? 3183 : 3043;
+int LastErrorOf(sqlite3* connection, int filePointer) {
+  sqlite3_file* file = nullptr;
+  int error = 0;
+  if (sqlite3_file_control(connection, "main", filePointer, &file) == SQLITE_OK && file &&
+      file->pMethods)
+    file->pMethods->xFileControl(file, SQLITE_FCNTL_LAST_ERRNO, &error);
+  return error;
+}
+
+int NumberOfInputOutput(sqlite3* connection, int code) {
+  // The connection's own number may be that of the undoing that followed; each file keeps its last.
+  const bool writing = code == SQLITE_IOERR_WRITE || code == SQLITE_IOERR_TRUNCATE;
+  const bool full =
+      IsFullDisk(sqlite3_system_errno(connection)) ||
+      (writing && (IsFullDisk(LastErrorOf(connection, SQLITE_FCNTL_FILE_POINTER)) ||
+                   IsFullDisk(LastErrorOf(connection, SQLITE_FCNTL_JOURNAL_POINTER))));
+  return full ? 3183 : 3043;
 }
 
 int NumberOfCannotOpen(sqlite3* connection) {
@@ -79,7 +94,7 @@ int NumberOf(sqlite3* connection, int code) {
     case SQLITE_FULL:
       return 3183;
     case SQLITE_IOERR:
-      return NumberOfInputOutput(connection);
+      return NumberOfInputOutput(connection, code);
     case SQLITE_READONLY:
       return 3027;
     case SQLITE_CANTOPEN:

@@ -12,4 +12,8 @@ enum class FileKind { Database, Jet, Other };
 // the file opened a second time, closing it would drop every lock this process has on it.
 FileKind RecogniseFile(sqlite3_file* file);
 
+// Whether the file is shorter than its header says: a copy that was broken off. Exact while a read
+// lock is held. (The engine itself notices whole pages that are missing, not a part of one.)
+bool IsCutOff(sqlite3_file* file);
+
 }  // namespace kvi::jet
