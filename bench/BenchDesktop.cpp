@@ -1,0 +1,39 @@
+#include "bench/BenchDesktop.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "platform/Screen.h"
+#include "platform/Surface.h"
+
+namespace kvi::bench {
+namespace {
+
+[[noreturn]] void Unexpected(const char* what, const std::string& text) {
+  std::fprintf(stderr, "Unexpected %s: %s\n", what, text.c_str());
+  std::abort();
+}
+
+}  // namespace
+
+void BenchDesktop::RunModal(Screen& screen) {
+  Unexpected("screen", screen.Name());
+}
+void BenchDesktop::StartProgram(const std::string& commandLine) {
+  Unexpected("program", commandLine);
+}
+std::unique_ptr<Surface> BenchDesktop::NewDocument(const std::string& jobName) {
+  Unexpected("document", jobName);
+}
+Answer BenchDesktop::ShowBox(const Box& box) {
+  Unexpected("box", box.text);
+}
+std::optional<std::string> BenchDesktop::AskText(const std::string& prompt, const std::string&,
+                                                 const std::string&) {
+  Unexpected("question", prompt);
+}
+std::optional<std::string> BenchDesktop::AskFile(const FileDialog& dialog) {
+  Unexpected("file dialog", dialog.title);
+}
+
+}  // namespace kvi::bench

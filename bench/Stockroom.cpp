@@ -1,0 +1,47 @@
+#include "bench/Stockroom.h"
+
+#include <filesystem>
+
+#include "bench/RawFile.h"
+#include "items/KVI_ChooseVendors.h"
+#include "utilities/KVI_Utilities.h"
+
+namespace kvi::bench {
+
+namespace fs = std::filesystem;
+
+bool MakeDatabase() {
+  if (fs::exists(kDatabase)) return true;
+  const std::string source = "KV_Inventory.mdb", unfinished = "one-center.new";
+  if (!fs::exists(source)) return false;
+  fs::create_directory(kFolder);
+  fs::copy_file(source, unfinished, fs::copy_options::overwrite_existing);
+  {
+    RawFile file(unfinished);
+    for (const char* table : {"I_Master", "R_Master", "Hist_Purchases"})
+      file.Run(std::string("UPDATE ") + table + " SET pcenter=0");
+    file.Run("VACUUM");
+  }
+  fs::rename(unfinished, kDatabase);
+  fs::remove(unfinished + "-journal");
+  return true;
+}
+
+ScratchCopy::ScratchCopy(std::string path) : path_(std::move(path)) {
+  fs::copy_file(kDatabase, path_, fs::copy_options::overwrite_existing);
+}
+
+ScratchCopy::~ScratchCopy() {
+  std::error_code ignored;
+  fs::remove(path_, ignored);
+  fs::remove(path_ + "-journal", ignored);
+}
+
+Desk::Desk() {
+  app_ = std::make_unique<Application>(Surroundings{desktop_, clock_, chance_, kFolder, ""});
+  // The screens that are there before the database is opened: they show what it holds.
+  app_->Get<KVI_Utilities>();
+  app_->Get<KVI_ChooseVendors>();
+}
+
+}  // namespace kvi::bench

@@ -1,0 +1,62 @@
+// Measures the system beside plain SQLite: one line a figure. To be started in a folder that
+// kvi-setup made; see bench/table.
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "bench/Stockroom.h"
+
+namespace {
+
+std::string TimeText(double seconds) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.2f ms", seconds * 1e3);
+  return text;
+}
+
+// Prints what RunPair counted.
+class TableReporter : public benchmark::BenchmarkReporter {
+ public:
+  bool ReportContext(const Context&) override {
+    std::printf("%-42s %12s %12s %7s %7s\n", "", "ours", "floor", "ratio", "target");
+    return true;
+  }
+
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs) Report(run);
+    std::fflush(stdout);
+  }
+
+  bool HasFailed() const { return failed_; }
+
+ private:
+  void Report(const Run& run) {
+    const std::string& name = run.run_name.function_name;
+    if (run.error_occurred) {
+      std::printf("%-42s failed: %s\n", name.c_str(), run.error_message.c_str());
+      failed_ = true;
+      return;
+    }
+    const double ours = run.counters.at("ours"), floor = run.counters.at("floor");
+    const double target = run.counters.at("target"), ratio = ours / floor;
+    std::printf("%-42s %12s %12s %7.2f %7.2f%s\n", name.c_str(), TimeText(ours).c_str(),
+                TimeText(floor).c_str(), ratio, target, ratio > target ? "  over" : "");
+  }
+
+  bool failed_ = false;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return EXIT_FAILURE;
+  if (!kvi::bench::MakeDatabase()) {
+    std::fputs("There is no KV_Inventory.mdb here: see bench/table.\n", stderr);
+    return EXIT_FAILURE;
+  }
+  TableReporter table;
+  benchmark::RunSpecifiedBenchmarks(&table);
+  return table.HasFailed() ? EXIT_FAILURE : EXIT_SUCCESS;
+}
