@@ -37,7 +37,7 @@ bool JetWriter::Compare(const Operand& left) {
   else if (tokens_.TakeIf("BETWEEN"))
     Between(left, negated);
   else if (negated)
-    tokens_.Fail("Syntax error (missing operator)");
+    tokens_.Fail();
   else
     return false;
   return true;

@@ -8,7 +8,6 @@ namespace kvi::jet {
 namespace {
 
 constexpr std::string_view kCollate = " COLLATE JET1";
-constexpr std::string_view kMissing = "Syntax error (missing operator)";
 
 // A whole number stays one, however it is written: joined to a text it has no decimals.
 Value NumberOf(std::string_view digits) {
@@ -148,7 +147,7 @@ JetWriter::Operand JetWriter::Primary() {
     case JetToken::Kind::Bracketed:
       return NameOrCall(token);
     default:
-      if (!token.IsSymbol("(")) tokens_.Fail(kMissing);
+      if (!token.IsSymbol("(")) tokens_.Fail();
       return Parenthesis(start);
   }
 }
@@ -200,13 +199,13 @@ JetWriter::Operand JetWriter::NameOrCall(const JetToken& token) {
     Parameter(yes);
     return {start, Kind::Truth};
   }
-  if (!token.IsFreeName()) tokens_.Fail(kMissing);
+  if (!token.IsFreeName()) tokens_.Fail();
 
   Operand field{start, Kind::Unknown, {}, token.text};
   Name(token);
   if (tokens_.TakeSymbolIf(".")) {
     const JetToken column = tokens_.Take();
-    if (!column.IsFreeName()) tokens_.Fail(kMissing);
+    if (!column.IsFreeName()) tokens_.Fail();
     out_ += '.';
     Name(column);
     field.qualifier = token.text;

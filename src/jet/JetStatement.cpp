@@ -2,12 +2,6 @@
 #include "jet/JetWriter.h"
 
 namespace kvi::jet {
-namespace {
-
-constexpr std::string_view kMissing = "Syntax error (missing operator)";
-
-}  // namespace
-
 Translation Translate(std::string_view jetSql, const ShapeOfTable& shapeOf) {
   return JetWriter(jetSql, 1, shapeOf).WriteStatement();
 }
@@ -130,7 +124,7 @@ std::string JetWriter::Where() {
 }
 
 JetToken JetWriter::TakeFreeName() {
-  if (!tokens_.Peek().IsFreeName()) tokens_.Fail(kMissing);
+  if (!tokens_.Peek().IsFreeName()) tokens_.Fail();
   return tokens_.Take();
 }
 

@@ -92,11 +92,11 @@ bool JetTokens::TakeSymbolIf(std::string_view symbol) {
 }
 
 void JetTokens::Expect(std::string_view keyword) {
-  if (!TakeIf(keyword)) Fail("Syntax error (missing operator)");
+  if (!TakeIf(keyword)) Fail();
 }
 
 void JetTokens::ExpectSymbol(std::string_view symbol) {
-  if (!TakeSymbolIf(symbol)) Fail("Syntax error (missing operator)");
+  if (!TakeSymbolIf(symbol)) Fail();
 }
 
 void JetTokens::Fail(std::string_view what) const {

@@ -40,7 +40,7 @@ class JetTokens {
   void ExpectSymbol(std::string_view symbol);
 
   // Raises 3075 with the text of the statement.
-  [[noreturn]] void Fail(std::string_view what) const;
+  [[noreturn]] void Fail(std::string_view what = "Syntax error (missing operator)") const;
 
  private:
   JetToken Read();

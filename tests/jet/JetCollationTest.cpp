@@ -18,6 +18,12 @@ int Compare(std::string_view left, std::string_view right) {
                      static_cast<int>(right.size()));
 }
 
+std::string Joined(const std::vector<std::string>& texts) {
+  std::string joined;
+  for (const std::string& text : texts) joined += text + " | ";
+  return joined;
+}
+
 TEST(JetCollation, LettersStandInTheirOrderWithAccentsBesideThem) {
   const std::vector<std::string> ordered = {
       "",      " a",  "-a",   "1",    "10",   "2",    "a",     "A b",       "a-b",    "a1", "ab",
@@ -28,7 +34,7 @@ TEST(JetCollation, LettersStandInTheirOrderWithAccentsBesideThem) {
   std::shuffle(sorted.begin(), sorted.end(), std::mt19937(7));
   std::sort(sorted.begin(), sorted.end(),
             [](const auto& left, const auto& right) { return Compare(left, right) < 0; });
-  EXPECT_EQ(ordered, sorted);
+  EXPECT_EQ(Joined(ordered), Joined(sorted));
 }
 
 TEST(JetCollation, TextIsEqualWithoutRegardToCaseAndToNothingElse) {
