@@ -2,6 +2,7 @@
 #include "jet/JetWriter.h"
 
 namespace kvi::jet {
+
 Translation Translate(std::string_view jetSql, const ShapeOfTable& shapeOf) {
   return JetWriter(jetSql, 1, shapeOf).WriteStatement();
 }
