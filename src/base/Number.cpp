@@ -113,4 +113,9 @@ long CLng(double value) {
   return static_cast<long>(whole);
 }
 
+double Divide(double dividend, double divisor) {
+  if (divisor == 0) throw RunTimeError(11);
+  return dividend / divisor;
+}
+
 }  // namespace kvi

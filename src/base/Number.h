@@ -21,4 +21,7 @@ inline std::string Str(int value) {
 // Raises 6 outside of the 32-bit range.
 long CLng(double value);
 
+// Raises 11 for a divisor of 0, whatever is divided, where the machine would go on.
+double Divide(double dividend, double divisor);
+
 }  // namespace kvi

@@ -8,6 +8,7 @@
 #include "base/Number.h"
 #include "base/Text.h"
 #include "frame/NotBuiltYet.h"
+#include "partgroups/UpdatePartGroupCosts.h"
 #include "store/DropDown.h"
 #include "utilities/ExportGridToSpreadsheet.h"
 #include "utilities/PrintCodes.h"
@@ -247,6 +248,13 @@ void KVI_InventorySummary::PrintList() {
 }
 
 void KVI_InventorySummary::exit_is() {
+  if (app_.PartGroupCostsStale) {
+    if (AskYesNo("You have made changes that could affect part group costs.\n\n"
+                 "Would you like to update part group costs at this time?",
+                 "Update Part Group Costs"))
+      UpdatePartGroupCosts(app_);
+    app_.PartGroupCostsStale = false;
+  }
   CloseScreen();
 }
 

@@ -6,6 +6,7 @@
 #include "frame/ApplyColorScheme.h"
 #include "frame/INI_SUBS.h"
 #include "frame/NotBuiltYet.h"
+#include "partgroups/UpdatePartGroupCosts.h"
 #include "store/KVI_ManageDropLIsts.h"
 #include "store/OpenInventoryDatabase.h"
 #include "utilities/SprdSubs.h"
@@ -36,11 +37,12 @@ void KVI_Utilities::HandleSettings() {
 }
 
 void KVI_Utilities::HandleTasks() {
-  for (Button* later : {&cmdUpdateAllValuations, &Command2, &Command3, &Command4, &Command5,
-                        &Command6, &Command7, &cmdUpdateRecipeCosts, &cmdUpdateRecipeItems,
-                        &cmdDeleteAllRecipes, &cmdDeleteAllItems, &ZeroBtn})
+  for (Button* later :
+       {&cmdUpdateAllValuations, &Command2, &Command3, &Command4, &Command5, &Command6, &Command7,
+        &cmdUpdateRecipeItems, &cmdDeleteAllRecipes, &cmdDeleteAllItems, &ZeroBtn})
     later->Click = [this, later] { SayNotBuiltYet(app_.desktop, later->Caption); };
   Command1.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_ManageDropLIsts>()); };
+  cmdUpdateRecipeCosts.Click = [this] { UpdatePartGroupCosts(app_); };
   cmdColWidth.Click = [this] { AskToResetWidths(); };
 }
 
