@@ -15,6 +15,7 @@
 #include "store/DropDown.h"
 #include "store/OpenInventoryDatabase.h"
 #include "utilities/KVI_Utilities.h"
+#include "valuation/ItemValuation.h"
 
 namespace kvi {
 
@@ -112,7 +113,11 @@ bool Main::MayOpenWithItems(int module) {
 }
 
 void Main::OpenReports() {
-  if (MayOpenWithItems(kReportModule)) SayNotBuiltYet(app_.desktop, "Reports & Analysis");
+  if (!MayOpenWithItems(kReportModule)) return;
+  // Every report of valuations works on figures renewed at this moment.
+  UpdateAllValuations(app_.CurrentDatabase, app_.settings.Valuation, app_.desktop,
+                      app_.CurrentProfitCenter);
+  SayNotBuiltYet(app_.desktop, "Reports & Analysis");
 }
 
 void Main::OpenHelp() {

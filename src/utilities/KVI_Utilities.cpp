@@ -10,6 +10,7 @@
 #include "store/KVI_ManageDropLIsts.h"
 #include "store/OpenInventoryDatabase.h"
 #include "utilities/SprdSubs.h"
+#include "valuation/ItemValuation.h"
 
 namespace kvi {
 
@@ -37,11 +38,11 @@ void KVI_Utilities::HandleSettings() {
 }
 
 void KVI_Utilities::HandleTasks() {
-  for (Button* later :
-       {&cmdUpdateAllValuations, &Command2, &Command3, &Command4, &Command5, &Command6, &Command7,
-        &cmdUpdateRecipeItems, &cmdDeleteAllRecipes, &cmdDeleteAllItems, &ZeroBtn})
+  for (Button* later : {&Command2, &Command3, &Command4, &Command5, &Command6, &Command7,
+                        &cmdUpdateRecipeItems, &cmdDeleteAllRecipes, &cmdDeleteAllItems, &ZeroBtn})
     later->Click = [this, later] { SayNotBuiltYet(app_.desktop, later->Caption); };
   Command1.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_ManageDropLIsts>()); };
+  cmdUpdateAllValuations.Click = [this] { AskToRevalue(); };
   cmdUpdateRecipeCosts.Click = [this] { UpdatePartGroupCosts(app_); };
   cmdColWidth.Click = [this] { AskToResetWidths(); };
 }
@@ -84,6 +85,17 @@ void KVI_Utilities::CheckDirectory() {
   if (std::filesystem::is_regular_file(DatabasePathIn(app_, folder), ignored)) return;
   Inform("There is a problem locating KV_Inventory.mdb.");
   dir_loc.Text = "";
+}
+
+// The pass tells of its own failures and has no result, so the closing box comes either way.
+void KVI_Utilities::AskToRevalue() {
+  if (!AskYesNo("This option will update all valuations using the selected valuation method.  \n\n"
+                "Are you sure you want to continue?",
+                "KV Inventory"))
+    return;
+  UpdateAllValuations(app_.CurrentDatabase, app_.settings.Valuation, app_.desktop,
+                      app_.CurrentProfitCenter);
+  Inform("Valuations updated.");
 }
 
 void KVI_Utilities::AskToResetWidths() {

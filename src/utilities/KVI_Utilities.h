@@ -52,6 +52,7 @@ class KVI_Utilities : public KviScreen {
   void TakeProfitCenter();
   void LeaveProfitCenter();
   void CheckDirectory();
+  void AskToRevalue();
   void AskToResetWidths();
   void Leave();
 
