@@ -148,7 +148,7 @@ Layout KVI_ManageDropLIsts::Arrange() {
                  Actions({&Save, &remove, &sort_lab, &print_lab, &vendors, &exit_lab}),
                  Fill(Row({Column({Frame("List", Column(std::move(options))),
                                    Field("Category Name for Paper Goods", PaperGoodsCombo), Gap()}),
-                           Fill(Of(Spread1))}))});
+                           Fill(Of(Spread1, 3.2, 5))}))});
 }
 
 }  // namespace kvi
