@@ -14,6 +14,7 @@ namespace kvi {
 namespace {
 
 constexpr int kPrinterError = 482;
+constexpr const char* kPart = ".part";  // of a document that is not whole yet
 
 // The job's name as a file name, with the time, so that no document replaces another.
 QString PdfName(const QString& jobName, const QString& folder) {
@@ -23,8 +24,8 @@ QString PdfName(const QString& jobName, const QString& folder) {
   const QString stem = folder + "/" + (name.isEmpty() ? "document" : name) + "-" +
                        QDateTime::currentDateTime().toString("yyyyMMdd-HHmmss");
   QString path = stem + ".pdf";
-  for (int copy = 2; QFileInfo::exists(path); ++copy)
-    path = stem + "-" + QString::number(copy) + ".pdf";
+  const auto taken = [&] { return QFileInfo::exists(path) || QFileInfo::exists(path + kPart); };
+  for (int copy = 2; taken(); ++copy) path = stem + "-" + QString::number(copy) + ".pdf";
   return path;
 }
 
@@ -44,7 +45,7 @@ PrintJob::PrintJob(const QString& jobName, const QString& pdfFolder, bool landsc
 void PrintJob::BeginPdf(const QString& jobName, const QString& pdfFolder) {
   if (!QDir().mkpath(pdfFolder)) Fail("cannot make the folder " + pdfFolder);
   final_ = PdfName(jobName, pdfFolder);
-  temporary_ = final_ + ".part";
+  temporary_ = final_ + kPart;
   QFile probe(temporary_);
   if (!probe.open(QIODevice::WriteOnly))
     Fail("cannot write to " + pdfFolder + ": " + probe.errorString());

@@ -3,37 +3,10 @@
 #include <QPixmap>
 #include <QPrinterInfo>
 
-#include "desktop/PageMark.h"
-#include "desktop/PrintJob.h"
+#include "desktop/QtSurface.h"
 #include "desktop/QtText.h"
 
 namespace kvi {
-
-// The printer as a surface: each mark is painted as it comes.
-class PrintService::Document : public MarkingSurface {
- public:
-  Document(PrintService& service, std::unique_ptr<PrintJob> job)
-      : service_(service), job_(std::move(job)) {}
-
-  double PageWidth() const override { return job_->PageWidth(); }
-  double PageHeight() const override { return job_->PageHeight(); }
-
-  void NewPage() override {
-    job_->NewPage();
-    CurrentX = CurrentY = 0;
-  }
-  void EndDoc() override { service_.Finish(*job_); }
-  void KillDoc() override { job_->Drop(); }
-
- protected:
-  void Draw(const PageMark& mark) override {
-    PaintMark(job_->Painter(), job_->UnitsPerInch(), mark);
-  }
-
- private:
-  PrintService& service_;
-  std::unique_ptr<PrintJob> job_;
-};
 
 PrintService::PrintService(std::function<void(const std::string&)> tell) : tell_(std::move(tell)) {}
 
@@ -43,7 +16,8 @@ std::unique_ptr<PrintJob> PrintService::NewJob(const std::string& jobName, bool 
 }
 
 std::unique_ptr<Surface> PrintService::NewDocument(const std::string& jobName) {
-  return std::make_unique<Document>(*this, NewJob(jobName, false));
+  return std::make_unique<QtSurface>(NewJob(jobName, false),
+                                     [this](PrintJob& job) { Finish(job); });
 }
 
 void PrintService::PrintPicture(const QPixmap& picture, const std::string& jobName) {

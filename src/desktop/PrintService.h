@@ -24,7 +24,6 @@ class PrintService {
   void PrintPicture(const QPixmap& picture, const std::string& jobName);
 
  private:
-  class Document;
   std::unique_ptr<PrintJob> NewJob(const std::string& jobName, bool landscape) const;
   void Finish(PrintJob& job);
 

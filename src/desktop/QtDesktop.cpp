@@ -27,7 +27,7 @@ namespace {
 
 constexpr int kInvalidProcedureCall = 5;
 constexpr int kFileNotFound = 53;
-// A list in a picture is as large as on a common small display.
+// A picture shows a window as on a common small display.
 constexpr QSize kPictureSize{1280, 760};
 
 std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
@@ -189,7 +189,7 @@ bool QtDesktop::SavePicture(Screen& screen, const std::string& pngPath) {
   ScreenWindow* window = WindowOf(screen);
   if (window == nullptr) return false;
   window->Settle();
-  if (screen.TakesWholeDisplay()) window->resize(kPictureSize);
+  window->FitInto(kPictureSize);
   QCoreApplication::processEvents();
   return window->grab().save(ToQt(pngPath), "PNG");
 }

@@ -22,14 +22,17 @@ namespace kvi {
 namespace {
 
 // Lets the content scroll where the display is too small for it, instead of cutting it off.
-QScrollArea* ScrollingArea(QWidget* content, QWidget* parent) {
-  auto* area = new QScrollArea(parent);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setWidgetResizable(true);
-  area->setFocusPolicy(Qt::NoFocus);
-  area->setWidget(content);
-  return area;
-}
+class ScrollingArea : public QScrollArea {
+ public:
+  ScrollingArea(QWidget* content, QWidget* parent) : QScrollArea(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(content);
+  }
+  // The toolkit's own would ask for a scroll bar from the start.
+  QSize sizeHint() const override { return widget()->sizeHint(); }
+};
 
 // How much a control wants to be the first one; 0 is not at all.
 int FocusRank(const Control& control, bool isList) {
@@ -74,16 +77,19 @@ ScreenWindow::ScreenWindow(Screen& screen, Gestures& gestures, bool modal)
   BuildMenus(*bar);
   column->setMenuBar(bar);
   content_ = builder_.Build(screen.Arrange());
-  column->addWidget(ScrollingArea(content_, this), 1);
-  if (QWidget* status = BuildStatus()) column->addWidget(status);
-
+  QWidget* status = BuildStatus();
   for (ControlAdapter* adapter : adapters_) adapter->Tied().Attach(adapter);
   screen_.Attach(this);
   CaptionChanged();
   ShowColors();
   for (ControlAdapter* adapter : adapters_) adapter->ShowAll();
   bar->setVisible(!bar->actions().isEmpty());
-  SetFirstSize();
+
+  // Only now, as the area takes the content's size with everything shown.
+  column->addWidget(new ScrollingArea(content_, this), 1);
+  if (status != nullptr) column->addWidget(status);
+  // The window manager's frame takes its part of the display.
+  FitInto(QWidget::screen()->availableGeometry().size() - QSize(4, 36));
   SetFirstFocus();
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget*, const QWidget* now) { FollowFocus(now); });
@@ -182,12 +188,8 @@ void ScreenWindow::Center() {
   move(std::max(frame.left(), room.left()), std::max(frame.top(), room.top()));
 }
 
-void ScreenWindow::SetFirstSize() {
-  const QRect room = screen()->availableGeometry();
-  // The window manager's frame takes its part of the display.
-  const QSize most = room.size() - QSize(4, 36);
-  const QSize needed = layout()->totalSizeHint();
-  resize(screen_.TakesWholeDisplay() ? most : needed.boundedTo(most));
+void ScreenWindow::FitInto(const QSize& room) {
+  resize(screen_.TakesWholeDisplay() ? room : layout()->totalSizeHint().boundedTo(room));
 }
 
 // A list is ready for the arrow keys, the launch pad for its first tile, a form for its first

@@ -30,6 +30,8 @@ class ScreenWindow : public QWidget, public ScreenView {
   void Dismiss();
   // The widget of a control, or null when the layout has no place for it.
   QWidget* WidgetOf(const Control& control) const;
+  // As large as its content asks for, or all of the room for a list.
+  void FitInto(const QSize& room);
   // What the user types goes no further than its editor until this.
   void FinishEditing();
   // Brings late changes of grids into the picture.
@@ -48,7 +50,6 @@ class ScreenWindow : public QWidget, public ScreenView {
   void BuildMenus(QMenuBar& bar);
   QWidget* BuildStatus();
   void ShowColors();
-  void SetFirstSize();
   void SetFirstFocus();
   QButtonGroup* OptionGroup(const std::string& name);
   ControlAdapter* AdapterOf(const QWidget* widget) const;

@@ -1,5 +1,8 @@
 #include "desktop/SpreadView.h"
 
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QPainter>
 #include <QTimer>
 #include <algorithm>
 
@@ -15,6 +18,26 @@ namespace {
 
 constexpr int kTwipsPerInch = 1440;
 constexpr int kRowHeight = 22;
+
+// Covers the button between the headings, which the style draws as a raised one.
+class FlatCorner : public QObject {
+ public:
+  explicit FlatCorner(QAbstractButton& corner) : QObject(&corner) {
+    corner.installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* corner, QEvent* event) override {
+    if (event->type() != QEvent::Paint) return false;
+    auto* button = static_cast<QWidget*>(corner);
+    QPainter painter(button);
+    painter.fillRect(button->rect(), kHeadingColor);
+    painter.setPen(kEdge);
+    painter.drawLine(button->rect().topRight(), button->rect().bottomRight());
+    painter.drawLine(button->rect().bottomLeft(), button->rect().bottomRight());
+    return true;
+  }
+};
 
 }  // namespace
 
@@ -34,7 +57,7 @@ SpreadView::SpreadView(Spread& grid, Hand hand, QWidget* parent)
   setHorizontalScrollMode(ScrollPerPixel);
   setTabKeyNavigation(false);
   setWordWrap(false);
-  setCornerButtonEnabled(false);
+  if (auto* corner = findChild<QAbstractButton*>()) new FlatCorner(*corner);
   setFrameShape(QFrame::StyledPanel);
   WireHeadings();
 }
@@ -158,7 +181,10 @@ void SpreadView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint
 
 bool SpreadView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
   if (trigger != NoEditTriggers) replacing_ = trigger == AnyKeyPressed;
-  return QTableView::edit(index, trigger, event);
+  const bool opened = QTableView::edit(index, trigger, event);
+  auto* line = opened ? qobject_cast<QLineEdit*>(indexWidget(index)) : nullptr;
+  if (line != nullptr && !replacing_) line->end(false);
+  return opened;
 }
 
 void SpreadView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

@@ -1,0 +1,199 @@
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QTabWidget>
+
+#include "DesktopTest.h"
+
+namespace kvi::test {
+
+using AdaptersTest = DesktopTest;
+
+TEST_F(AdaptersTest, WhatIsTypedFiresChangeOncePerKeyAndWhatIsAssignedOnceInAll) {
+  ShowSample();
+  auto& field = As<QLineEdit>(sample.name);
+  field.setFocus();
+  Type("ab");
+  EXPECT_EQ(sample.TakeLog(), "enter name, name=a, name=ab");
+  sample.name.Text = "Bearing";
+  EXPECT_EQ(field.text(), "Bearing");
+  sample.name.Text = "Bearing";
+  EXPECT_EQ(sample.TakeLog(), "name=Bearing");
+
+  auto& notes = As<QPlainTextEdit>(sample.notes);
+  notes.setFocus();
+  Type("x");
+  sample.notes.Text = "one\ntwo";
+  EXPECT_EQ(notes.toPlainText(), "one\ntwo");
+  EXPECT_EQ(sample.TakeLog(), "leave name, notes=x, notes=one\ntwo");
+}
+
+TEST_F(AdaptersTest, AHandlerMayMendTheTextThatIsBeingTyped) {
+  ShowSample();
+  sample.name.Change = [this] {
+    if (sample.name.Text() == "ab") sample.name.Text = "AB!";
+  };
+  auto& field = As<QLineEdit>(sample.name);
+  field.setFocus();
+  Type("abc");
+  EXPECT_EQ(field.text(), "AB!c");
+  EXPECT_EQ(sample.name.Text(), "AB!c");
+}
+
+TEST_F(AdaptersTest, TypingStopsAtTheBoundAndAnAssignedTextDoesNot) {
+  ShowSample();
+  auto& field = As<QLineEdit>(sample.code);
+  field.setFocus();
+  Type("12345");
+  EXPECT_EQ(sample.code.Text(), "1234");
+  EXPECT_EQ(field.displayText(), "****");
+  sample.code.Text = "123456";
+  EXPECT_EQ(field.text(), "123456");
+}
+
+TEST_F(AdaptersTest, ALockedOrDisabledFieldTakesNothing) {
+  ShowSample();
+  sample.name.Locked = true;
+  auto& field = As<QLineEdit>(sample.name);
+  field.setFocus();
+  Type("a");
+  EXPECT_EQ(field.text(), "");
+  sample.name.Locked = false;
+  Type("a");
+  EXPECT_EQ(sample.name.Text(), "a");
+
+  for (Control* control :
+       {static_cast<Control*>(&sample.save), static_cast<Control*>(&sample.remove),
+        static_cast<Control*>(&sample.active)}) {
+    control->Enabled = false;
+    Click(Widget(*control));
+    EXPECT_FALSE(Widget(*control).isEnabled()) << control->Name();
+  }
+  EXPECT_EQ(sample.TakeLog(), "enter name, name=a");
+}
+
+TEST_F(AdaptersTest, AComboTellsTypingFromChoosing) {
+  ShowSample();
+  auto& category = As<QComboBox>(sample.category);
+  EXPECT_EQ(category.count(), 3);
+  category.setFocus();
+  Type("P");
+  Press(Qt::Key_Down);
+  EXPECT_EQ(sample.TakeLog(), "category=P, category:Bearings");
+  sample.category.SetListIndex(2);
+  EXPECT_EQ(category.currentText(), "Pumps");
+  sample.category.Text = "Belts";
+  EXPECT_EQ(category.currentText(), "Belts");
+  EXPECT_EQ(sample.TakeLog(), "category:Pumps, category=Belts");
+  // Leaving with a text that is an entry is no choice.
+  Press(Qt::Key_Tab);
+  EXPECT_EQ(sample.TakeLog(), "");
+  sample.category.Clear();
+  EXPECT_EQ(category.count(), 0);
+  EXPECT_EQ(category.currentText(), "");
+}
+
+TEST_F(AdaptersTest, AListOnlyComboShowsItsChoiceAndNothingElse) {
+  ShowSample();
+  auto& unit = As<QComboBox>(sample.unit);
+  EXPECT_EQ(unit.currentIndex(), -1);
+  unit.setFocus();
+  Type("f");
+  EXPECT_EQ(sample.TakeLog(), "unit:foot");
+  sample.unit.Clear();
+  sample.unit.AddItem("box");
+  EXPECT_EQ(unit.currentIndex(), -1);
+  EXPECT_EQ(unit.currentText(), "");
+}
+
+TEST_F(AdaptersTest, AListIsChosenByKeysAndOpenedByEnter) {
+  ShowSample();
+  auto& list = As<QListWidget>(sample.groups);
+  list.setFocus();
+  sample.groups.SetListIndex(0);
+  Press(Qt::Key_Down);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(sample.TakeLog(), "groups:Pump rebuild, groups:Line 4, groups double");
+  sample.groups.Clear();
+  EXPECT_EQ(list.count(), 0);
+  EXPECT_EQ(sample.TakeLog(), "");
+}
+
+TEST_F(AdaptersTest, ChecksAndOptionsFollowBothWays) {
+  ShowSample();
+  auto& active = As<QCheckBox>(sample.active);
+  Click(active);
+  sample.active.Value = 0;
+  EXPECT_FALSE(active.isChecked());
+  EXPECT_EQ(sample.TakeLog(), "active=1, active=0");
+
+  sample.fifo.Value = true;
+  EXPECT_TRUE(As<QRadioButton>(sample.fifo).isChecked());
+  Click(Widget(sample.average));
+  EXPECT_FALSE(sample.fifo.Value);
+  EXPECT_FALSE(As<QRadioButton>(sample.fifo).isChecked());
+  sample.average.Value = false;
+  EXPECT_FALSE(As<QRadioButton>(sample.average).isChecked());
+  EXPECT_EQ(sample.TakeLog(), "fifo, average");
+}
+
+TEST_F(AdaptersTest, TabsMenusStatusAndCaptionsFollow) {
+  ShowSample();
+  auto& tabs = As<QTabWidget>(sample.tabs);
+  sample.tabs.Tab = 1;
+  EXPECT_EQ(tabs.currentIndex(), 1);
+  tabs.setCurrentIndex(0);
+  EXPECT_EQ(sample.TakeLog(), "tab 1, tab 0");
+
+  ScreenWindow& window = *desktop.WindowOf(sample);
+  window.findChild<QAction*>("byName")->trigger();
+  EXPECT_TRUE(sample.byName.Checked);
+  EXPECT_TRUE(window.findChild<QAction*>("byName")->isChecked());
+  EXPECT_TRUE(window.findChild<QAction*>("line")->isSeparator());
+  sample.print.Enabled = false;
+  EXPECT_FALSE(window.findChild<QAction*>("print")->isEnabled());
+
+  sample.status.SetPanelText(1, "1 of 3 records");
+  EXPECT_EQ(Widget(sample.status).findChild<QLabel*>()->text(), "1 of 3 records");
+  EXPECT_EQ(As<QLabel>(sample.heading).text(), "Spare parts & tools");
+  sample.SetCaption("Other");
+  EXPECT_EQ(window.windowTitle(), "Other");
+  EXPECT_EQ(window.WidgetOf(sample.unplaced), nullptr);
+}
+
+TEST_F(AdaptersTest, FieldsBearTheirLabelsNamesAndHideWithThem) {
+  ShowSample();
+  EXPECT_EQ(Widget(sample.code).accessibleName(), "Code");
+  EXPECT_EQ(Widget(sample.name).accessibleName(), "Name:");
+  EXPECT_EQ(Widget(sample.code).objectName(), "code");
+  const auto shownTexts = [this] {
+    int shown = 0;
+    for (const QLabel* label : desktop.WindowOf(sample)->findChildren<QLabel*>())
+      if (label->isVisible() && label->text() == "Code:") ++shown;
+    return shown;
+  };
+  EXPECT_EQ(shownTexts(), 1);
+  sample.code.Visible = false;
+  EXPECT_FALSE(Widget(sample.code).isVisible());
+  EXPECT_EQ(shownTexts(), 0);
+}
+
+TEST_F(AdaptersTest, ColoursFollowTheSchemeUnlessTheyCannotBeRead) {
+  ShowSample();
+  sample.SetBackColor(kBlue);
+  const QColor ink = As<QCheckBox>(sample.active).palette().color(QPalette::WindowText);
+  EXPECT_EQ(ink, QColor(Qt::white));
+  sample.name.BackColor = kRed;
+  EXPECT_GT(As<QLineEdit>(sample.name).palette().color(QPalette::Base).lightness(), 200)
+      << "a soft tint behind black text";
+  sample.name.ForeColor = kWhite;
+  EXPECT_EQ(As<QLineEdit>(sample.name).palette().color(QPalette::Base), QColor(0x80, 0, 0));
+}
+
+}  // namespace kvi::test

@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QPixmap>
+#include <QPrinterInfo>
+#include <QProcess>
+#include <QRegularExpression>
+
+#include "DesktopTest.h"
+#include "base/RunTimeError.h"
+#include "desktop/PrintService.h"
+#include "desktop/QtSurface.h"
+
+namespace kvi::test {
+
+// The jobs go into PDFs whether or not the machine has a printer.
+class PrintingTest : public DesktopTest {
+ protected:
+  std::unique_ptr<QtSurface> NewDocument(const QString& name = "Stock report") {
+    return std::make_unique<QtSurface>(std::make_unique<PrintJob>(name, Printed()),
+                                       [this](PrintJob& job) { pdfs_.push_back(job.Finish()); });
+  }
+  QString Printed() const { return ToQt(folder / "printed"); }
+  QStringList Files() const { return QDir(Printed()).entryList(QDir::Files); }
+
+  // Where a word stands, in inches: left edge and top.
+  static QPointF PlaceOf(const QString& pdf, const QString& word) {
+    QProcess reader;
+    reader.start("pdftotext", {"-bbox", pdf, "-"});
+    EXPECT_TRUE(reader.waitForFinished()) << "pdftotext (poppler-utils) is missing";
+    const QRegularExpression pattern("xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\"[^>]*>" + word + "<");
+    const auto match = pattern.match(reader.readAllStandardOutput());
+    EXPECT_TRUE(match.hasMatch()) << FromQt(word);
+    return {match.captured(1).toDouble() / 72, match.captured(2).toDouble() / 72};
+  }
+
+  QStringList pdfs_;
+};
+
+TEST_F(PrintingTest, TextLandsWhereItIsPrintedToTheHundredthOfAnInch) {
+  auto page = NewDocument();
+  EXPECT_DOUBLE_EQ(page->PageWidth(), 8.5);
+  EXPECT_DOUBLE_EQ(page->PageHeight(), 11);
+  page->PrintAt(2.1, 1, "X");
+  page->PrintAt(0.25, 3, "Left");
+  const double right = page->CurrentX;
+  page->Print("Right");
+  page->NewPage();
+  page->FontSize = 14;
+  page->FontBold = true;
+  page->PrintAt(7 - page->TextWidth("1234.50"), 5, "1234.50");
+  EXPECT_NEAR(page->CurrentX, 7, 1e-9);
+  page->EndDoc();
+  ASSERT_EQ(pdfs_.size(), 1);
+  EXPECT_NEAR(PlaceOf(pdfs_[0], "X").x(), 2.1, 0.01);
+  EXPECT_NEAR(PlaceOf(pdfs_[0], "X").y(), 1, 0.03);
+  EXPECT_NEAR(PlaceOf(pdfs_[0], "LeftRight").x(), 0.25, 0.01);
+  EXPECT_GT(right, 0.4);
+  EXPECT_NEAR(PlaceOf(pdfs_[0], "1234.50").x(), 7 - page->TextWidth("1234.50"), 0.01);
+}
+
+TEST_F(PrintingTest, ADocumentGetsItsNameWhenItIsWholeAndADroppedOneLeavesNothing) {
+  auto first = NewDocument("Orders / week 9");
+  auto second = NewDocument("Orders / week 9");
+  first->Print("one");
+  first->EndDoc();
+  second->Print("two");
+  second->EndDoc();
+  ASSERT_EQ(Files().size(), 2) << "of one name and second";
+  EXPECT_TRUE(Files()[0].startsWith("Orders_week_9-")) << FromQt(Files()[0]);
+  NewDocument()->Print("never ended");
+  auto dropped = NewDocument();
+  dropped->Print("dropped");
+  dropped->KillDoc();
+  EXPECT_EQ(Files().size(), 2);
+}
+
+TEST_F(PrintingTest, AFolderThatCannotBeWrittenIsAPrinterError) {
+  WriteFile(folder / "printed", "a file stands in the way");
+  try {
+    NewDocument();
+    FAIL();
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.Number, 482);
+    EXPECT_NE(error.Description.find("printed"), std::string::npos) << error.Description;
+  }
+}
+
+TEST_F(PrintingTest, WithoutAPrinterTheFirstDocumentTellsWhereItIs) {
+  if (!QPrinterInfo::defaultPrinter().isNull()) GTEST_SKIP() << "this machine would print";
+  std::vector<std::string> told;
+  PrintService service([&](const std::string& text) { told.push_back(text); });
+  service.SetProgramFolder(ToQt(folder.Path().string()));
+  QPixmap wide(300, 100);
+  wide.fill(Qt::red);
+  service.PrintPicture(wide, "Screen");
+  service.NewDocument("Second")->EndDoc();
+  ASSERT_EQ(told.size(), 1U);
+  EXPECT_NE(told[0].find(FromQt(Printed()) + "/Screen-"), std::string::npos) << told[0];
+  EXPECT_EQ(Files().size(), 2);
+}
+
+}  // namespace kvi::test

@@ -1,0 +1,232 @@
+#include <QAbstractButton>
+#include <QAction>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "DesktopTest.h"
+#include "base/RunTimeError.h"
+
+namespace kvi::test {
+
+namespace {
+
+// A small modal screen that a test opens over the sample.
+class Question : public Screen {
+ public:
+  explicit Question(const std::string& name) : Screen(name) {}
+  Layout Arrange() override { return Column({Actions({&exit_lab}), Field("Answer:", answer)}); }
+  ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
+  TextBox answer{*this, "answer"};
+};
+
+}  // namespace
+
+class WindowTest : public DesktopTest {
+ protected:
+  QAbstractButton& Button(const Control& control) { return As<QAbstractButton>(control); }
+};
+
+TEST_F(WindowTest, AnActionIsPressedByMouseEnterSpaceAndAccessKeyAtOnce) {
+  ShowSample();
+  Click(Widget(sample.save));
+  Press(Qt::Key_Return);
+  Press(Qt::Key_Space);
+  EXPECT_EQ(sample.TakeLog(), "save, save, save");
+  Widget(sample.name).setFocus();
+  Press(Qt::Key_S, Qt::AltModifier);
+  EXPECT_EQ(sample.TakeLog(), "enter name, leave name, save");
+  EXPECT_TRUE(Widget(sample.save).hasFocus());
+}
+
+TEST_F(WindowTest, AccessKeysAreGivenOutOnceInAWindow) {
+  ShowSample();
+  EXPECT_EQ(Button(sample.save).text(), "&Save");
+  EXPECT_EQ(Button(sample.second).text(), "Sort");
+  sample.save.Caption = "Kee&p";
+  sample.second.Caption = "&Sort now";
+  EXPECT_EQ(Button(sample.second).text(), "&Sort now");
+  EXPECT_EQ(Button(sample.active).text(), "&Active");
+}
+
+TEST_F(WindowTest, TheHoverColourComesAndGoesWithTheMouse) {
+  ShowSample();
+  QTest::mouseMove(&Widget(sample.save));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(sample.save.ForeColor, kBrightGreen);
+  QTest::mouseMove(&Widget(sample.name));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(sample.save.ForeColor, kWhite);
+}
+
+TEST_F(WindowTest, AMenuClickComesAfterTheEditAndTheLeaving) {
+  ShowSample();
+  sample.grid.SetActiveCell(1, 2);
+  Widget(sample.grid).setFocus();
+  Type("7");
+  desktop.WindowOf(sample)->findChild<QAction*>("print")->trigger();
+  EXPECT_EQ(sample.TakeLog(), "edit 7, leave grid, print");
+}
+
+TEST_F(WindowTest, AClickElsewhereComesAfterTheEditAndTheLeaving) {
+  ShowSample();
+  sample.grid.SetActiveCell(1, 2);
+  for (const auto& press : std::vector<std::function<void()>>{
+           [this] { Click(Widget(sample.save)); }, [] { Press(Qt::Key_S, Qt::AltModifier); }}) {
+    Widget(sample.grid).setFocus();
+    Type(sample.grid.Text(1, 2) == "7" ? "8" : "7");
+    press();
+    EXPECT_EQ(sample.TakeLog(), "edit " + sample.grid.Text(1, 2) + ", leave grid, save");
+  }
+}
+
+TEST_F(WindowTest, TheCloseBoxCommitsAsksAndMayBeRefused) {
+  ShowSample();
+  sample.grid.SetActiveCell(1, 2);
+  Widget(sample.grid).setFocus();
+  Type("9");
+  sample.mayClose = false;
+  desktop.WindowOf(sample)->close();
+  EXPECT_EQ(sample.TakeLog(), "edit 9, query");
+  ASSERT_NE(desktop.WindowOf(sample), nullptr);
+  EXPECT_TRUE(desktop.WindowOf(sample)->isVisible());
+  sample.mayClose = true;
+  desktop.WindowOf(sample)->close();
+  EXPECT_EQ(sample.TakeLog(), "query, unload");
+  EXPECT_EQ(desktop.WindowOf(sample), nullptr);
+}
+
+TEST_F(WindowTest, ModalScreensNestAndTheOneBelowComesBack) {
+  ShowSample();
+  Question first("First"), second("Second");
+  sample.save.Click = [&] { stack.ShowModal(first); };
+  first.exit_lab.Click = [&] { stack.ShowModal(second); };
+  second.exit_lab.Click = [&] { stack.Unload(second); };
+  Later([&] {
+    Later([&] {
+      Click(Widget(sample.remove));  // behind a modal screen: nothing happens
+      Click(Widget(second.exit_lab));
+      Later([&] { stack.Unload(first); });
+    });
+    Click(Widget(first.exit_lab));
+    sample.log.push_back("second closed");
+  });
+  Click(Widget(sample.save));
+  EXPECT_EQ(sample.TakeLog(), "second closed, activate");
+  EXPECT_EQ(desktop.WindowOf(first), nullptr);
+  EXPECT_TRUE(desktop.WindowOf(sample)->isActiveWindow());
+}
+
+TEST_F(WindowTest, AScreenMayCloseTheOneBelowItWhoseClickOpenedIt) {
+  ShowSample();
+  Question over("Over");
+  sample.save.Click = [&] {
+    stack.ShowModal(over);
+    sample.log.push_back("back");
+  };
+  Later([&] {
+    stack.Unload(sample);
+    stack.Unload(over);
+  });
+  Click(Widget(sample.save));
+  EXPECT_EQ(sample.TakeLog(), "unload, back");
+  EXPECT_EQ(desktop.WindowOf(sample), nullptr);
+}
+
+TEST_F(WindowTest, AFailureThatNobodyHandlesBecomesABox) {
+  ShowSample();
+  sample.save.Click = [] { throw RunTimeError(11); };
+  QString text;
+  Later([&] {
+    auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    text = box->text();
+    box->button(QMessageBox::Ok)->click();
+  });
+  Click(Widget(sample.save));
+  EXPECT_EQ(text, "11 Division by zero");
+}
+
+TEST_F(WindowTest, TheEndOfTheProcessLeavesAllLoops) {
+  ShowSample();
+  Question over("Over");
+  over.exit_lab.Click = [] { throw EndOfProcess{}; };
+  sample.save.Click = [&] {
+    stack.ShowModal(over);
+    ADD_FAILURE() << "the routine goes on after the end";
+  };
+  Later([&] {
+    Later([&] { Click(Widget(over.exit_lab)); });
+    Click(Widget(sample.save));
+  });
+  EXPECT_EQ(desktop.RunEventLoop(), 0);
+  EXPECT_EQ(desktop.WindowOf(sample), nullptr);
+}
+
+TEST_F(WindowTest, ABoxAnswersWhatWasPressedAndEscapeIsTheCarefulAnswer) {
+  struct {
+    Buttons buttons;
+    std::optional<QMessageBox::StandardButton> press;
+    Answer answer;
+  } const cases[] = {{Buttons::YesNo, QMessageBox::Yes, Answer::Yes},
+                     {Buttons::YesNo, std::nullopt, Answer::No},
+                     {Buttons::YesNoCancel, QMessageBox::No, Answer::No},
+                     {Buttons::YesNoCancel, std::nullopt, Answer::Cancel},
+                     {Buttons::OkCancel, std::nullopt, Answer::Cancel},
+                     {Buttons::Ok, std::nullopt, Answer::Ok}};
+  ShowSample();
+  desktop.SetPointer(MousePointer::Hourglass);
+  for (const auto& test : cases) {
+    Later([&] {
+      EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+      auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (test.press)
+        box->button(*test.press)->click();
+      else
+        QTest::keyClick(box, Qt::Key_Escape);
+    });
+    EXPECT_EQ(desktop.MsgBox({.text = "Sure?", .buttons = test.buttons}), test.answer);
+  }
+  EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+}
+
+TEST_F(WindowTest, TheInputBoxGivesTheTextOrNothing) {
+  ShowSample();
+  for (const bool accept : {true, false}) {
+    Later([accept] {
+      auto* dialog = dynamic_cast<QDialog*>(QApplication::activeModalWidget());
+      QTest::keyClicks(dialog->findChild<QLineEdit*>(), "42");
+      QTest::keyClick(dialog, accept ? Qt::Key_Return : Qt::Key_Escape);
+    });
+    const auto answer = desktop.InputBox("New part number:", "Part", "7");
+    EXPECT_EQ(answer, accept ? std::optional<std::string>("42") : std::nullopt);
+  }
+}
+
+TEST_F(WindowTest, AProgramIsFoundByPathOrNameAndItsAbsenceIs53) {
+  const std::string touched = folder / "with blank";
+  desktop.StartProgram("touch \"" + touched + "\"");
+  QTRY_VERIFY(QFileInfo::exists(ToQt(touched)));
+  for (const char* line : {"no-such-program x", "/no/such/program", ""}) {
+    try {
+      desktop.StartProgram(line);
+      ADD_FAILURE() << line;
+    } catch (const RunTimeError& error) {
+      EXPECT_EQ(error.Number, 53) << line;
+    }
+  }
+  EXPECT_FALSE(desktop.OpenHelp(folder / "manual.chm"));
+}
+
+TEST_F(WindowTest, EverythingFitsIntoASmallDisplay) {
+  ShowSample();
+  ScreenWindow& window = *desktop.WindowOf(sample);
+  window.resize(640, 360);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window.size(), QSize(640, 360));
+  EXPECT_TRUE(desktop.SavePicture(sample, folder / "sample.png"));
+  EXPECT_GT(QFileInfo(ToQt(folder / "sample.png")).size(), 1000);
+}
+
+}  // namespace kvi::test
