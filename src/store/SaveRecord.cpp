@@ -10,6 +10,7 @@ namespace {
 
 constexpr int kDataChanged = 3197;
 constexpr int kDuplicateKey = 3022;
+constexpr int kConnectionFailed = 3146;
 
 // The user would not wait for the lock any longer.
 struct NotWaiting {};
@@ -22,6 +23,11 @@ bool AskToTryAgain(Desktop& desktop) {
                          .title = "KV Inventory Save",
                          .buttons = Buttons::YesNo,
                          .icon = Icon::Question}) == Answer::Yes;
+}
+
+// The engine's own list of what went wrong; here it has the one entry.
+void ShowEngineErrors(Desktop& desktop, const RunTimeError& error) {
+  desktop.MsgBox({.text = Str(error.Number) + " " + error.Description, .icon = Icon::Error});
 }
 
 }  // namespace
@@ -54,11 +60,23 @@ SaveEnd SaveRecord(Desktop& desktop, const std::function<void(SaveStatements&)>&
                       .title = "Save Changes"});
       return SaveEnd::Duplicate;
     }
+    if (error.Number == kConnectionFailed) {
+      ShowEngineErrors(desktop, error);
+      return SaveEnd::Failed;
+    }
     desktop.MsgBox(
         {.text = "An error has occurred saving data." + Str(error.Number) + " " + error.Description,
          .title = "KV Inventory Save Changes",
          .icon = Icon::Error});
     return SaveEnd::Failed;
+  }
+}
+
+void LoadStatements::operator()(const std::function<void()>& statement) const {
+  try {
+    statement();
+  } catch (const RunTimeError& error) {
+    ShowEngineErrors(desktop_, error);
   }
 }
 

@@ -31,4 +31,16 @@ class SaveStatements {
 // A whole save with the boxes of its ends.
 SaveEnd SaveRecord(Desktop& desktop, const std::function<void(SaveStatements&)>& save);
 
+// Runs the statements of a load one by one: one that fails is shown and passed over, so that a
+// field that cannot be read leaves its control as it was.
+class LoadStatements {
+ public:
+  explicit LoadStatements(Desktop& desktop) : desktop_(desktop) {}
+
+  void operator()(const std::function<void()>& statement) const;
+
+ private:
+  Desktop& desktop_;
+};
+
 }  // namespace kvi
