@@ -9,6 +9,7 @@
 #include "frame/Version.h"
 #include "frame/Wording.h"
 #include "items/KVI_ChooseVendors.h"
+#include "items/KVI_InventoryDetail.h"
 #include "items/KVI_InventorySummary.h"
 #include "security/CheckAccess.h"
 #include "security/KVI_SecurityCheckpoint.h"
@@ -57,6 +58,7 @@ void Main::Load() {
   FillDayNames();
   CenterForm();
   app_.Get<KVI_Utilities>();
+  app_.Get<KVI_InventoryDetail>();
   app_.Get<KVI_ChooseVendors>();
   ReadSettings(app_);
   network.Visible = app_.settings.NetworkVisible;

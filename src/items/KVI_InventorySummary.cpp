@@ -103,10 +103,10 @@ void KVI_InventorySummary::HandleEvents() {
   };
   ManualRefresh.Click = [this] { ShowRefreshMode(); };
   refresh_lab.Click = [this] { LoadItemGrid(); };
-  for (ActionLabel* later : {&new_lab, &duplicate, &remove, &find_lab})
-    later->Click = [this, later] {
-      SayNotBuiltYet(app_.desktop, Replace(later->Caption(), "&", ""));
-    };
+  new_lab.Click = [this] { NewItem(); };
+  duplicate.Click = [this] { DuplicateActive(); };
+  remove.Click = [this] { RemoveActive(); };
+  find_lab.Click = [this] { SayNotBuiltYet(app_.desktop, "Find"); };
   print_lab.Click = [this] { PrintList(); };
   exit_lab.Click = [this] { exit_is(); };
   m_export.Click = [this] {
@@ -229,12 +229,6 @@ void KVI_InventorySummary::ShowRefreshMode() {
 void KVI_InventorySummary::ShowPosition() {
   StatusBar1.SetPanelText(1,
                           Str(Spread1.ActiveRow()) + " of " + Str(Spread1.MaxRows()) + " records");
-}
-
-void KVI_InventorySummary::OpenItem(int row) {
-  if (row < 1) return;
-  app_.CurrentCategory = CatCombo.Text;
-  SayNotBuiltYet(app_.desktop, "Inventory Detail");
 }
 
 void KVI_InventorySummary::PrintList() {

@@ -5,12 +5,15 @@
 
 namespace kvi {
 
+class ItemDetailScreen;
+
 // The list of the parts of the current profit center, in 21 columns: filtered, sorted, printed and
 // exported. Its grid is read-only, and is what the detail screens step along.
 class KVI_InventorySummary : public KviScreen {
  public:
   // Every action that takes a part from the grid reads this column.
   static constexpr int kNumberColumn = 4;
+  static constexpr int kNameColumn = 1;
 
   explicit KVI_InventorySummary(Application& app);
 
@@ -55,8 +58,16 @@ class KVI_InventorySummary : public KviScreen {
   void ReloadHidden(bool shade);
   void ShowRefreshMode();
   void ShowPosition();
-  void OpenItem(int row);
   void PrintList();
+  // The layout of the detail screen that the preferences choose.
+  ItemDetailScreen& DetailScreen();
+  void OpenItem(int row);
+  void NewItem();
+  void DuplicateActive();
+  void RemoveActive();
+  bool RemoveItem(const std::string& number);
+  void ReopenItemSet();
+  bool MayWrite();
 
   bool fillingFilters_ = false;
 };

@@ -1,0 +1,49 @@
+#include "items/KVI_InventoryDetail.h"
+
+namespace kvi {
+
+KVI_InventoryDetail::KVI_InventoryDetail(Application& app)
+    : ItemDetailScreen(app, {.name = "KVI_InventoryDetail",
+                             .vendors = Vendors::WithPurchaseSize,
+                             .readsCorporateFlag = true,
+                             .atFirstPart = "Already at beginning of the list.",
+                             .askForNumber = "What new inventory part ID# would you like to use?  "
+                                             "(15 characters maximum)",
+                             .reportMask = "#####0.00"}) {
+  // how_purchased is filled when the screen becomes active, and not before.
+  for (const DropList& list : DropLists())
+    if (list.combo != &how_purchased) app_.DropListCombos.push_back({list.combo, list.table});
+}
+
+Layout KVI_InventoryDetail::Arrange() {
+  return Column(
+      {BannerLayout(), ActionRow(),
+       Fill(Tabs(SSTab1, {InformationPanel(), UsagePanel(), VendorPanel(), PicturePanel()}))});
+}
+
+Layout KVI_InventoryDetail::InformationPanel() {
+  Layout fields =
+      Form({Row({Field("Part #:", i_num, 1.8), Of(btnCID)}), Field("Part Name:", iname, 4.2),
+            Field("Category:", category, 2.6), Field("Location:", location, 2.6),
+            Field("Description:", desc, 4.2), Field("Bar code scan#:", BarCodeScanId, 2.6),
+            Fill(Field("Notes:", notes))});
+  Layout choices = Column({Frame("", Column({Of(active_i), Of(n_active_i)})),
+                           Frame("", Column({Of(rbCII), Of(rbNCII)})), Gap()});
+  return Row({Fill(std::move(fields)), std::move(choices)});
+}
+
+Layout KVI_InventoryDetail::UsagePanel() {
+  return Column({UnitForm(), CostForm(),
+                 Fill(Row({Frame("On-hand and Ordering Levels:", LevelForm()),
+                           Fill(Column({Of(Label24), Fill(Of(RecipeList))}))}))});
+}
+
+Layout KVI_InventoryDetail::VendorPanel() {
+  return Column({Of(*LblPurchaseSize), VendorForm(), Gap()});
+}
+
+Layout KVI_InventoryDetail::PicturePanel() {
+  return Column({Fill(Of(Imageman1)), Of(picpath), Row({Of(Command5), Of(Command7), Gap()})});
+}
+
+}  // namespace kvi

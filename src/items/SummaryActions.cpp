@@ -1,0 +1,95 @@
+#include <algorithm>
+
+#include "base/Number.h"
+#include "items/DuplicateItem.h"
+#include "items/KVI_InventoryDetail.h"
+#include "items/KVI_InventoryDetail1Screen.h"
+#include "items/KVI_InventorySummary.h"
+#include "security/CheckAccess.h"
+#include "store/RepairItemDefaults.h"
+#include "store/SaveRecord.h"
+#include "utilities/SprdSubs.h"
+
+// What the summary does with a part: open it, add one, duplicate it, remove it.
+namespace kvi {
+
+ItemDetailScreen& KVI_InventorySummary::DetailScreen() {
+  if (app_.settings.UseOldStyleInventoryDetail != 0) return app_.Get<KVI_InventoryDetail1Screen>();
+  return app_.Get<KVI_InventoryDetail>();
+}
+
+void KVI_InventorySummary::OpenItem(int row) {
+  if (row < 1) return;
+  app_.CurrentCategory = CatCombo.Text;
+  // The detail screen steps from the active row.
+  Spread1.SetActiveCell(row, Spread1.ActiveCol());
+  ItemDetailScreen& detail = DetailScreen();
+  detail.i_num.Text = Spread1.Text(row, kNumberColumn);
+  detail.SetCaption("Detail");
+  app_.screens.ShowModal(detail);
+}
+
+bool KVI_InventorySummary::MayWrite() {
+  if (CheckAccess(app_.AccessString, kInventoryModule, kWriteAccess)) return true;
+  Inform("Current security clearance is READ ONLY.", "KV Inventory");
+  return false;
+}
+
+// The tabbed layout is made ready even where the single page is shown: that one comes up with its
+// own last content, and its own add button makes a new part on it.
+void KVI_InventorySummary::NewItem() {
+  if (!MayWrite()) return;
+  {
+    const Hourglass busy(app_.desktop);
+    app_.Get<KVI_InventoryDetail>().PrepareNewItem();
+  }
+  app_.screens.ShowModal(DetailScreen());
+  if (AutoRefresh.Value) LoadItemGrid();
+}
+
+// The name tells a duplicate here, while the number tells whether one stands already.
+void KVI_InventorySummary::DuplicateActive() {
+  const int row = Spread1.ActiveRow();
+  if (row < 1) return;
+  if (!AskYesNo("Are you sure you want to duplicate this item?", "Maintenance - Duplicate")) return;
+  {
+    const Hourglass busy(app_.desktop);
+    if (IsNamedDuplicate(Spread1.Text(row, kNameColumn)))
+      return Inform("You cannot duplicate a 'duplicate'.", "Duplicate");
+    if (!DuplicateItem(app_.CurrentDatabase, Spread1.Text(row, kNumberColumn)))
+      return Inform("Duplicate already exists. New record NOT created.", "Duplicate");
+  }
+  GoToFirstCell(Spread1);
+  LoadItemGrid();
+}
+
+void KVI_InventorySummary::RemoveActive() {
+  if (!MayWrite()) return;
+  const int row = Spread1.ActiveRow();
+  if (row < 1) return Inform("Cannot remove. No records were selected.");
+  if (!AskYesNo("Are you sure you want to remove this item?", "- Remove")) return;
+  if (!RemoveItem(Spread1.Text(row, kNumberColumn))) return;
+  ReopenItemSet();
+  if (AutoRefresh.Value) LoadItemGrid();
+  app_.PartGroupCostsStale = true;
+  GoToRow(Spread1, std::min(row, Spread1.MaxRows()));
+}
+
+// Purchases, open orders and locked periods of the part stay.
+bool KVI_InventorySummary::RemoveItem(const std::string& number) {
+  return SaveRecord(app_.desktop, [&](SaveStatements& run) {
+           for (const char* table : {"I_Master", "Inv_Recipe"})
+             run([&] {
+               app_.CurrentDatabase.Execute(std::string("DELETE * FROM ") + table +
+                                            " WHERE Trim(Inv_ID) = '" + number + "';");
+             });
+         }) == SaveEnd::Saved;
+}
+
+void KVI_InventorySummary::ReopenItemSet() {
+  app_.ItemSet = app_.CurrentDatabase.OpenRecordset(
+      "SELECT * FROM I_Master where pcenter = " + Str(app_.CurrentProfitCenter) + " ORDER BY name");
+  if (app_.ItemSet.Eof()) EnsureBaseRecord(app_.CurrentDatabase, app_.ItemSet);
+}
+
+}  // namespace kvi
