@@ -21,8 +21,12 @@ class FieldList {
 
   // Raises 3265 for an unknown name.
   std::size_t Find(std::string_view name) const {
-    const Spelling& last = spellings_[SlotOf(name)];
-    return last.name == name && !name.empty() ? last.index : Search(name);
+    for (std::size_t probe = 0, slot = SlotOf(name); probe < kProbes; ++probe, ++slot) {
+      const Spelling& spelling = spellings_[slot % kSlots];
+      if (spelling.name == name && !name.empty()) return spelling.index;
+      if (spelling.name.empty()) break;
+    }
+    return Search(name);
   }
 
  private:
@@ -31,16 +35,16 @@ class FieldList {
     std::size_t index = 0;
   };
 
+  // Sister fields differ in one letter only ("hi_qty" and "hu_qty"), so each letter counts.
   static std::size_t SlotOf(std::string_view name) {
-    if (name.empty()) return 0;
-    const auto code = [&](std::size_t at) { return static_cast<unsigned char>(name[at]); };
-    return (name.size() * 31U + code(0) * 7U + code(name.size() / 2) * 13U +
-            code(name.size() - 1)) %
-           kSlots;
+    std::size_t slot = name.size();
+    for (const char letter : name) slot = slot * 31 + static_cast<unsigned char>(letter);
+    return slot % kSlots;
   }
   std::size_t Search(std::string_view name) const;
+  void Remember(std::string_view name, std::size_t index) const;
 
-  static constexpr std::size_t kSlots = 128;
+  static constexpr std::size_t kSlots = 128, kProbes = 8;
   std::vector<FieldDef> fields_;
   mutable std::array<Spelling, kSlots> spellings_;
 };
