@@ -131,7 +131,7 @@ void Connection::Configure(const std::string& path) {
   // statement also undoes a save that was broken off.
   const char* settings[] = {
       IsOnLocalDisk(path) ? "PRAGMA journal_mode=PERSIST" : "PRAGMA journal_mode=TRUNCATE",
-      "PRAGMA journal_size_limit=4194304",
+      "PRAGMA journal_size_limit=33554432",
       "PRAGMA synchronous=FULL",
       "PRAGMA temp_store=MEMORY",
       "PRAGMA cache_size=-32768",

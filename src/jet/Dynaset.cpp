@@ -8,6 +8,7 @@ namespace kvi::jet {
 namespace {
 
 constexpr std::size_t kFirstBlock = 4, kLastBlock = 1024, kGrowth = 4;
+constexpr std::size_t kFastWalk = 256;
 
 // A transaction for several reads that must see one state of the file.
 class ReadTogether {
@@ -88,7 +89,10 @@ void Dynaset::Land() {
   RequireCurrent();
   Engine& engine = TheEngine();
   engine.lock.Breathe();
-  engine.Look();
+  if (block_.End() - block_.Begin() < kFastWalk)
+    engine.Look();
+  else
+    engine.Glance();
   outgrown_.clear();
   if (!block_.Covers(Position()) || block_.Stamp != Now()) ReadBlockAround(Position());
   if (block_.IsGone(Position())) throw RunTimeError(3167);
@@ -108,6 +112,7 @@ void Dynaset::ReadBlockAround(std::size_t position) {
     count = std::min(grown, position + 1);
     begin = position + 1 - count;
   }
+  if (!block_.IsEmpty()) shape_->Settle();
   block_.Read(TheEngine(), *shape_, keys_, begin, std::min(count, keys_.Size() - begin));
 }
 

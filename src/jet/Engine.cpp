@@ -37,6 +37,16 @@ void Engine::Look() {
   ForgetSchema();
 }
 
+void Engine::Glance() {
+  constexpr int kMostRows = 16;
+  constexpr std::chrono::milliseconds kLongest{2};
+  const auto now = std::chrono::steady_clock::now();
+  if (++glances_ < kMostRows && now - lastLook_ < kLongest) return;
+  glances_ = 0;
+  lastLook_ = now;
+  Look();
+}
+
 void Engine::ForgetSchema() {
   schema.Forget();
   queries_.clear();

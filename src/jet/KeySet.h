@@ -16,6 +16,7 @@ class KeySet {
   std::size_t Size() const { return keys_.size(); }
   std::size_t Live() const { return keys_.size() - deletedCount_; }
   std::int64_t operator[](std::size_t position) const { return keys_[position]; }
+  bool IsAscending() const { return ascending_; }
   bool IsDeleted(std::size_t position) const { return deletedCount_ > 0 && deleted_[position]; }
 
   void Append(std::int64_t key);

@@ -35,7 +35,12 @@ QueryShape::QueryShape(std::shared_ptr<StoredTable> table, const Translation& tr
 
 void QueryShape::WantAlso(std::size_t field) {
   wanted_[field] = 1;
-  anyWanted_ = true;
+  settled_ = true;
+  columns_.reset();
+}
+
+void QueryShape::WantNothing() {
+  settled_ = true;
   columns_.reset();
 }
 
@@ -52,7 +57,7 @@ ColumnChoice QueryShape::Choose() const {
   std::string plain = key + "," + version;
   std::string joined = "t." + key + "," + (table_->Versioned ? "t." : "") + version;
   for (std::size_t field = 0; field < fields_.Size(); ++field) {
-    if (anyWanted_ && !wanted_[field]) continue;
+    if (settled_ && !wanted_[field]) continue;
     choice.PositionOf[field] = static_cast<int>(choice.Fields.size());
     choice.Fields.push_back(field);
     const std::string name = Bracketed(fields_[field].Name);
@@ -60,8 +65,10 @@ ColumnChoice QueryShape::Choose() const {
     joined += ",t." + name;
   }
   choice.OpenSql = "SELECT " + plain + " FROM " + table + condition_ + order_;
-  choice.BlockSql = "SELECT " + joined + " FROM json_each(?1) AS k CROSS JOIN " + table +
-                    " AS t ON t." + key + "=k.value";
+  choice.ListSql = "SELECT " + joined + " FROM json_each(?1) AS k CROSS JOIN " + table +
+                   " AS t ON t." + key + "=k.value";
+  choice.RangeSql =
+      "SELECT " + plain + " FROM " + table + " WHERE " + key + " BETWEEN ?1 AND ?2 ORDER BY " + key;
   choice.RowSql = "SELECT " + plain + " FROM " + table + " WHERE " + key + "=?1";
   choice.FindSql = "SELECT " + plain + " FROM " + table + " WHERE ";
   return choice;

@@ -19,7 +19,8 @@ struct ColumnChoice {
   std::vector<std::size_t> Fields;  // in the order in which they are fetched
   std::vector<int> PositionOf;      // by field
   std::string OpenSql;              // the whole set, in its order
-  std::string BlockSql;             // the rows of a list of keys, in the list's order
+  std::string ListSql;              // the rows of a list of keys, in the list's order
+  std::string RangeSql;             // the rows from one key to another, in the keys' order
   std::string RowSql;               // the row of one key
   std::string FindSql;              // ends in WHERE: a condition comes behind it
 };
@@ -43,18 +44,23 @@ class QueryShape {
   void Want(std::size_t field) {
     if (!wanted_[field]) WantAlso(field);
   }
-  // All columns as long as nothing was read.
+  // A block was passed, so what was not read by now mostly is not read at all.
+  void Settle() {
+    if (!settled_) WantNothing();
+  }
+  // All columns at first.
   const std::shared_ptr<const ColumnChoice>& Columns();
 
  private:
   void WantAlso(std::size_t field);
+  void WantNothing();
   ColumnChoice Choose() const;
 
   std::shared_ptr<StoredTable> table_;
   FieldList fields_;
   std::string condition_, order_, keySql_;
   std::vector<char> wanted_;
-  bool anyWanted_ = false;
+  bool settled_ = false;
   std::shared_ptr<const ColumnChoice> columns_;
   std::size_t lastCount_ = static_cast<std::size_t>(-1);
 };

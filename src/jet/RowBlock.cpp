@@ -7,6 +7,9 @@
 namespace kvi::jet {
 namespace {
 
+// How many times its rows a range of keys may hold to be read as a range.
+constexpr std::int64_t kDense = 3;
+
 std::string ListOf(const KeySet& keys, std::size_t begin, std::size_t count) {
   std::string list = "[";
   list.reserve(count * 10 + 2);
@@ -25,22 +28,33 @@ std::string ListOf(const KeySet& keys, std::size_t begin, std::size_t count) {
 void RowBlock::Read(Engine& engine, QueryShape& shape, const KeySet& keys, std::size_t begin,
                     std::size_t count) {
   Start(begin, shape.Columns());
-  const bool single = count == 1;
-  const std::string list = single ? std::string() : ListOf(keys, begin, count);
-  StatementRun run(engine.connection, single ? columns_->RowSql : columns_->BlockSql);
-  if (single)
-    run.Bind(1, keys[begin]);
-  else
-    run.Bind(1, std::string_view(list));
   rows_.resize(count);
   cells_.resize(count * columns_->Fields.size());
+  const std::int64_t first = keys[begin], last = keys[begin + count - 1];
+  if (keys.IsAscending() && last - first < static_cast<std::int64_t>(count) * kDense) {
+    StatementRun run(engine.connection, columns_->RangeSql);
+    run.Bind(1, first);
+    run.Bind(2, last);
+    TakeAll(engine, shape, keys, run, true);
+  } else {
+    const std::string list = ListOf(keys, begin, count);
+    StatementRun run(engine.connection, columns_->ListSql);
+    run.Bind(1, std::string_view(list));
+    TakeAll(engine, shape, keys, run, false);
+  }
+}
+
+void RowBlock::TakeAll(Engine& engine, const QueryShape& shape, const KeySet& keys,
+                       StatementRun& run, bool isRange) {
   std::size_t row = 0;
   bool first = true;
   while (run.Step()) {
     if (first) engine.Look();  // while the read lock is held
     first = false;
-    while (keys[begin + row] != run.Whole(0)) ++row;
-    Take(run, shape, row++);
+    const std::int64_t key = run.Whole(0);
+    // In a range there are rows that are not of the set; in both there are keys whose row is gone.
+    while (keys[begin_ + row] != key && !(isRange && keys[begin_ + row] > key)) ++row;
+    if (keys[begin_ + row] == key) Take(run, shape, row);
   }
   Stamp = engine.Now(shape.Table());
 }

@@ -51,6 +51,8 @@ class RowBlock {
     bool gone = true;
   };
 
+  void TakeAll(Engine& engine, const QueryShape& shape, const KeySet& keys, StatementRun& run,
+               bool isRange);
   void Take(const StatementRun& run, const QueryShape& shape, std::size_t row);
 
   std::size_t begin_ = 0;

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <ctime>
 #include <thread>
 
 #include "base/RunTimeError.h"
@@ -14,6 +15,13 @@ bool IsBusy(int code) {
 }
 
 }  // namespace
+
+WriteLock::Clock::time_point WriteLock::Tick() {
+  timespec tick{};
+  clock_gettime(CLOCK_MONOTONIC_COARSE, &tick);
+  return Clock::time_point(std::chrono::seconds(tick.tv_sec) +
+                           std::chrono::nanoseconds(tick.tv_nsec));
+}
 
 void WriteLock::Begin() {
   if (connection_.IsReadOnly()) throw RunTimeError(3027);
@@ -29,7 +37,7 @@ void WriteLock::Take() {
   watch_.Look();
   changesBefore_ = sqlite3_total_changes64(connection_.Handle());
   group_ = InBatch();
-  groupBegun_ = Clock::now();
+  groupBegun_ = Tick();
 }
 
 void WriteLock::End() {
@@ -110,7 +118,7 @@ void WriteLock::EnterBatch() {
   ++batches_;
   if (group_ || !connection_.InTransaction()) return;
   group_ = true;  // an edit is open: its row is the first of the batch
-  groupBegun_ = Clock::now();
+  groupBegun_ = Tick();
 }
 
 void WriteLock::CommitGroup() {
@@ -125,7 +133,7 @@ void WriteLock::Breathe() {
     CommitGroup();
   } catch (const RunTimeError& error) {
     if (error.Number != 3260) throw;
-    groupBegun_ = Clock::now();  // the next write, or the next read after a while, tries again
+    groupBegun_ = Tick();  // the next write, or the next read after a while, tries again
   }
 }
 

@@ -188,6 +188,33 @@ TEST_F(SharingTest, AnEditBegunBeforeABatchIsWrittenWithIt) {
   EXPECT_EQ(RowsOf(other_, kParts, "qty"), "1\n");
 }
 
+TEST_F(SharingTest, ALongBatchLetsOthersInBetweenItsGroups) {
+  AddParts(500);
+  OtherProcess bulk([&](const OtherProcess::Report& report) {
+    Database database = Database::Open(path_, false);
+    WriteBatch batch(database);
+    for (int pass = 0;; ++pass) {
+      Recordset set = database.OpenRecordset("SELECT * FROM I_Master");
+      for (; !set.Eof(); set.MoveNext()) {
+        set.Edit();
+        set.Set("qty", pass);
+        set.Update();
+        if (pass == 0 && set.Text("inv_id") == "100") report("on its way");
+      }
+    }
+  });
+  EXPECT_EQ(bulk.Line(), "on its way");
+  Recordset set = db_.OpenRecordset(kParts);
+  for (int save = 0; save < 5; ++save) {
+    EXPECT_EQ(ErrorOf([&] { db_.Execute("UPDATE I_Master SET notes = 'saved'"); }), 0);
+    const int error = ErrorOf([&] { set.Edit(); });
+    EXPECT_TRUE(error == 0 || error == 3197) << error;
+    set.Set("name", "saved");
+    EXPECT_EQ(ErrorOf([&] { set.Update(); }), 0);
+  }
+  bulk.Kill();
+}
+
 TEST_F(SharingTest, AFileHeldExclusivelyOpensForNobodyElse) {
   db_.Close();
   other_.Close();
