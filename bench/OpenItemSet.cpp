@@ -15,12 +15,13 @@ void OpenItemSet(benchmark::State& state) {
   RawFile file(kDatabase);
   sqlite3_stmt* keys = file.Prepare("SELECT _rid FROM I_Master WHERE pcenter=0 ORDER BY name,_rid");
   sqlite3_stmt* part = file.Prepare("SELECT * FROM I_Master WHERE _rid=?1");
+  const int nameColumn = ColumnNamed(part, "name");
   const auto floor = [&] {
     std::vector<sqlite3_int64> found;
     while (Step(keys)) found.push_back(sqlite3_column_int64(keys, 0));
     sqlite3_bind_int64(part, 1, found.front());
     std::string name;
-    while (Step(part)) name = TextOf(part, 3);
+    while (Step(part)) name = TextOf(part, nameColumn);
     return static_cast<double>(name.size() + found.size());
   };
   RunPair(state, {{ours}, {floor}, 1.5});

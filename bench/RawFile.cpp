@@ -19,7 +19,7 @@ RawFile::RawFile(const std::string& path) {
   constexpr int kFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
   if (sqlite3_open_v2(path.c_str(), &db_, kFlags, nullptr) != SQLITE_OK) Fail(db_, path);
   jet::RegisterJetFunctions(db_);  // the indexes are in our order
-  Run("PRAGMA journal_mode=PERSIST;PRAGMA journal_size_limit=4194304;PRAGMA synchronous=FULL;"
+  Run("PRAGMA journal_mode=PERSIST;PRAGMA journal_size_limit=33554432;PRAGMA synchronous=FULL;"
       "PRAGMA temp_store=MEMORY;PRAGMA cache_size=-32768");
 }
 
@@ -59,6 +59,12 @@ bool Step(sqlite3_stmt* statement) {
   if (code != SQLITE_DONE) Fail(sqlite3_db_handle(statement), sqlite3_sql(statement));
   sqlite3_reset(statement);
   return false;
+}
+
+int ColumnNamed(sqlite3_stmt* statement, const char* name) {
+  int column = 0;
+  while (sqlite3_stricmp(sqlite3_column_name(statement, column), name) != 0) ++column;
+  return column;
 }
 
 std::string TextOf(sqlite3_stmt* statement, int column) {

@@ -36,6 +36,8 @@ class RawFile {
 
 // Goes to the next row; false at the end, where the statement is ready to run again.
 bool Step(sqlite3_stmt* statement);
+// The place of a column in what a statement gives.
+int ColumnNamed(sqlite3_stmt* statement, const char* name);
 // The column's text, "" for Null.
 std::string TextOf(sqlite3_stmt* statement, int column);
 

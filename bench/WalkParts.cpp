@@ -22,12 +22,13 @@ double Ours(jet::Database& database) {
 }
 
 double Floor(sqlite3_stmt* parts) {
-  // Where the table has them, behind _rid.
-  enum { kNumber = 1, kName = 3, kCategory = 5, kCost = 13, kQuantity = 14 };
+  const int number = ColumnNamed(parts, "inv_id"), name = ColumnNamed(parts, "name");
+  const int category = ColumnNamed(parts, "category");
+  const int quantity = ColumnNamed(parts, "qty_on_hand"), cost = ColumnNamed(parts, "cost_per");
   double sum = 0;
   while (Step(parts))
-    sum += SumOf(TextOf(parts, kNumber), TextOf(parts, kName), TextOf(parts, kCategory),
-                 sqlite3_column_double(parts, kQuantity), sqlite3_column_double(parts, kCost));
+    sum += SumOf(TextOf(parts, number), TextOf(parts, name), TextOf(parts, category),
+                 sqlite3_column_double(parts, quantity), sqlite3_column_double(parts, cost));
   return sum;
 }
 
