@@ -55,6 +55,8 @@ Database Database::Create(const std::string& path, const std::vector<TableDef>& 
   std::filesystem::remove(unfinished, error);
   try {
     MakeTables(unfinished, tables);
+    // The journal of a database that is gone would be played back into the new one.
+    std::filesystem::remove(path + "-journal", error);
     std::filesystem::rename(unfinished, path, error);
     if (error) throw RunTimeError(3051);
   } catch (const RunTimeError&) {

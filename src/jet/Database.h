@@ -24,9 +24,14 @@ class Database {
   Database& operator=(Database&&) noexcept;
 
   // Raises 3024 for a missing file, 3051 when it may not be read, 3045 when another desk holds it
-  // exclusively, 3343 for a file that is no database (also a zero-length or cut one), and
-  // 3343 with its own description for a real Jet file. Never changes a file that it refuses. A file or folder
-  // without write permission opens for reading; writing then raises 3027.
+  // exclusively, 3343 for a file that is no database (also a zero-length or cut one), and 3343 with
+  // its own description for a real Jet file. Never changes a file that it refuses. A save that was
+  // broken off (a killed desk, a power cut) is undone here; 3051 where rights forbid that. A file
+  // or folder without write permission opens for reading; writing then raises 3027.
+  //
+  // A SQLite file of another tool opens as well: its tables are read and written by their row
+  // numbers, and without `_ver` no change by another desk is noticed. A table without row numbers
+  // opens as a snapshot.
   static Database Open(const std::string& path, bool exclusive);
   // Makes a new file with the tables given; raises 3204 when one stands there already.
   static Database Create(const std::string& path, const std::vector<TableDef>& tables);
@@ -35,10 +40,11 @@ class Database {
   void Close();
 
   // Opens a statement in the Jet dialect as a dynaset on its first row; a grouped, joined or
-  // DISTINCT query is a snapshot.
+  // DISTINCT query is a snapshot, which cannot be written (3027). Raises 3061 or 3078 for a wrong
+  // name, 3075 for a bad statement, 3219 for one that acts.
   Recordset OpenRecordset(std::string_view sql);
   // Runs one action statement; the result is the count of rows it wrote. Commits at once, or with
-  // the open WriteBatch.
+  // the open WriteBatch. 3065 for a query; 3260 and the rest as Recordset::Update.
   long Execute(std::string_view sql);
 
   // Tables in the order of their making, each with its fields as stored.
@@ -48,7 +54,8 @@ class Database {
 
   // Called before the program waits for a person: whatever is held in the file is given back. An
   // open WriteBatch commits what it has; an edit in progress gives its lock up and takes it again
-  // at Update.
+  // at Update. If the row changed meanwhile, the last writer wins: Update writes the fields that
+  // were set over the other desk's, and leaves the others as they are now.
   void GiveBackLocks();
 
  private:

@@ -18,7 +18,12 @@ class RecordsetImpl;
 //
 // The current row: after opening it is the first; after AddNew and Update it is the one before,
 // and the new row stands at the end of the set; after Delete the row is gone and MoveNext goes to
-// the one behind it. Reading without a current row raises 3021.
+// the one behind it. Reading without a current row raises 3021, on a deleted one 3167. Moving loses
+// an edit that was not written.
+//
+// Which rows a dynaset has, and in which order, is fixed when it is opened; its own new rows join
+// it, whatever its condition says. Each row is seen as it stands when it becomes the current one
+// (in a fast walk a change of the last 2 ms may be missed; Edit never misses one).
 class Recordset {
  public:
   Recordset();  // closed; every call raises 3420
@@ -40,8 +45,8 @@ class Recordset {
   void MoveNext();
   void MovePrevious();
 
-  // Goes to the first row that meets the criterion; NoMatch() tells whether there was none, and
-  // the current row then stays.
+  // Goes to the first of the set's rows that meets the criterion, through an index where there is
+  // one; NoMatch() tells whether there was none, and the current row then stays.
   void FindFirst(std::string_view criterion);
   bool NoMatch() const;
 
@@ -59,11 +64,11 @@ class Recordset {
   void Edit();
   // Puts a value into the edit buffer: 3020 without one, 3163 for a text over the field's size,
   // 3421 for a value that the field's type cannot take ("" into a number or a date too). Null is
-  // taken by every field.
+  // taken by every field; a boolean one makes it False.
   void Set(std::string_view field, const Value& value);
-  // Writes the edit buffer. 3020 without one, 3022 for a duplicate key, 3183 for a full disk, 3027
-  // for a read-only file, 3260 for a lock that lasts: after that one the edit buffer is kept and
-  // Update can be run again.
+  // Writes the fields that were set. 3020 without an edit, 3022 for a duplicate key, 3183 for a
+  // full disk, 3027 for a read-only file, 3260 for a lock that lasts. After each of them the row is
+  // as it was, the lock is given back, the edit buffer is kept and Update can be run again.
   void Update();
   void CancelUpdate();
   void Delete();

@@ -73,8 +73,10 @@ void Schema::CreateTable(Connection& connection, const TableDef& table) {
   int number = 0;
   for (const IndexDef& index : table.Indexes) {
     std::string columns;
-    for (const std::string& column : index.Columns)
-      columns += (columns.empty() ? "" : ",") + column;
+    for (const std::string& column : index.Columns) {
+      if (!columns.empty()) columns += ",";
+      columns += column;
+    }
     connection.Run((index.Unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") +
                    Bracketed(table.Name + "_" + std::to_string(++number)) + " ON " + name + "(" +
                    columns + ")");

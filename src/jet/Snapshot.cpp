@@ -64,6 +64,7 @@ Snapshot::Snapshot(std::shared_ptr<Engine> engine, const Engine::Query& query)
   StatementRun run(TheEngine().connection, query.translation.Sql);
   run.BindAll(query.translation.Parameters);
   std::vector<FieldDef> fields;
+  fields.reserve(static_cast<std::size_t>(run.Columns()));
   for (int column = 0; column < run.Columns(); ++column)
     fields.push_back(FieldOfColumn(run.Name(column), run.DeclaredType(column)));
   while (run.Step()) {

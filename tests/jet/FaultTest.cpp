@@ -43,7 +43,7 @@ class FaultTest : public JetFile {
     EXPECT_EQ(writer.Ask("BEGIN;UPDATE I_Master SET name = 'half', notes = zeroblob(3000)"), "");
     for (const char* file : {"KV_Inventory.mdb", "KV_Inventory.mdb-journal"})
       fs::copy_file(folder_ / file, folder + "/" + file);
-    const std::string broken = folder + "/KV_Inventory.mdb";
+    std::string broken = folder + "/KV_Inventory.mdb";
     EXPECT_NE(test::ReadFile(broken).find("half"), std::string::npos);
     return broken;
   }
@@ -120,6 +120,15 @@ TEST_F(FaultTest, ABrokenOffWriteIsUndoneAtOpening) {
   EXPECT_EQ(RowsOf(database, "SELECT * FROM I_Master WHERE name <> 'Part ' & inv_id", "inv_id"),
             "");
   EXPECT_EQ(RawFile(broken).Ask("PRAGMA integrity_check"), "ok\n");
+}
+
+TEST_F(FaultTest, ANewFileTakesNothingFromTheJournalOfALostOne) {
+  AddParts(300);
+  const std::string path = BreakOffAWrite(folder_ / "lost");
+  fs::remove(path);
+  Database database = Database::Create(path, TestTables());
+  EXPECT_EQ(RowsOf(database, "SELECT * FROM I_Master", "inv_id"), "");
+  EXPECT_EQ(RawFile(path).Ask("PRAGMA integrity_check"), "ok\n");
 }
 
 TEST_F(FaultTest, AFullDiskIs3183AndTheSaveCanBeRunAgain) {

@@ -1,4 +1,7 @@
 // Several desks on one file, in one process and in many.
+#include <array>
+#include <memory>
+
 #include "base/ErrorOf.h"
 #include "base/RunTimeError.h"
 #include "jet/JetTestFile.h"
@@ -256,14 +259,14 @@ void AddToAll(const std::string& path, const std::string& notes) {
 }
 
 TEST_F(SharingTest, FourDesksBesideABulkPassLoseNothing) {
-  constexpr int kRounds = 60, kParts4 = 4000;
-  AddParts(kParts4);
+  constexpr int kRounds = 60, kPartCount = 4000;
+  AddParts(kPartCount);
   db_.Close();
   {
-    std::vector<std::unique_ptr<OtherProcess>> desks;
-    for (int desk = 0; desk < 4; ++desk)
-      desks.push_back(std::make_unique<OtherProcess>(
-          [&](const OtherProcess::Report&) { AddToLevels(path_, kRounds); }));
+    std::array<std::unique_ptr<OtherProcess>, 4> desks;
+    for (auto& desk : desks)
+      desk = std::make_unique<OtherProcess>(
+          [&](const OtherProcess::Report&) { AddToLevels(path_, kRounds); });
     OtherProcess bulk([&](const OtherProcess::Report&) { AddToAll(path_, "checked"); });
     for (const auto& desk : desks) EXPECT_EQ(desk->AllLines(), "");
     EXPECT_EQ(bulk.AllLines(), "");
@@ -272,7 +275,7 @@ TEST_F(SharingTest, FourDesksBesideABulkPassLoseNothing) {
   EXPECT_EQ(file.Ask("SELECT sum(qty) FROM I_Master WHERE val(inv_id) <= 3"),
             std::to_string(3 * 10 + 4 * kRounds) + ".0\n");
   EXPECT_EQ(file.Ask("SELECT count(*) FROM I_Master WHERE notes = 'checked'"),
-            std::to_string(kParts4 - 3) + "\n");
+            std::to_string(kPartCount - 3) + "\n");
 }
 
 }  // namespace
