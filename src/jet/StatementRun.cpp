@@ -6,6 +6,30 @@
 #include <string>
 
 namespace kvi::jet {
+namespace {
+
+// What a field of the type holds of a whole number, a double or a text that is stored.
+Value OfWhole(std::int64_t number, FieldType type) {
+  if (type == FieldType::Boolean) return number != 0;
+  if (type == FieldType::Double || type == FieldType::Single) return static_cast<double>(number);
+  return number;
+}
+
+Value OfDouble(double number, FieldType type) {
+  if (type == FieldType::Boolean) return number != 0;
+  if (type == FieldType::Integer && std::nearbyint(number) == number && std::fabs(number) < 9e15)
+    return static_cast<std::int64_t>(number);
+  return number;
+}
+
+Value OfText(std::string_view text, FieldType type) {
+  if (type == FieldType::Boolean) return Value(text).Boolean();
+  if (type == FieldType::Date)
+    if (const auto date = FromIsoText(text)) return *date;
+  return text;
+}
+
+}  // namespace
 
 StatementRun::StatementRun(Connection& connection, std::string_view sql)
     : connection_(connection), statement_(connection.Prepared(sql)) {}
@@ -84,21 +108,16 @@ std::string_view StatementRun::Text(int column) const {
 }
 
 Value StatementRun::Field(int column, FieldType type) const {
-  const int held = sqlite3_column_type(statement_, column);
-  if (type == FieldType::Boolean) {
-    if (held == SQLITE_TEXT) return Plain(column).Boolean();
-    return sqlite3_column_double(statement_, column) != 0;
+  switch (sqlite3_column_type(statement_, column)) {
+    case SQLITE_NULL:
+      return type == FieldType::Boolean ? Value(false) : Value();
+    case SQLITE_INTEGER:
+      return OfWhole(Whole(column), type);
+    case SQLITE_FLOAT:
+      return OfDouble(sqlite3_column_double(statement_, column), type);
+    default:
+      return OfText(Text(column), type);
   }
-  if (held == SQLITE_INTEGER && (type == FieldType::Double || type == FieldType::Single))
-    return sqlite3_column_double(statement_, column);
-  if (held == SQLITE_FLOAT && type == FieldType::Integer) {
-    const double number = sqlite3_column_double(statement_, column);
-    if (std::nearbyint(number) == number && std::fabs(number) < 9e15)
-      return static_cast<std::int64_t>(number);
-  }
-  if (held == SQLITE_TEXT && type == FieldType::Date)
-    if (const auto date = FromIsoText(Text(column))) return *date;
-  return Plain(column);
 }
 
 Value StatementRun::Plain(int column) const {
