@@ -87,6 +87,16 @@ TEST_F(SaveRecordTest, ADuplicateAndAnyOtherErrorHaveTheirBoxes) {
   EXPECT_EQ(stockroom.Rows("SELECT inv_id FROM I_Master ORDER BY inv_id"), "1\n2\n");
 }
 
+TEST_F(SaveRecordTest, ALostConnectionShowsTheEnginesErrorsAndLeaves) {
+  stockroom.desktop.ExpectBox("3146 The server is gone.");
+  EXPECT_EQ(SaveRecord(stockroom.desktop,
+                       [](SaveStatements& run) {
+                         run([] { throw RunTimeError(3146, "The server is gone."); });
+                         ADD_FAILURE() << "the save goes on";
+                       }),
+            SaveEnd::Failed);
+}
+
 TEST(IsLockErrorTest, KnowsTheNumbersOfALockAndLooksBehind3000) {
   for (int code :
        {3006, 3009, 3046, 3158, 3186, 3189, 3197, 3202, 3211, 3212, 3218, 3260, 3261, 3262})
