@@ -2,8 +2,6 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QShortcutEvent>
-#include <QStyle>
 #include <QTextLayout>
 
 #include "desktop/QtText.h"
@@ -61,18 +59,10 @@ QSize ActionButton::sizeHint() const {
                                : QSize(text.width() + 24, text.height() + 10);
 }
 
-// The toolkit's own press by access key comes a tenth of a second late; here it is at once. The
-// focus goes first, so that whatever was being typed elsewhere is in before the click.
-bool ActionButton::event(QEvent* event) {
-  if (event->type() == QEvent::Shortcut) {
-    if (static_cast<QShortcutEvent*>(event)->isAmbiguous()) return true;
-    setFocus(Qt::ShortcutFocusReason);
-    if (isEnabled()) click();
-    return true;
-  }
+void ActionButton::changeEvent(QEvent* event) {
+  QAbstractButton::changeEvent(event);
   if (event->type() == QEvent::EnabledChange)
     setCursor(isEnabled() ? Qt::PointingHandCursor : Qt::ArrowCursor);
-  return QAbstractButton::event(event);
 }
 
 void ActionButton::keyPressEvent(QKeyEvent* event) {

@@ -20,7 +20,7 @@ class ActionButton : public QAbstractButton {
   QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
-  bool event(QEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 

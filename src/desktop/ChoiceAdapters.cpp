@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include "desktop/AccessKeys.h"
@@ -103,6 +104,8 @@ TabAdapter::TabAdapter(TabStrip& strip, WindowContext& context)
     : ControlAdapter(strip, new QTabWidget(&context.window), context),
       strip_(strip),
       shown_(static_cast<QTabWidget&>(*Widget())) {
+  // A click on a tab takes the focus, as it ends what is being typed elsewhere.
+  shown_.tabBar()->setFocusPolicy(Qt::StrongFocus);
   connect(&shown_, &QTabWidget::currentChanged, this, [this](int tab) {
     if (tab >= 0) Hand([&](Gestures& user) { user.Choose(strip_, tab); });
   });

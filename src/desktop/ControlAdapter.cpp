@@ -1,7 +1,9 @@
 #include "desktop/ControlAdapter.h"
 
+#include <QAbstractButton>
 #include <QEvent>
 #include <QPointer>
+#include <QShortcutEvent>
 #include <QWidget>
 
 #include "desktop/Panel.h"
@@ -94,7 +96,20 @@ QColor ControlAdapter::Backdrop() const {
   return Panel::BackdropOf(*widget_);
 }
 
+// The toolkit's own press by access key comes a tenth of a second late and leaves the focus where
+// it was. Here the focus goes first, so that whatever is being typed elsewhere is in before the
+// click.
+bool ControlAdapter::PressByAccessKey(const QShortcutEvent& event) {
+  auto* button = qobject_cast<QAbstractButton*>(widget_);
+  if (button == nullptr || event.isAmbiguous()) return false;
+  button->setFocus(Qt::ShortcutFocusReason);
+  if (button->isEnabled()) button->click();
+  return true;
+}
+
 bool ControlAdapter::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Shortcut && PressByAccessKey(*static_cast<QShortcutEvent*>(event)))
+    return true;
   const bool comes = event->type() == QEvent::Enter;
   if ((comes || event->type() == QEvent::Leave) && context_.input.IsOpen() &&
       (control_.Kind() == ControlKind::ActionLabel || control_.MouseMove)) {

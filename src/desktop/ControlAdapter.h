@@ -9,6 +9,7 @@
 #include "platform/Control.h"
 
 class QButtonGroup;
+class QShortcutEvent;
 class QWidget;
 
 namespace kvi {
@@ -70,6 +71,7 @@ class ControlAdapter : public QObject, public ControlView {
   WindowContext& context_;
 
  private:
+  bool PressByAccessKey(const QShortcutEvent& event);
   void Showing(const std::function<void()>& show);
 
   Control& control_;

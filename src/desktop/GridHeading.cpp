@@ -37,6 +37,11 @@ int GridHeading::NeededHeight() const {
   return lines * line + 12;
 }
 
+QSize GridHeading::sectionSizeFromContents(int section) const {
+  const int width = fontMetrics().horizontalAdvance(TextOf(section)) + 2 * kPadding + 4;
+  return {width, fontMetrics().height() + kPadding};
+}
+
 void GridHeading::paintSection(QPainter* painter, const QRect& area, int section) const {
   painter->fillRect(area, kHeadingColor);
   painter->setPen(kEdge);

@@ -13,6 +13,7 @@ class GridHeading : public QHeaderView {
   int NeededHeight() const;
 
  protected:
+  QSize sectionSizeFromContents(int section) const override;
   void paintSection(QPainter* painter, const QRect& area, int section) const override;
 
  private:

@@ -79,7 +79,7 @@ ButtonAdapter::ButtonAdapter(Button& button, WindowContext& context)
     : ControlAdapter(button, new QPushButton(&context.window), context),
       button_(button),
       shown_(static_cast<QPushButton&>(*Widget())) {
-  shown_.setAutoDefault(false);
+  shown_.setAutoDefault(true);  // Enter presses it
   connect(&shown_, &QAbstractButton::clicked, this,
           [this] { Hand([this](Gestures& user) { user.Click(button_); }); });
 }

@@ -1,9 +1,12 @@
 #include "desktop/Look.h"
 
 #include <QApplication>
+#include <QIcon>
+#include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 namespace kvi {
 
@@ -20,11 +23,27 @@ class Style : public QProxyStyle {
         return '*';
       case SH_LineEdit_PasswordMaskDelay:
         return 0;
-      case SH_MessageBox_CenterButtons:
-        return 1;
+      case SH_Table_GridLineColor:
+        return static_cast<int>(kGridLine.rgb());
       default:
         return QProxyStyle::styleHint(hint, option, widget, data);
     }
+  }
+
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                         const QWidget* widget) const override {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    return type == CT_PushButton ? size + QSize(12, 4) : size;
+  }
+
+  // The heading behind the last column, which is not the grid's own to paint.
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    if (element != CE_HeaderEmptyArea)
+      return QProxyStyle::drawControl(element, option, painter, widget);
+    painter->fillRect(option->rect, kHeadingColor);
+    painter->setPen(kEdge);
+    painter->drawLine(option->rect.bottomLeft(), option->rect.bottomRight());
   }
 };
 
@@ -56,12 +75,31 @@ QFont AppFont(double points) {
   return font;
 }
 
+// A shelf with three parts, in the colours of the banner.
+QIcon ProgramIcon() {
+  QPixmap picture(64, 64);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Qt::black);
+  painter.drawRoundedRect(QRectF(2, 2, 60, 60), 10, 10);
+  painter.setBrush(Qt::white);
+  painter.drawRect(QRectF(12, 46, 40, 4));
+  painter.drawRect(QRectF(14, 28, 12, 16));
+  painter.drawRect(QRectF(28, 20, 10, 24));
+  painter.setBrush(QColor(0x3A, 0xD8, 0x3A));
+  painter.drawRect(QRectF(40, 33, 10, 11));
+  return picture;
+}
+
 }  // namespace
 
 void ApplyLook(QApplication& app) {
   QApplication::setStyle(new Style);
   QApplication::setPalette(LightPalette());
   QApplication::setFont(AppFont(10));
+  QApplication::setWindowIcon(ProgramIcon());
   app.setEffectEnabled(Qt::UI_AnimateCombo, false);
 }
 

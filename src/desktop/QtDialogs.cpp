@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QVBoxLayout>
 
+#include "desktop/BoxIcon.h"
 #include "desktop/Look.h"
 #include "desktop/QtDesktop.h"
 #include "desktop/QtText.h"
@@ -28,22 +29,6 @@ QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
       return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
   }
   return QMessageBox::Ok;
-}
-
-QMessageBox::Icon IconOf(Icon icon) {
-  switch (icon) {
-    case Icon::None:
-      break;
-    case Icon::Information:
-      return QMessageBox::Information;
-    case Icon::Question:
-      return QMessageBox::Question;
-    case Icon::Warning:
-      return QMessageBox::Warning;
-    case Icon::Error:
-      return QMessageBox::Critical;
-  }
-  return QMessageBox::NoIcon;
 }
 
 // A box that is closed without a button is the most careful answer that it offers.
@@ -83,9 +68,10 @@ int QtDesktop::RunDialog(QDialog& dialog) {
 }
 
 Answer QtDesktop::ShowBox(const Box& box) {
-  QMessageBox dialog(IconOf(box.icon), ToQt(box.title), ToQt(box.text), ButtonsOf(box.buttons),
+  QMessageBox dialog(QMessageBox::NoIcon, ToQt(box.title), ToQt(box.text), ButtonsOf(box.buttons),
                      DialogParent());
   dialog.setTextFormat(Qt::PlainText);
+  dialog.setIconPixmap(BoxIcon(box.icon, dialog.devicePixelRatioF()));
   return AnswerOf(RunDialog(dialog), box.buttons);
 }
 

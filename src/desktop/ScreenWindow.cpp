@@ -5,7 +5,6 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScreen>
-#include <QScrollArea>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -14,25 +13,13 @@
 #include "desktop/Panel.h"
 #include "desktop/PlainLabel.h"
 #include "desktop/QtText.h"
+#include "desktop/ScrollingContent.h"
 #include "desktop/Shades.h"
 #include "platform/Gestures.h"
 
 namespace kvi {
 
 namespace {
-
-// Lets the content scroll where the display is too small for it, instead of cutting it off.
-class ScrollingArea : public QScrollArea {
- public:
-  ScrollingArea(QWidget* content, QWidget* parent) : QScrollArea(parent) {
-    setFrameShape(QFrame::NoFrame);
-    setWidgetResizable(true);
-    setFocusPolicy(Qt::NoFocus);
-    setWidget(content);
-  }
-  // The toolkit's own would ask for a scroll bar from the start.
-  QSize sizeHint() const override { return widget()->sizeHint(); }
-};
 
 // How much a control wants to be the first one; 0 is not at all.
 int FocusRank(const Control& control, bool isList) {
@@ -86,7 +73,7 @@ ScreenWindow::ScreenWindow(Screen& screen, Gestures& gestures, bool modal)
   bar->setVisible(!bar->actions().isEmpty());
 
   // Only now, as the area takes the content's size with everything shown.
-  column->addWidget(new ScrollingArea(content_, this), 1);
+  column->addWidget(new ScrollingContent(content_, this), 1);
   if (status != nullptr) column->addWidget(status);
   // The window manager's frame takes its part of the display.
   FitInto(QWidget::screen()->availableGeometry().size() - QSize(4, 36));

@@ -1,9 +1,12 @@
 #include "desktop/SpreadDelegate.h"
 
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QTextDocument>
+#include <QToolTip>
 
 #include "desktop/Look.h"
 #include "desktop/QtText.h"
@@ -77,10 +80,10 @@ void SpreadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
                       option.fontMetrics.elidedText(shown, Qt::ElideRight, room.width()));
   }
   if (current == index) {
+    const bool active = view_.hasFocus() || view_.IsEditing();
     painter->setBrush(Qt::NoBrush);
-    painter->setPen(QPen(view_.hasFocus() ? kAccent : kEdge, view_.hasFocus() ? 2 : 1));
-    const int inset = view_.hasFocus() ? 1 : 0;
-    painter->drawRect(option.rect.adjusted(inset, inset, -1, -1));
+    painter->setPen(QPen(active ? kAccent : kEdge, active ? 2 : 1));
+    painter->drawRect(option.rect.adjusted(active ? 1 : 0, active ? 1 : 0, -1, -1));
   }
   painter->restore();
 }
@@ -101,7 +104,7 @@ QWidget* SpreadDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
   auto* editor = new QLineEdit(parent);
   editor->setFont(GridFont());
   editor->setFrame(false);
-  editor->setTextMargins(kCellPadding - 2, 0, kCellPadding - 2, 0);
+  editor->setTextMargins(0, 0, 0, 0);
   editor->setAlignment(AlignmentOf(format.Align));
   return editor;
 }
@@ -128,7 +131,16 @@ void SpreadDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
 
 void SpreadDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                           const QModelIndex&) const {
-  editor->setGeometry(option.rect.adjusted(0, 0, -1, -1));
+  editor->setGeometry(option.rect.adjusted(2, 2, -2, -2));
+}
+
+bool SpreadDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                               const QStyleOptionViewItem& option, const QModelIndex& index) {
+  const QString text = index.data().toString();
+  const bool cut =
+      option.fontMetrics.horizontalAdvance(text) > option.rect.width() - 2 * kCellPadding;
+  QToolTip::showText(event->globalPos(), cut ? Qt::convertFromPlainText(text) : QString(), view);
+  return true;
 }
 
 // The keys of a spreadsheet: Enter and the arrows take the text over and go on. Where the editor

@@ -155,7 +155,7 @@ void SpreadView::Forget() {
 }
 
 void SpreadView::FinishOpenEditor() {
-  if (state() != EditingState) return;
+  if (!IsEditing()) return;
   if (QWidget* editor = indexWidget(currentIndex())) FinishEditor(*editor, Step::None);
 }
 

@@ -34,6 +34,7 @@ class SpreadView : public QTableView {
   void FinishOpenEditor();
 
   // For the delegate.
+  bool IsEditing() const { return state() == EditingState; }
   bool IsReplacing() const { return replacing_; }
   void Typed(const QModelIndex& cell, const QString& text);
   void FinishEditor(QWidget& editor, Step step);

@@ -46,6 +46,7 @@ TextAdapter::TextAdapter(TextBox& box, WindowContext& context)
     : ControlAdapter(box, new QLineEdit(&context.window), context),
       box_(box),
       shown_(static_cast<QLineEdit&>(*Widget())) {
+  shown_.setTextMargins(2, 0, 2, 0);
   connect(&shown_, &QLineEdit::textEdited, this, [this](const QString& text) {
     Hand([&](Gestures& user) { user.Type(box_, FromQt(text)); });
   });
@@ -114,6 +115,7 @@ ComboAdapter::ComboAdapter(ComboBox& combo, WindowContext& context)
     : ControlAdapter(combo, new QuietComboBox(&context.window), context),
       combo_(combo),
       shown_(static_cast<QComboBox&>(*Widget())) {
+  shown_.setFocusPolicy(Qt::StrongFocus);
   shown_.setInsertPolicy(QComboBox::NoInsert);
   shown_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   shown_.setMinimumContentsLength(18);

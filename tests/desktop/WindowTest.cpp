@@ -4,6 +4,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
 
 #include "DesktopTest.h"
 #include "base/RunTimeError.h"
@@ -38,6 +40,10 @@ TEST_F(WindowTest, AnActionIsPressedByMouseEnterSpaceAndAccessKeyAtOnce) {
   Press(Qt::Key_S, Qt::AltModifier);
   EXPECT_EQ(sample.TakeLog(), "enter name, leave name, save");
   EXPECT_TRUE(Widget(sample.save).hasFocus());
+  Press(Qt::Key_R, Qt::AltModifier);
+  Press(Qt::Key_Return);
+  Press(Qt::Key_A, Qt::AltModifier);
+  EXPECT_EQ(sample.TakeLog(), "remove, remove, active=1");
 }
 
 TEST_F(WindowTest, AccessKeysAreGivenOutOnceInAWindow) {
@@ -60,24 +66,27 @@ TEST_F(WindowTest, TheHoverColourComesAndGoesWithTheMouse) {
   EXPECT_EQ(sample.save.ForeColor, kWhite);
 }
 
-TEST_F(WindowTest, AMenuClickComesAfterTheEditAndTheLeaving) {
+TEST_F(WindowTest, AnEventElsewhereComesAfterTheEditAndTheLeaving) {
   ShowSample();
   sample.grid.SetActiveCell(1, 2);
-  Widget(sample.grid).setFocus();
-  Type("7");
-  desktop.WindowOf(sample)->findChild<QAction*>("print")->trigger();
-  EXPECT_EQ(sample.TakeLog(), "edit 7, leave grid, print");
-}
-
-TEST_F(WindowTest, AClickElsewhereComesAfterTheEditAndTheLeaving) {
-  ShowSample();
-  sample.grid.SetActiveCell(1, 2);
-  for (const auto& press : std::vector<std::function<void()>>{
-           [this] { Click(Widget(sample.save)); }, [] { Press(Qt::Key_S, Qt::AltModifier); }}) {
+  struct {
+    std::function<void()> press;
+    std::string event;
+  } const cases[] = {
+      {[this] { Click(Widget(sample.save)); }, "save"},
+      {[] { Press(Qt::Key_R, Qt::AltModifier); }, "remove"},
+      {[this] {
+         QTabBar& bar = *As<QTabWidget>(sample.tabs).tabBar();
+         QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(1).center());
+       },
+       "tab 1"},
+      {[this] { desktop.WindowOf(sample)->findChild<QAction*>("print")->trigger(); }, "print"},
+  };
+  for (const auto& test : cases) {
     Widget(sample.grid).setFocus();
     Type(sample.grid.Text(1, 2) == "7" ? "8" : "7");
-    press();
-    EXPECT_EQ(sample.TakeLog(), "edit " + sample.grid.Text(1, 2) + ", leave grid, save");
+    test.press();
+    EXPECT_EQ(sample.TakeLog(), "edit " + sample.grid.Text(1, 2) + ", leave grid, " + test.event);
   }
 }
 
@@ -207,7 +216,7 @@ TEST_F(WindowTest, TheInputBoxGivesTheTextOrNothing) {
 TEST_F(WindowTest, AProgramIsFoundByPathOrNameAndItsAbsenceIs53) {
   const std::string touched = folder / "with blank";
   desktop.StartProgram("touch \"" + touched + "\"");
-  QTRY_VERIFY(QFileInfo::exists(ToQt(touched)));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo::exists(ToQt(touched)); }));
   for (const char* line : {"no-such-program x", "/no/such/program", ""}) {
     try {
       desktop.StartProgram(line);
