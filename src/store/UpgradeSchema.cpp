@@ -52,7 +52,8 @@ void UpgradeSchema(jet::Database& database, Desktop& desktop) {
 }
 
 bool FieldExists(jet::Database& database, const std::string& table, const std::string& field) {
-  const jet::Recordset rows = database.OpenRecordset("SELECT * FROM [" + table + "] ;");
+  // (The fields are wanted, not the keys of all rows.)
+  const jet::Recordset rows = database.OpenRecordset("SELECT * FROM [" + table + "] WHERE 0 = 1;");
   for (const jet::FieldDef& standing : rows.Fields())
     if (UCase(standing.Name) == UCase(field)) return true;
   return false;
