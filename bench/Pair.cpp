@@ -7,54 +7,46 @@
 namespace kvi::bench {
 namespace {
 
-constexpr int kRounds = 31;
+constexpr int kRounds = 61;
 
-class Runner {
- public:
-  explicit Runner(const Side& side) : side_(side) { Run(); }
+// One run of a side, in seconds.
+double Time(const Side& side, double& result) {
+  using Clock = std::chrono::steady_clock;
+  if (side.prepare) side.prepare();
+  const Clock::time_point start = Clock::now();
+  result = side.run();
+  return std::chrono::duration<double>(Clock::now() - start).count();
+}
 
-  void Run() {
-    using Clock = std::chrono::steady_clock;
-    if (side_.prepare) side_.prepare();
-    const Clock::time_point start = Clock::now();
-    result_ = side_.run();
-    seconds_.push_back(std::chrono::duration<double>(Clock::now() - start).count());
-  }
-  // The warm-up does not count.
-  void Forget() { seconds_.clear(); }
-  double Result() const { return result_; }
-  double Last() const { return seconds_.back(); }
-
-  double Median() {
-    const auto middle = seconds_.begin() + static_cast<std::ptrdiff_t>(seconds_.size() / 2);
-    std::nth_element(seconds_.begin(), middle, seconds_.end());
-    return *middle;
-  }
-
- private:
-  const Side& side_;
-  double result_ = 0;
-  std::vector<double> seconds_;
-};
+double Median(std::vector<double> numbers) {
+  const auto middle = numbers.begin() + static_cast<std::ptrdiff_t>(numbers.size() / 2);
+  std::nth_element(numbers.begin(), middle, numbers.end());
+  return *middle;
+}
 
 }  // namespace
 
 void RunPair(benchmark::State& state, const Pair& pair) {
-  Runner ours(pair.ours), floor(pair.floor);
-  if (ours.Result() != floor.Result()) return state.SkipWithError("the sides do not do the same");
-  ours.Forget();
-  floor.Forget();
-  // The side that goes first changes, so that neither always finds what the other left behind.
-  bool oursFirst = true;
+  double oursResult = 0, floorResult = 0;
+  Time(pair.ours, oursResult);
+  Time(pair.floor, floorResult);
+  if (oursResult != floorResult) return state.SkipWithError("the sides do not do the same");
+
+  std::vector<double> ours, floor, ratios;
   for (auto round : state) {
     static_cast<void>(round);
-    (oursFirst ? ours : floor).Run();
-    (oursFirst ? floor : ours).Run();
-    oursFirst = !oursFirst;
-    state.SetIterationTime(ours.Last());
+    // The side that goes first changes, so that neither always finds what the other left behind.
+    const bool oursFirst = ratios.size() % 2 == 0;
+    if (oursFirst) ours.push_back(Time(pair.ours, oursResult));
+    floor.push_back(Time(pair.floor, floorResult));
+    if (!oursFirst) ours.push_back(Time(pair.ours, oursResult));
+    ratios.push_back(ours.back() / floor.back());
+    state.SetIterationTime(ours.back());
   }
-  state.counters["ours"] = ours.Median();
-  state.counters["floor"] = floor.Median();
+  state.counters["ours"] = Median(ours);
+  state.counters["floor"] = Median(floor);
+  // The two runs of a round stand the same weather, so their ratio is steadier than the medians'.
+  state.counters["ratio"] = Median(ratios);
   state.counters["target"] = pair.target;
 }
 

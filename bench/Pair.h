@@ -19,7 +19,8 @@ struct Pair {
   double target;  // the highest ratio of the two that is fast enough
 };
 
-// Runs the two sides by turns, each warmed up once, and keeps the median of each as counters.
+// Runs the two sides by turns, each warmed up once, and keeps the medians of their times and of
+// their ratio as counters.
 void RunPair(benchmark::State& state, const Pair& pair);
 
 // To be applied to each figure: how often its pair runs.

@@ -38,10 +38,12 @@ class TableReporter : public benchmark::BenchmarkReporter {
       failed_ = true;
       return;
     }
-    const double ours = run.counters.at("ours"), floor = run.counters.at("floor");
-    const double target = run.counters.at("target"), ratio = ours / floor;
-    std::printf("%-42s %12s %12s %7.2f %7.2f%s\n", name.c_str(), TimeText(ours).c_str(),
-                TimeText(floor).c_str(), ratio, target, ratio > target ? "  over" : "");
+    const auto counter = [&](const char* counterName) {
+      return run.counters.at(counterName).value;
+    };
+    const double ratio = counter("ratio"), target = counter("target");
+    std::printf("%-42s %12s %12s %7.2f %7.2f%s\n", name.c_str(), TimeText(counter("ours")).c_str(),
+                TimeText(counter("floor")).c_str(), ratio, target, ratio > target ? "  over" : "");
   }
 
   bool failed_ = false;
