@@ -8,6 +8,8 @@
 #include "desktop/QtDesktop.h"
 #include "frame/Main.h"
 #include "items/KVI_ChooseVendors.h"
+#include "items/KVI_InventoryDetail.h"
+#include "items/KVI_InventoryDetail1Screen.h"
 #include "items/KVI_InventorySummary.h"
 #include "security/KVI_SecurityCheckpoint.h"
 #include "store/KVI_GetILocation.h"
@@ -37,14 +39,28 @@ class Tour {
     app_.screens.Hide(screen);
   }
 
-  void VisitUtilities() {
-    auto& utilities = app_.Get<kvi::KVI_Utilities>();
-    app_.screens.Show(utilities);
-    for (int tab = 0; tab < static_cast<int>(utilities.SSTab1.Captions().size()); ++tab) {
-      utilities.SSTab1.Tab = tab;
-      Picture(utilities, "-" + std::to_string(tab + 1));
+  template <class T>
+  void VisitTabs() {
+    T& screen = app_.Get<T>();
+    app_.screens.Show(screen);
+    for (int tab = 0; tab < static_cast<int>(screen.SSTab1.Captions().size()); ++tab) {
+      screen.SSTab1.Tab = tab;
+      Picture(screen, "-" + std::to_string(tab + 1));
     }
-    app_.screens.Hide(utilities);
+    app_.screens.Hide(screen);
+  }
+
+  // Both layouts of the detail screen, with a part of the summary that is bought by more than one.
+  void VisitPart() {
+    const kvi::Spread& grid = app_.Get<kvi::KVI_InventorySummary>().Spread1;
+    constexpr int kInventoriedPerPurchased = 10;
+    int row = 1;
+    while (row < grid.MaxRows() && grid.Text(row, kInventoriedPerPurchased) == "1.00") ++row;
+    const std::string number = grid.Text(row, kvi::KVI_InventorySummary::kNumberColumn);
+    app_.Get<kvi::KVI_InventoryDetail>().i_num.Text = number;
+    VisitTabs<kvi::KVI_InventoryDetail>();
+    app_.Get<kvi::KVI_InventoryDetail1Screen>().i_num.Text = number;
+    Visit<kvi::KVI_InventoryDetail1Screen>();
   }
 
   bool Failed() const { return failed_; }
@@ -77,7 +93,8 @@ int main(int argc, char** argv) {
     app.screens.Load(main);
     tour.Picture(main);
     tour.Visit<kvi::KVI_InventorySummary>();
-    tour.VisitUtilities();
+    tour.VisitPart();
+    tour.VisitTabs<kvi::KVI_Utilities>();
     tour.Visit<kvi::KVI_ManageDropLIsts>();
     tour.Visit<kvi::KVI_SecurityCheckpoint>();
     tour.Visit<kvi::KVI_GetILocation>();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "frame/KviScreen.h"
 #include "items/ItemRecord.h"
@@ -63,11 +64,13 @@ class ItemDetailScreen : public KviScreen, public WorkingItem {
 
   void Prepare() override;
   Layout ActionRow();
-  // A line of the three units, with the headings above them.
-  Layout UnitForm();
-  Layout CostForm();
-  Layout LevelForm();
-  Layout VendorForm();
+  // Groups of fields as lines of a form, so that a layout can line up their labels.
+  using Lines = std::vector<Layout>;
+  Lines UnitLines();
+  Lines CostLines();
+  Lines LevelLines();
+  Lines VendorLines();
+  static Layout FormOf(const std::vector<Lines>& groups);
 
  private:
   void WatchChanges();

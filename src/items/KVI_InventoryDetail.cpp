@@ -22,24 +22,23 @@ Layout KVI_InventoryDetail::Arrange() {
 }
 
 Layout KVI_InventoryDetail::InformationPanel() {
-  Layout fields =
-      Form({Row({Field("Part #:", i_num, 1.8), Of(btnCID)}), Field("Part Name:", iname, 4.2),
-            Field("Category:", category, 2.6), Field("Location:", location, 2.6),
-            Field("Description:", desc, 4.2), Field("Bar code scan#:", BarCodeScanId, 2.6),
-            Fill(Field("Notes:", notes))});
-  Layout choices = Column({Frame("", Column({Of(active_i), Of(n_active_i)})),
-                           Frame("", Column({Of(rbCII), Of(rbNCII)})), Gap()});
-  return Row({Fill(std::move(fields)), std::move(choices)});
+  return Column(
+      {Fill(Form({Row({Field("Part #:", i_num, 1.8), Of(btnCID)}), Field("Part Name:", iname),
+                  Field("Category:", category, 2.6), Field("Location:", location, 2.6),
+                  Field("Description:", desc), Field("Bar code scan#:", BarCodeScanId, 2.6),
+                  Fill(Field("Notes:", notes))})),
+       Row({Frame("", Column({Of(active_i), Of(n_active_i)})),
+            Frame("", Column({Of(rbCII), Of(rbNCII)}))})});
 }
 
 Layout KVI_InventoryDetail::UsagePanel() {
-  return Column({UnitForm(), CostForm(),
-                 Fill(Row({Frame("On-hand and Ordering Levels:", LevelForm()),
+  return Column({FormOf({UnitLines(), CostLines()}),
+                 Fill(Row({Frame("On-hand and Ordering Levels:", Form(LevelLines())),
                            Fill(Column({Of(Label24), Fill(Of(RecipeList))}))}))});
 }
 
 Layout KVI_InventoryDetail::VendorPanel() {
-  return Column({Of(*LblPurchaseSize), VendorForm(), Gap()});
+  return Column({Of(*LblPurchaseSize), Form(VendorLines()), Gap()});
 }
 
 Layout KVI_InventoryDetail::PicturePanel() {

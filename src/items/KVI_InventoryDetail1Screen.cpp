@@ -13,19 +13,20 @@ KVI_InventoryDetail1Screen::KVI_InventoryDetail1Screen(Application& app)
                                              "(15 characters maximum)",
                              .reportMask = ""}) {}
 
+// Fits in 1024 x 700.
 Layout KVI_InventoryDetail1Screen::Arrange() {
-  Layout information =
-      Form({Row({Field("Part #:", i_num, 1.6), Of(btnCID)}), Field("Part Name:", iname),
-            Row({Field("Category:", category, 1.9), Field("Location:", location, 1.9)}),
-            Field("Description:", desc), Field("Bar code scan#:", BarCodeScanId, 2.4)});
-  Layout choices = Row({Frame("", Column({Of(active_i), Of(n_active_i)})),
-                        Frame("", Column({Of(rbCII), Of(rbNCII)}))});
-  Layout left = Column(
-      {std::move(information), UnitForm(), Row({CostForm(), LevelForm()}), std::move(choices)});
-  Layout right = Column({VendorForm(), Text("Notes:"), Fill(Of(notes)),
-                         Fill(Row({Fill(Column({Of(Label24), Fill(Of(RecipeList))})),
-                                   Fill(Column({Fill(Of(Imageman1)), Of(picpath),
-                                                Row({Of(Command5), Of(Command7)})}))}))});
+  const Lines information = {
+      Row({Field("Part #:", i_num, 1.7), Of(btnCID)}), Field("Part Name:", iname),
+      Row({Field("Category:", category, 1.7), Field("Location:", location, 1.7)}),
+      Field("Description:", desc), Field("Bar code scan#:", BarCodeScanId, 1.7)};
+  const Lines remarks = {Field("Notes:", notes, 0, 0.9)};
+  Layout choices = Column({Frame("", Column({Of(active_i), Of(n_active_i)})),
+                           Frame("", Column({Of(rbCII), Of(rbNCII)}))});
+  Layout groups = Column({Of(Label24), Of(RecipeList, 0, 1.3)});
+  Layout left = Column({FormOf({information, UnitLines(), VendorLines()}),
+                        Row({std::move(choices), Fill(std::move(groups))}), Gap()});
+  Layout right = Column({FormOf({CostLines(), LevelLines(), remarks}), Fill(Of(Imageman1)),
+                         Of(picpath), Row({Of(Command5), Of(Command7), Gap()})});
   return Column(
       {BannerLayout(), ActionRow(), Fill(Row({std::move(left), Fill(std::move(right))}))});
 }
