@@ -36,6 +36,7 @@ constexpr Description kDescriptions[] = {
     {380, "Invalid property value"},
     {381, "Invalid property array index"},
     {438, "Object doesn't support this property or method"},
+    {481, "Invalid picture"},
     {482, "Printer error"},
     {3006, "The database is locked for exclusive use."},
     {3009, "The table cannot be locked; it is in use by others."},

@@ -13,6 +13,17 @@
 // a new part.
 namespace kvi {
 
+namespace {
+
+// Nothing of what a step itself writes is an edit, also where the part is gone meanwhile or its
+// load fails: the next step would save the part before under this number.
+struct EndsUnchanged {
+  bool& dirty;
+  ~EndsUnchanged() { dirty = false; }
+};
+
+}  // namespace
+
 void ItemDetailScreen::FillLists(const RunStatement& run) {
   for (const DropList& list : DropLists())
     run([&] { FillDropDown(app_.CurrentDatabase, *list.combo, list.table); });
@@ -79,13 +90,11 @@ void ItemDetailScreen::StepItem(int direction) {
   const int row = grid.ActiveRow();
   if (direction > 0 && row >= grid.MaxRows()) return Inform("Already at end of recordset");
   if (direction < 0 && row <= 1) return Inform(differences_.atFirstPart);
+  const EndsUnchanged loading{itemDirty_};
   i_num.Text = grid.Text(row + direction, KVI_InventorySummary::kNumberColumn);
   GoToRow(grid, row + direction);
   LoadItemRecord();
   ShowName();
-  // Nothing of what the step itself wrote is an edit, also when the part is gone meanwhile: the
-  // next step would save the part before under this number.
-  itemDirty_ = false;
 }
 
 void ItemDetailScreen::BlankItem() {

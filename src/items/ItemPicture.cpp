@@ -55,7 +55,7 @@ bool SelectPicture(WorkingItem& item, Desktop& desktop) {
   if (name->starts_with("*.")) return true;
   ShowPicture(item, *name);
   if (!IsFile(*name)) throw RunTimeError(kFileNotFound);
-  if (!IsPicture(*name)) throw RunTimeError(kInvalidPicture, "Invalid picture");
+  if (!IsPicture(*name)) throw RunTimeError(kInvalidPicture);
   return true;
 }
 

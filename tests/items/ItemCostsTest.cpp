@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "support/BareScreen.h"
-#include "support/ScriptedDesktop.h"
 
 namespace kvi::test {
 namespace {
@@ -86,29 +85,6 @@ TEST_F(ItemCostsTest, TheLevelButtonsShowThePlainProductUntilTheNextRecompute) {
   EXPECT_EQ(item.valuation.Text(), "-$2.00");
   Recalc();
   EXPECT_EQ(item.valuation.Text(), "-2.00");
-}
-
-TEST_F(ItemCostsTest, AUsedQuantityOfZeroOrLessBecomesOne) {
-  ScriptedDesktop desktop;
-  for (const char* wrong : {"0", "", "-3", "x"}) {
-    item.hu_qty.Text = wrong;
-    desktop.ExpectBox("How Used Quantity cannot be zero or less.  Setting to 1.");
-    GuardUsedQuantity(item, desktop);
-    EXPECT_EQ(item.hu_qty.Text(), "1");
-  }
-  item.hu_qty.Text = "0.00001";
-  GuardUsedQuantity(item, desktop);
-  EXPECT_EQ(item.hu_qty.Text(), "0.00001");
-}
-
-TEST_F(ItemCostsTest, AVendorWithoutANameCannotBeChosen) {
-  item.where2.Text = "Nord";
-  item.VendorOpt2.Value = true;
-  ApplyVendorAvailability(item, 2);
-  EXPECT_TRUE(item.VendorOpt2.Enabled && item.VendorOpt2.Value);
-  item.where2.Text = "  ";
-  ApplyVendorAvailability(item, 2);
-  EXPECT_FALSE(item.VendorOpt2.Enabled || item.VendorOpt2.Value || item.VendorOpt1.Value);
 }
 
 }  // namespace
