@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QTabWidget>
+#include <algorithm>
 
 #include "desktop/ControlAdapter.h"
 #include "desktop/LabelAdapters.h"
@@ -15,6 +16,19 @@
 #include "platform/Controls.h"
 
 namespace kvi {
+
+namespace {
+
+// Choices that belong together stand closer than fields.
+bool AreChoices(const std::vector<Layout>& nodes) {
+  return std::all_of(nodes.begin(), nodes.end(), [](const Layout& node) {
+    return node.kind == Layout::Kind::Control &&
+           (node.control->Kind() == ControlKind::OptionButton ||
+            node.control->Kind() == ControlKind::CheckBox);
+  });
+}
+
+}  // namespace
 
 LayoutBuilder::LayoutBuilder(QWidget& window, std::function<ControlAdapter*(Control&)> place,
                              std::function<void()> mouseOver)
@@ -179,7 +193,7 @@ QWidget* LayoutBuilder::BuildColumn(const Layout& node) {
   Panel* panel = NewPanel();
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(kSpacing);
+  column->setSpacing(AreChoices(node.children) ? kSpacing / 2 : kSpacing);
   std::vector<const Layout*> children;
   for (const Layout& child : node.children) children.push_back(&child);
   FillColumn(*column, children);

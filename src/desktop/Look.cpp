@@ -23,6 +23,8 @@ class Style : public QProxyStyle {
         return '*';
       case SH_LineEdit_PasswordMaskDelay:
         return 0;
+      case SH_DialogButtonBox_ButtonsHaveIcons:
+        return 0;
       case SH_Table_GridLineColor:
         return static_cast<int>(kGridLine.rgb());
       default:

@@ -49,7 +49,7 @@ QFont MarkingSurface::Font() const {
   QFont font(ToQt(FontName));
   font.setStyleHint(QFont::SansSerif);
   font.setHintingPreference(QFont::PreferNoHinting);
-  font.setPixelSize(static_cast<int>(FontSize * kUnitsPerPoint + 0.5));
+  font.setPixelSize(qRound(FontSize * kUnitsPerPoint));
   font.setBold(FontBold);
   return font;
 }

@@ -10,19 +10,22 @@ namespace kvi {
 
 PrintService::PrintService(std::function<void(const std::string&)> tell) : tell_(std::move(tell)) {}
 
-std::unique_ptr<PrintJob> PrintService::NewJob(const std::string& jobName, bool landscape) const {
-  const QString pdfFolder = QPrinterInfo::defaultPrinter().isNull() ? folder_ + "/printed" : "";
-  return std::make_unique<PrintJob>(ToQt(jobName), pdfFolder, landscape);
+std::unique_ptr<PrintJob> PrintService::NewJob(const std::string& jobName,
+                                               const std::string& pdfName, bool landscape) const {
+  if (!QPrinterInfo::defaultPrinter().isNull())
+    return std::make_unique<PrintJob>(ToQt(jobName), QString(), landscape);
+  return std::make_unique<PrintJob>(ToQt(pdfName), folder_ + "/printed", landscape);
 }
 
-std::unique_ptr<Surface> PrintService::NewDocument(const std::string& jobName) {
-  return std::make_unique<QtSurface>(NewJob(jobName, false),
+std::unique_ptr<Surface> PrintService::NewDocument(const std::string& jobName,
+                                                   const std::string& pdfName) {
+  return std::make_unique<QtSurface>(NewJob(jobName, pdfName, false),
                                      [this](PrintJob& job) { Finish(job); });
 }
 
 void PrintService::PrintPicture(const QPixmap& picture, const std::string& jobName) {
   constexpr double kPageMargin = 0.5;  // inches
-  const auto job = NewJob(jobName, picture.width() > picture.height());
+  const auto job = NewJob(jobName, jobName, picture.width() > picture.height());
   const double units = job->UnitsPerInch();
   const QSizeF room((job->PageWidth() - 2 * kPageMargin) * units,
                     (job->PageHeight() - 2 * kPageMargin) * units);

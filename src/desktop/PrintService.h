@@ -19,12 +19,14 @@ class PrintService {
   explicit PrintService(std::function<void(const std::string& text)> tell);
 
   void SetProgramFolder(const QString& folder) { folder_ = folder; }
-  std::unique_ptr<Surface> NewDocument(const std::string& jobName);
+  // A PDF is named by what it shows, since there is no queue that shows the job's name.
+  std::unique_ptr<Surface> NewDocument(const std::string& jobName, const std::string& pdfName);
   // One page, as large as its margins allow, in the picture's own proportions.
   void PrintPicture(const QPixmap& picture, const std::string& jobName);
 
  private:
-  std::unique_ptr<PrintJob> NewJob(const std::string& jobName, bool landscape) const;
+  std::unique_ptr<PrintJob> NewJob(const std::string& jobName, const std::string& pdfName,
+                                   bool landscape) const;
   void Finish(PrintJob& job);
 
   std::function<void(const std::string&)> tell_;

@@ -34,7 +34,6 @@ std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
   if (!QtDesktop::HasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
   auto app = std::make_unique<QApplication>(argc, argv);
   QApplication::setApplicationName("kestvar-inventory");
-  QApplication::setApplicationDisplayName("Kestvar Inventory");
   QApplication::setQuitOnLastWindowClosed(false);
   ApplyLook(*app);
   return app;
@@ -175,7 +174,8 @@ bool QtDesktop::OpenHelp(const std::string& path) {
 }
 
 std::unique_ptr<Surface> QtDesktop::NewDocument(const std::string& jobName) {
-  return printing_->NewDocument(jobName);
+  return printing_->NewDocument(jobName,
+                                shown_.empty() ? jobName : shown_.back().screen->Caption());
 }
 
 void QtDesktop::PrintScreenImage(Screen& screen) {

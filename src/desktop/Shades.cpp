@@ -63,9 +63,7 @@ QColor InkOn(const QColor& background) {
 }
 
 QColor Blend(const QColor& under, const QColor& over, double strength) {
-  const auto mix = [strength](int from, int to) {
-    return static_cast<int>(from + (to - from) * strength + 0.5);
-  };
+  const auto mix = [strength](int from, int to) { return qRound(from + (to - from) * strength); };
   return {mix(under.red(), over.red()), mix(under.green(), over.green()),
           mix(under.blue(), over.blue())};
 }

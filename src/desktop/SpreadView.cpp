@@ -1,6 +1,7 @@
 #include "desktop/SpreadView.h"
 
 #include <QAbstractButton>
+#include <QEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QTimer>
@@ -83,7 +84,7 @@ void SpreadView::WireHeadings() {
 }
 
 int SpreadView::Pixels(double twips) const {
-  return static_cast<int>(twips * logicalDpiX() / kTwipsPerInch + 0.5);
+  return qRound(twips * logicalDpiX() / kTwipsPerInch);
 }
 
 void SpreadView::Stale() {

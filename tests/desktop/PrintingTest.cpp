@@ -94,7 +94,7 @@ TEST_F(PrintingTest, WithoutAPrinterTheFirstDocumentTellsWhereItIs) {
   QPixmap wide(300, 100);
   wide.fill(Qt::red);
   service.PrintPicture(wide, "Screen");
-  service.NewDocument("Second")->EndDoc();
+  service.NewDocument("Job", "Second")->EndDoc();
   ASSERT_EQ(told.size(), 1U);
   EXPECT_NE(told[0].find(FromQt(Printed()) + "/Screen-"), std::string::npos) << told[0];
   EXPECT_EQ(Files().size(), 2);
