@@ -27,6 +27,7 @@ int FocusRank(const Control& control, bool isList) {
     case ControlKind::Spread:
       return isList ? 3 : 2;
     case ControlKind::TextBox:
+      return static_cast<const TextBox&>(control).Locked ? 0 : 2;
     case ControlKind::ComboBox:
     case ControlKind::ListBox:
     case ControlKind::OptionButton:

@@ -76,7 +76,8 @@ void SpreadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
   } else if (!text.empty()) {
     const QRect room = option.rect.adjusted(kCellPadding, 0, -kCellPadding, 0);
     const QString shown = ToQt(text).replace('\n', ' ');
-    painter->drawText(room, AlignmentOf(format.Align).toInt() | Qt::TextSingleLine,
+    painter->drawText(room,
+                      static_cast<int>(AlignmentOf(format.Align).toInt() | Qt::TextSingleLine),
                       option.fontMetrics.elidedText(shown, Qt::ElideRight, room.width()));
   }
   if (current == index) {

@@ -122,6 +122,7 @@ ComboAdapter::ComboAdapter(ComboBox& combo, WindowContext& context)
   shown_.setMaxVisibleItems(18);
   if (IsEditable()) {
     shown_.setEditable(true);
+    shown_.lineEdit()->setTextMargins(1, 0, 0, 0);
     // It would put entries into the text that nobody typed.
     shown_.setCompleter(nullptr);
     connect(shown_.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
