@@ -47,7 +47,9 @@ void AddWrapped(const Surface& page, const std::string& paragraph, double width,
   std::istringstream words(paragraph);
   std::string line;
   for (std::string word; std::getline(words, word, ' ');) {
-    const std::string longer = line.empty() ? word : line + " " + word;
+    std::string longer = line;
+    if (!line.empty()) longer += ' ';
+    longer += word;
     if (line.empty() || page.TextWidth(longer) <= width) {
       line = longer;
     } else {
