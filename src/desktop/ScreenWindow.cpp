@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -15,6 +16,7 @@
 #include "desktop/QtText.h"
 #include "desktop/ScrollingContent.h"
 #include "desktop/Shades.h"
+#include "platform/Controls.h"
 #include "platform/Gestures.h"
 
 namespace kvi {
@@ -204,6 +206,20 @@ void ScreenWindow::showEvent(QShowEvent* event) {
 }
 
 // The system decides; its answer comes as Dismiss.
+// The keys that no field had a use for.
+void ScreenWindow::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool escape = event->key() == Qt::Key_Escape;
+  for (Control* control : screen_.Controls()) {
+    if (control->Kind() != ControlKind::Button) continue;
+    auto& button = static_cast<Button&>(*control);
+    if (!((enter && button.Default) || (escape && button.Cancel))) continue;
+    input_.Hand([&](Gestures& user) { user.Click(button); });
+    return;
+  }
+  QWidget::keyPressEvent(event);
+}
+
 void ScreenWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   FinishEditing();

@@ -43,6 +43,7 @@ class ScreenWindow : public QWidget, public ScreenView {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
  private:

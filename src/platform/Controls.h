@@ -30,6 +30,8 @@ class Button : public Control {
  public:
   Button(Screen& screen, std::string name, std::string caption);
   Observed<std::string> Caption{*this, Property::Caption, ""};
+  bool Default = false;  // Enter clicks it from every field that has no use for the key
+  bool Cancel = false;   // and so does Escape
   std::function<void()> Click;
 };
 

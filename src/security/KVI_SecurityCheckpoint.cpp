@@ -20,6 +20,8 @@ KVI_SecurityCheckpoint::KVI_SecurityCheckpoint(Application& app)
     button = std::make_unique<Button>(*this, "digit(" + caption + ")", caption);
     button->Click = [this, number] { EnterDigit(number); };
   }
+  Command1.Default = true;
+  cancel_button.Cancel = true;
   Command1.Click = [this] { Submit(); };
   clear_button.Click = [this] { Clear(); };
   cancel_button.Click = [this] { Cancel(); };

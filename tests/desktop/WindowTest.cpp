@@ -46,6 +46,20 @@ TEST_F(WindowTest, AnActionIsPressedByMouseEnterSpaceAndAccessKeyAtOnce) {
   EXPECT_EQ(sample.TakeLog(), "remove, remove, active=1");
 }
 
+TEST_F(WindowTest, EnterAndEscapeInAFieldPressTheButtonsMadeForThem) {
+  sample.remove.Default = true;
+  ShowSample();
+  Widget(sample.name).setFocus();
+  sample.TakeLog();
+  Press(Qt::Key_Return);
+  EXPECT_EQ(sample.TakeLog(), "remove");
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(sample.TakeLog(), "");
+  sample.remove.Cancel = true;
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(sample.TakeLog(), "remove");
+}
+
 TEST_F(WindowTest, AccessKeysAreGivenOutOnceInAWindow) {
   ShowSample();
   EXPECT_EQ(Button(sample.save).text(), "&Save");
