@@ -25,7 +25,7 @@ bool IsMissing(sqlite3_stmt* row, int column) {
   return sqlite3_column_type(row, column) == SQLITE_NULL;
 }
 
-// The tests by which holes of the parts are found. There is none in the sample.
+// The tests by which holes of the parts are found. There is none: an earlier start filled them.
 int CountHoles(RawFile& file) {
   int holes = 0;
   for (sqlite3_stmt* row = file.Prepare(
