@@ -15,6 +15,11 @@ KVI_InventoryDetail::KVI_InventoryDetail(Application& app)
     if (list.combo != &how_purchased) app_.DropListCombos.push_back({list.combo, list.table});
 }
 
+void KVI_InventoryDetail::Prepare() {
+  ItemDetailScreen::Prepare();
+  SSTab1.Tab = 0;
+}
+
 Layout KVI_InventoryDetail::Arrange() {
   return Column(
       {BannerLayout(), ActionRow(),

@@ -17,6 +17,9 @@ class KVI_InventoryDetail : public ItemDetailScreen {
       "SSTab1",
       {"Part Information", "Part Usage && Cost Info.", "Vendor Information", "Picture"}};
 
+ protected:
+  void Prepare() override;
+
  private:
   Layout InformationPanel();
   Layout UsagePanel();

@@ -45,6 +45,9 @@ class KVI_Utilities : public KviScreen {
   Button ZeroBtn{*this, "ZeroBtn", "Zero out all inventory"};
   Button cmdColWidth{*this, "cmdColWidth", "Reset spreadsheet column widths"};
 
+ protected:
+  void Prepare() override { SSTab1.Tab = 0; }
+
  private:
   void HandleSettings();
   void HandleTasks();
