@@ -105,6 +105,14 @@ std::string Str(double value) {
   return text;
 }
 
+double ValOf(double value) {
+  // What is nearest to a number of few decimals is what its text says already.
+  constexpr double kScale = 10000, kFifteenDigits = 1e15;
+  const double scaled = value * kScale;
+  const bool fewDecimals = std::fabs(scaled) < kFifteenDigits && std::nearbyint(scaled) == scaled;
+  return fewDecimals && scaled / kScale == value ? value : Val(Str(value));
+}
+
 long CLng(double value) {
   const double whole = std::nearbyint(value);
   constexpr double kLowest = std::numeric_limits<std::int32_t>::min();

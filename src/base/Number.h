@@ -17,6 +17,9 @@ inline std::string Str(int value) {
   return std::to_string(value);
 }
 
+// Val of the general text form: the number as far as 15 significant digits tell it.
+double ValOf(double value);
+
 // The nearest whole number, a half going to the even one, as the classic conversions do.
 // Raises 6 outside of the 32-bit range.
 long CLng(double value);

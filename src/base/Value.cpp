@@ -64,4 +64,8 @@ double Value::AsNumber() const {
   return Number();
 }
 
+double ValOf(const Value& value) {
+  return value.IsDouble() ? ValOf(value.AsNumber()) : Val(value.Text());
+}
+
 }  // namespace kvi

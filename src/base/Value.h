@@ -50,4 +50,8 @@ class Value {
   std::variant<std::monostate, bool, std::int64_t, double, std::string, Date> held_;
 };
 
+// Val of the value's text: Null and a text that is no number are 0, a number has the 15 digits of
+// its text.
+double ValOf(const Value& value);
+
 }  // namespace kvi

@@ -46,8 +46,8 @@ bool WantsToUpdate(Desktop& desktop) {
 std::optional<double> CostPerUsedUnit(const jet::Recordset& item) {
   if (item.Number("hu_qty") <= 0 || item["hi_qty"].IsNull()) return std::nullopt;
   if (item["cost_per"].IsNull()) return 0;
-  const std::string inventoried = Str(Divide(item.Number("cost_per"), item.Number("hi_qty")));
-  return Divide(Val(inventoried), Val(item.Text("hu_qty")));
+  const double inventoried = ValOf(Divide(item.Number("cost_per"), item.Number("hi_qty")));
+  return Divide(inventoried, ValOf(item["hu_qty"]));
 }
 
 // The cost lives across the lines: one whose item gives none takes the cost of the line before it.
@@ -100,7 +100,7 @@ ExtendedCost WithYield(jet::Database& database) {
 }
 
 double WithoutYield(const jet::Recordset& line) {
-  return Val(line.Text("cost_per")) * Val(line.Text("qty"));
+  return ValOf(line["cost_per"]) * ValOf(line["qty"]);
 }
 
 // The number of the group nested in a line. The cut is four characters short of the marker, so a

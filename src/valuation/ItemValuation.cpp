@@ -23,10 +23,10 @@ jet::Recordset Receipts(jet::Database& database, const std::string& inv_id) {
 }
 
 double Quantity(const jet::Recordset& receipt) {
-  return Val(receipt.Text("p_qty"));
+  return ValOf(receipt["p_qty"]);
 }
 double Price(const jet::Recordset& receipt) {
-  return Val(receipt.Text("Price"));
+  return ValOf(receipt["Price"]);
 }
 
 // What the newest receipts cover of a quantity.

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
 #include <string>
 
 #include "ErrorOf.h"
@@ -55,6 +56,24 @@ TEST(Str, GivesFifteenDigitsInTheGeneralForm) {
   };
   for (const auto& [value, text] : cases) EXPECT_EQ(Str(value), text);
   EXPECT_EQ(ErrorOf([] { Str(std::numeric_limits<double>::infinity()); }), 6);
+}
+
+TEST(ValOf, IsValOfTheTextWhateverShorterWayItTakes) {
+  EXPECT_EQ(ValOf(1.0 / 3), 0.333333333333333);
+  EXPECT_EQ(ValOf(12.34), 12.34);
+  std::mt19937_64 random(7);
+  for (int i = 0; i < 20000; ++i) {
+    const double whole = static_cast<double>(static_cast<std::int64_t>(random()) >> (i % 64));
+    for (const double value : {whole, whole / std::pow(10, i % 7), std::sqrt(std::fabs(whole))})
+      ASSERT_EQ(ValOf(value), Val(Str(value))) << Str(value);
+  }
+  EXPECT_EQ(ErrorOf([] { ValOf(std::numeric_limits<double>::infinity()); }), 6);
+}
+
+TEST(Divide, FailsOnADivisorOf0) {
+  EXPECT_EQ(Divide(1, 4), 0.25);
+  EXPECT_EQ(ErrorOf([] { Divide(1, 0); }), 11);
+  EXPECT_EQ(ErrorOf([] { Divide(0, 0); }), 11);
 }
 
 TEST(CLng, RoundsAHalfToTheEvenNumber) {

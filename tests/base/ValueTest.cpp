@@ -35,6 +35,13 @@ TEST(Value, ReadsAsTextNumberAndBoolean) {
   }
 }
 
+TEST(Value, ValOfGoesThroughTheText) {
+  EXPECT_EQ(ValOf(Value()), 0);
+  EXPECT_EQ(ValOf(Value(true)), 0) << "\"True\" is no number";
+  EXPECT_EQ(ValOf(Value("7 mm")), 7);
+  EXPECT_EQ(ValOf(Value(2.0 / 3)), 0.666666666666667);
+}
+
 TEST(Value, RefusesAnotherKindWithATypeMismatch) {
   EXPECT_EQ(Value("a").AsText(), "a");
   EXPECT_EQ(Value(true).AsNumber(), -1);
