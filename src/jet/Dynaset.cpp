@@ -31,7 +31,11 @@ class ReadTogether {
 
 Dynaset::Dynaset(std::shared_ptr<Engine> engine, const Engine::Query& query)
     : RecordsetImpl(std::move(engine)), shape_(query.shape) {
-  if (shape_->IsSmall())
+  // A set that will be left early needs its keys only, where no other desk can come between them
+  // and the rows.
+  if (shape_->IsShallow() && TheEngine().connection.InTransaction())
+    ReadKeys(query.translation.Parameters);
+  else if (shape_->IsSmall())
     OpenSmall(query.translation.Parameters);
   else
     OpenLarge(query.translation.Parameters);
@@ -40,6 +44,7 @@ Dynaset::Dynaset(std::shared_ptr<Engine> engine, const Engine::Query& query)
 }
 
 Dynaset::~Dynaset() {
+  shape_->LearnWalk(reached_, keys_.Size());
   try {
     if (TheEngine().IsOpen()) Dynaset::CancelUpdate();
   } catch (const RunTimeError&) {
@@ -98,6 +103,7 @@ void Dynaset::Land() {
   if (block_.IsGone(Position())) throw RunTimeError(3167);
   cells_ = block_.Cells(Position());
   rowStamp_ = block_.Stamp;
+  reached_ = std::max(reached_, Position() + 1);
 }
 
 void Dynaset::ReadBlockAround(std::size_t position) {
@@ -105,7 +111,7 @@ void Dynaset::ReadBlockAround(std::size_t position) {
   // to, starts over.
   const std::size_t held = block_.End() - block_.Begin();
   const std::size_t grown = std::clamp(held * kGrowth, kFirstBlock, kLastBlock);
-  std::size_t begin = position, count = kFirstBlock;
+  std::size_t begin = position, count = shape_->IsShallow() ? 1 : kFirstBlock;
   if (!block_.IsEmpty() && position >= block_.End() && position - block_.End() < kFirstBlock) {
     count = grown;
   } else if (position < block_.Begin() && block_.Begin() - position <= kFirstBlock) {

@@ -59,6 +59,7 @@ class Dynaset : public RecordsetImpl {
   std::shared_ptr<QueryShape> shape_;
   KeySet keys_;
   RowBlock block_;
+  std::size_t reached_ = 0;         // rows from the first one to the furthest landed on
   Value* cells_ = nullptr;          // the current row once it was landed on
   Engine::Stamp rowStamp_;          // as of when the current row is
   std::vector<RowBlock> outgrown_;  // values of the current row that callers may still look at

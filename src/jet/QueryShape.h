@@ -26,7 +26,8 @@ struct ColumnChoice {
 };
 
 // What all dynasets of one statement have in common, whatever the literals in it: the table, the
-// fields, and what earlier ones taught: which columns are read, and how many rows there are.
+// fields, and what earlier ones taught: which columns are read, how many rows there are, and how
+// far they are walked.
 class QueryShape {
  public:
   QueryShape(std::shared_ptr<StoredTable> table, const Translation& translation);
@@ -38,6 +39,11 @@ class QueryShape {
   // A small set comes with its rows at once; of a large one the keys are read first.
   bool IsSmall() const { return lastCount_ <= kSmall; }
   void Learn(std::size_t count) { lastCount_ = count; }
+  // The last set was left in its first half, or not walked at all: most of its rows were not read.
+  bool IsShallow() const { return shallow_; }
+  void LearnWalk(std::size_t reached, std::size_t count) {
+    if (count > 0) shallow_ = reached * 2 < count;
+  }
   static constexpr std::size_t kSmall = 64;
 
   // The field was read. Columns that nobody reads are not fetched.
@@ -61,6 +67,7 @@ class QueryShape {
   std::string condition_, order_, keySql_;
   std::vector<char> wanted_;
   bool settled_ = false;
+  bool shallow_ = false;
   std::shared_ptr<const ColumnChoice> columns_;
   std::size_t lastCount_ = static_cast<std::size_t>(-1);
 };

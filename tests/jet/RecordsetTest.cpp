@@ -51,6 +51,29 @@ TEST_F(RecordsetTest, AFieldLearntLateIsReadInTheBlockAtHand) {
   }
 }
 
+// A shape whose sets are left early reads its rows one by one within a batch.
+TEST_F(RecordsetTest, ASetThatIsMostlyLeftEarlyGivesAllRowsAllTheSame) {
+  AddParts(9);
+  const WriteBatch batch(db_);
+  Recordset written = db_.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '9'");
+  for (int pass = 0; pass < 3; ++pass) {
+    written.Edit();
+    written.Set("qty", pass);
+    written.Update();
+    Recordset set = db_.OpenRecordset(kParts);
+    EXPECT_EQ(set.Text("name"), "Part 1");
+    EXPECT_EQ(set.RecordCount(), 9);
+    if (pass < 2) continue;
+    int rows = 1;
+    for (; set.Text("name") != "Part 9"; set.MoveNext()) ++rows;
+    EXPECT_EQ(rows, 9);
+    EXPECT_EQ(set.Number("qty"), pass);
+    set.FindFirst("inv_id = '4'");
+    set.MovePrevious();
+    EXPECT_EQ(set.Text("name"), "Part 3");
+  }
+}
+
 TEST_F(RecordsetTest, ANewRowStandsAtTheEndAndTheRowBeforeStaysCurrent) {
   AddParts(2);
   Recordset set = db_.OpenRecordset("SELECT * FROM I_Master WHERE qty = 10 ORDER BY name");
