@@ -1,0 +1,240 @@
+#include "stock/KVI_Invoice.h"
+
+#include <iterator>
+
+#include "base/Format.h"
+#include "base/Number.h"
+#include "security/CheckAccess.h"
+#include "store/SaveRecord.h"
+#include "utilities/ExportGridToSpreadsheet.h"
+#include "utilities/PrintCodes.h"
+#include "utilities/PrintGrid.h"
+#include "utilities/SprdSubs.h"
+
+namespace kvi {
+
+namespace {
+
+enum Columns { kDate = 1, kDueDate, kVendor, kNumber, kAmount, kAdjusted };
+
+struct InvoiceColumn {
+  const char *heading, *field, *mask;
+  double width;  // twips
+  CellKind kind;
+};
+constexpr const char* kDateMask = "mm/dd/yyyy";
+constexpr const char* kAmountMask = "###0.00";
+// From the first column on.
+constexpr InvoiceColumn kColumns[] = {
+    {"Invoice Date", "Date", kDateMask, 1400, CellKind::Date},
+    {"Date Due", "date_due", kDateMask, 1400, CellKind::Date},
+    {"Vendor Name", "Vendor", "", 2000, CellKind::List},
+    {"Invoice Number", "Number", "", 1500, CellKind::Edit},
+    {"Total Amount", "amount", kAmountMask, 1500, CellKind::Number},
+    {"Adjusted Amount", "adj_amount", kAmountMask, 1500, CellKind::Number},
+};
+constexpr int kColumnCount = static_cast<int>(std::size(kColumns));
+constexpr double kHeadingHeight = 600;  // twips
+
+struct SortChoice {
+  const char *text, *order;
+};
+constexpr SortChoice kSortChoices[] = {
+    {"Name", "vendor;"},
+    {"Invoice #", "number, vendor;"},
+    {"Invoice Date", "date, vendor;"},
+    {"Total Amount", "amount, vendor;"},
+    {"Due Date", "date_due, vendor;"},
+    {"Adjusted Amount", "adj_amount, vendor;"},
+};
+
+constexpr const char* kUnsaved = "Unsaved changes have been made.  Save before exiting?";
+
+}  // namespace
+
+KVI_Invoice::KVI_Invoice(Application& app)
+    : KviScreen(app, "KVI_Invoice", "Invoice Entry", "Inventory - Invoices") {
+  SortCombo.Click = [this] {
+    if (!filling_ && SaveIfWanted(kUnsaved)) load_data();
+  };
+  Spread1.CellEdited = [this](int, int) { changed_ = true; };
+  new_lab.Click = [this] { AddInvoice(); };
+  save.Click = [this] { save_changes(); };
+  remove.Click = [this] { RemoveActive(); };
+  print_lab.Click = [this] { PrintRegister(); };
+  exit_lab.Click = [this] { Leave("Spreadsheet changes have been made.  Save before exiting?"); };
+  m_delete.Click = [this] { RemoveAll(); };
+  M_export.Click = [this] {
+    ExportGridToSpreadsheet(Spread1, app_.SpreadsheetPath, app_.ProgramFolder, app_.desktop);
+  };
+  m_exit.Click = [this] { Leave(kUnsaved); };
+}
+
+void KVI_Invoice::Prepare() {
+  Spread1.SetRowHeight(0, kHeadingHeight);
+  for (int col = 1; col <= kColumnCount; ++col) {
+    const InvoiceColumn& column = kColumns[col - 1];
+    Spread1.SetHeading(col, column.heading);
+    Spread1.SetColWidth(col, column.width);
+    Spread1.SetKind(Block::Column(col), column.kind);
+    if (column.kind == CellKind::Number) Spread1.SetAlign(Block::Column(col), CellAlign::Right);
+  }
+  std::vector<std::string> vendors;
+  jet::Recordset set =
+      app_.CurrentDatabase.OpenRecordset("SELECT * FROM Vendor_Info ORDER BY Name;");
+  for (; !set.Eof(); set.MoveNext()) vendors.push_back(set.Text("name"));
+  Spread1.SetChoices(kVendor, std::move(vendors));
+
+  filling_ = true;
+  SortCombo.Clear();
+  for (const SortChoice& choice : kSortChoices) SortCombo.AddItem(choice.text);
+  SortCombo.SetListIndex(0);
+  filling_ = false;
+}
+
+void KVI_Invoice::Activate() {
+  load_data();
+}
+
+std::string KVI_Invoice::Query() const {
+  std::string sql = "SELECT * FROM Invoice  ORDER BY ";
+  for (const SortChoice& choice : kSortChoices)
+    if (SortCombo.Text() == choice.text) sql += choice.order;
+  return sql;
+}
+
+void KVI_Invoice::load_data() {
+  {
+    const Hourglass busy(app_.desktop);
+    jet::Recordset invoices = app_.CurrentDatabase.OpenRecordset(Query());
+    Spread1.SetReDraw(false);
+    ClearGrid(Spread1);
+    Spread1.SetMaxRows(invoices.RecordCount());
+    for (int row = 1; !invoices.Eof(); invoices.MoveNext(), ++row) {
+      for (int col = 1; col <= kColumnCount; ++col)
+        Spread1.SetText(row, col,
+                        Format(invoices[kColumns[col - 1].field], kColumns[col - 1].mask));
+    }
+    ShadeGridRows(Spread1, app_.UseColors);
+    GoToFirstCell(Spread1);
+    changed_ = false;
+  }
+  if (Spread1.MaxRows() == 0)
+    Inform("No invoices in the system.  Click on the 'new' menu option to add a new invoices.");
+}
+
+bool KVI_Invoice::MayWrite() {
+  if (CheckAccess(app_.AccessString, kInventoryModule, kWriteAccess)) return true;
+  Inform("Current security clearance is READ ONLY.");
+  return false;
+}
+
+// The rows are made complete before the table is touched: no box of theirs stands between the
+// deletion and the rewriting, where another desk would find half a register.
+bool KVI_Invoice::save_changes() {
+  if (!MayWrite()) return true;
+  const Hourglass busy(app_.desktop);
+  if (!changed_) return true;
+  for (int row = 1; row <= Spread1.MaxRows(); ++row) CompleteRow(row);
+  if (!WriteTable()) return false;
+  changed_ = false;
+  return true;
+}
+
+void KVI_Invoice::CompleteRow(int row) {
+  for (const int column : {kDate, kDueDate}) CompleteDate(row, column);
+  for (const int column : {kVendor, kNumber})
+    if (Spread1.Text(row, column).empty()) Spread1.SetText(row, column, "n/a");
+}
+
+void KVI_Invoice::CompleteDate(int row, int column) {
+  if (CDate(Spread1.Text(row, column))) return;
+  Spread1.SetText(row, column, Format(app_.clock.Now(), kDateMask));
+  Inform("You have entered an incorrect date, defaulting to today's date.");
+}
+
+bool KVI_Invoice::WriteTable() {
+  return SaveRecord(app_.desktop, [&](SaveStatements& run) {
+           jet::WriteBatch batch(app_.CurrentDatabase);
+           run([&] { app_.CurrentDatabase.Execute("DELETE * FROM Invoice"); });
+           jet::Recordset invoices = app_.CurrentDatabase.OpenRecordset("SELECT * FROM Invoice");
+           for (int row = 1; row <= Spread1.MaxRows(); ++row) {
+             const std::string& vendor = Spread1.Text(row, kVendor);
+             const std::string& number = Spread1.Text(row, kNumber);
+             // Always so, as long as blanks become "n/a"; kept for the day when they do not.
+             if (vendor.empty() || number.empty()) {
+               Inform("Invalid data entry in row " + Str(row) +
+                      " - you must enter a vendor name and invoice number.\n"
+                      "Please correct and save again before exiting!");
+               continue;
+             }
+             run([&] {
+               invoices.AddNew();
+               invoices.Set("Vendor", vendor);
+               invoices.Set("Number", number);
+               invoices.Set("Date", *CDate(Spread1.Text(row, kDate)));
+               invoices.Set("amount", Val(Spread1.Text(row, kAmount)));
+               invoices.Set("adj_amount", Val(Spread1.Text(row, kAdjusted)));
+               invoices.Set("date_due", *CDate(Spread1.Text(row, kDueDate)));
+             });
+             run([&] { invoices.Update(); });
+           }
+           batch.Finish();
+         }) == SaveEnd::Saved;
+}
+
+bool KVI_Invoice::SaveIfWanted(const std::string& question) {
+  return !changed_ || !AskYesNo(question) || save_changes();
+}
+
+void KVI_Invoice::AddInvoice() {
+  if (!MayWrite()) return;
+  if (!SaveIfWanted("Spreadsheet changes have been made.  Save before adding?")) return;
+  Spread1.InsertRow(Spread1.MaxRows() + 1);
+  changed_ = true;
+  ShadeGridRows(Spread1, app_.UseColors);
+  GoToRow(Spread1, Spread1.MaxRows());
+  Spread1.SetFocus();
+}
+
+void KVI_Invoice::RemoveActive() {
+  if (Spread1.ActiveRow() < 1) return;
+  if (!SaveIfWanted("Spreadsheet changes have been made.  Save before deleting current record?"))
+    return;
+  if (!AskYesNo("Are you sure you want to remove this 'Invoice?'?", "Invoices")) return;
+  Spread1.DeleteRow(Spread1.ActiveRow());
+  changed_ = true;
+  ShadeGridRows(Spread1, app_.UseColors);
+  save_changes();
+}
+
+void KVI_Invoice::RemoveAll() {
+  if (!AskYesNo("Are you sure you want to remove all 'Invoices?'?", "Invoices")) return;
+  ClearGrid(Spread1);
+  Spread1.SetMaxRows(0);
+  changed_ = true;
+  save_changes();
+}
+
+void KVI_Invoice::PrintRegister() {
+  const Hourglass busy(app_.desktop);
+  PrintGrid(app_.desktop, Spread1,
+            {.jobName = "Printing - Click Cancel to Quit",
+             .header = "/fn\"Arial\"/fz\"14\"/c" + PlainPrintText(Caption()) + "/n/c",
+             .footer = "/cPage: /p"});
+}
+
+void KVI_Invoice::Leave(const std::string& question) {
+  if (SaveIfWanted(question)) CloseScreen();
+}
+
+bool KVI_Invoice::QueryUnload() {
+  return SaveIfWanted(kUnsaved);
+}
+
+Layout KVI_Invoice::Arrange() {
+  return Column({BannerLayout(), Actions({&new_lab, &save, &remove, &print_lab, &exit_lab}),
+                 Row({Field("Sort By:", SortCombo, 1.6), Gap()}), Fill(Of(Spread1, 8, 5))});
+}
+
+}  // namespace kvi

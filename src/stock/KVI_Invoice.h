@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+
+#include "frame/KviScreen.h"
+#include "platform/Spread.h"
+
+namespace kvi {
+
+// The register of the vendors' invoices, shared by the whole installation: its rows have no profit
+// center and no link to parts or orders. A row has no identity: every save rewrites the table.
+class KVI_Invoice : public KviScreen {
+ public:
+  explicit KVI_Invoice(Application& app);
+
+  void Activate() override;
+  bool QueryUnload() override;
+  Layout Arrange() override;
+
+  ComboBox SortCombo{*this, "SortCombo", ComboBox::Style::ListOnly};
+  Spread Spread1{*this, "Spread1", 6};
+  ActionLabel new_lab{*this, "new_lab", "&New"};
+  ActionLabel save{*this, "save", "&Save"};
+  ActionLabel remove{*this, "remove", "&Remove"};
+  ActionLabel print_lab{*this, "print_lab", "&Print"};
+  ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
+  Menu m_file{*this, "m_file", "&File"};
+  MenuItem m_delete{m_file, "m_delete", "Delete ALL Invoices"};
+  MenuItem M_export{m_file, "M_export", "Export to spreadsheet"};
+  MenuItem m_exit{m_file, "m_exit", "Exit this screen"};
+
+ protected:
+  void Prepare() override;
+
+ private:
+  std::string Query() const;
+  void load_data();
+  bool MayWrite();
+  // False when the save was wanted and failed, so that what was typed must not be lost; a refusal
+  // for want of the write right is none.
+  bool save_changes();
+  bool SaveIfWanted(const std::string& question);
+  void CompleteRow(int row);
+  void CompleteDate(int row, int column);
+  bool WriteTable();
+  void AddInvoice();
+  void RemoveActive();
+  void RemoveAll();
+  void PrintRegister();
+  void Leave(const std::string& question);
+
+  bool changed_ = false;
+  bool filling_ = false;
+};
+
+}  // namespace kvi
