@@ -102,6 +102,12 @@ void SpreadView::keyPressEvent(QKeyEvent* event) {
   if (key == Qt::Key_Delete) return ClearSelected();
   if (key == Qt::Key_Space && grid_.Format(row, col).Kind == CellKind::CheckBox)
     return Tick(row, col);
+  const bool command =
+      (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) !=
+      Qt::NoModifier;
+  if (const QString text = event->text();
+      grid_.KeyPress && !command && !text.isEmpty() && text[0].isPrint() && !IsTyped(row, col))
+    return hand_([&](Gestures& user) { user.PressKey(grid_, FromQt(text)); });
   QTableView::keyPressEvent(event);
 }
 

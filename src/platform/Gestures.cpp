@@ -117,7 +117,18 @@ void Gestures::MoveOver(Screen& screen) {
 
 bool Gestures::GoToCell(Spread& grid, int row, int col) {
   if (!Reachable(stack_, grid) || row < 1 || row > grid.MaxRows()) return false;
-  stack_.Guard([&] { grid.SetActiveCell(row, col); });
+  stack_.Guard([&] {
+    grid.Row = row;
+    grid.Col = col;
+    grid.SetActiveCell(row, col);
+  });
+  return true;
+}
+
+bool Gestures::PressKey(Spread& grid, const std::string& character) {
+  const int row = grid.ActiveRow(), col = grid.ActiveCol();
+  if (!Reachable(stack_, grid) || grid.TakesTyping(row, col)) return false;
+  stack_.Guard([&] { Fire(grid.KeyPress, row, col, character); });
   return true;
 }
 

@@ -44,6 +44,8 @@ class Gestures {
   void MoveOver(Screen& screen);
 
   bool GoToCell(Spread& grid, int row, int col);
+  // One character typed on the active cell; a cell that takes typing keeps it for itself.
+  bool PressKey(Spread& grid, const std::string& character);
   bool TypeIntoCell(Spread& grid, int row, int col, const std::string& text);
   bool DoubleClick(Spread& grid, int row, int col);
   bool ClickHeading(Spread& grid, int col);

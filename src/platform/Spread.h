@@ -79,8 +79,8 @@ class Spread : public Control {
   void Sort(int keyCol, bool ascending);
 
   // The cell cursor of the code (quick find reads it), apart from the cell that is active on the
-  // screen. ActiveRow is 0 when no cell is active: at first, and once the grid had no rows. When
-  // rows go, it is the last one at most.
+  // screen; a cell that the user goes to takes it along. ActiveRow is 0 when no cell is active: at
+  // first, and once the grid had no rows. When rows go, it is the last one at most.
   int Row = 1, Col = 1;
   int ActiveRow() const { return activeRow_; }
   int ActiveCol() const { return activeCol_; }
@@ -95,6 +95,8 @@ class Spread : public Control {
   // The user's typing: cuts the text to the cell's length and fires CellEdited when that changes
   // the cell. False when the cell takes it not: locked, static, or no choice of its list.
   bool TypeText(int row, int col, const std::string& text);
+  // Whether the user can type into the cell at all.
+  bool TakesTyping(int row, int col) const;
   // Tab-separated text of a block's visible columns, lines ended by "\n"; and its inverse from a
   // cell on, which types each text, passes over what cannot be typed and stays inside of the grid.
   std::string BlockText(Block block) const;
@@ -106,6 +108,8 @@ class Spread : public Control {
 
   std::function<void(int row, int col)> DblClick;  // row 0 is a heading
   std::function<void(int col)> HeadingClick;
+  // A character typed on the active cell where it takes no typing; row 0 when none is active.
+  std::function<void(int row, int col, const std::string& character)> KeyPress;
   std::function<void(int row, int col)> CellEdited;  // the user's text is in the cell
   std::function<void()> AdvancedPastLastCell;        // Enter or Tab in the last cell
   std::function<void()> ActiveCellChanged;

@@ -63,10 +63,15 @@ void Spread::SetSelectedBlocks(std::vector<Block> blocks) {
   if (only.row == only.row2 && only.col == only.col2) selection_.clear();
 }
 
-bool Spread::TypeText(int row, int col, const std::string& text) {
+bool Spread::TakesTyping(int row, int col) const {
   if (row < 1 || !Has(row, col)) return false;
   const CellFormat format = Format(row, col);
-  if (format.Lock || format.Kind == CellKind::Static) return false;
+  return !format.Lock && format.Kind != CellKind::Static;
+}
+
+bool Spread::TypeText(int row, int col, const std::string& text) {
+  if (!TakesTyping(row, col)) return false;
+  const CellFormat format = Format(row, col);
   if (format.Kind == CellKind::List && !std::ranges::count(Choices(col), text)) return false;
   const auto length = static_cast<std::size_t>(format.TypeEditLen);
   const std::string typed = length > 0 ? Left(text, length) : text;

@@ -71,6 +71,15 @@ void GoToCell(Spread& grid, int row, int col) {
   grid.SetActiveCell(row, col);
 }
 
+void GoToFirstLetter(Spread& grid, int column, const std::string& key) {
+  const std::string letter = UCase(key);
+  for (int row = 1; row <= grid.MaxRows(); ++row) {
+    const std::string& cell = grid.Text(row, column);
+    if (!Trim(cell).empty() && UCase(Left(cell, 1)) == letter)
+      return GoToCell(grid, row, grid.ActiveCol());
+  }
+}
+
 void LockGrid(Spread& grid) {
   grid.SetLock(Block::All(), true);
 }

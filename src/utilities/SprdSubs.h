@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "jet/Database.h"
 #include "platform/Screen.h"
 #include "platform/Spread.h"
@@ -16,6 +18,10 @@ void ClearGrid(Spread& grid);
 void GoToFirstCell(Spread& grid);
 void GoToRow(Spread& grid, int row);
 void GoToCell(Spread& grid, int row, int col);
+
+// Goes to the first row whose cell in the column begins with the letter of the key, whatever the
+// case of either; the active column stays. No such cell leaves everything where it is.
+void GoToFirstLetter(Spread& grid, int column, const std::string& key);
 
 // Read-only as a whole, also for rows that come later.
 void LockGrid(Spread& grid);
