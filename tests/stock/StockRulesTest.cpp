@@ -1,0 +1,66 @@
+#include <gtest/gtest.h>
+
+#include "base/ErrorOf.h"
+#include "stock/CountVariance.h"
+#include "stock/StockBooking.h"
+
+namespace kvi::test {
+namespace {
+
+TEST(CountVarianceTest, PercentIsTakenOnTheCountAndTheLimitBelongsToIt) {
+  const struct {
+    double theoretical, counted, limit, difference, percent;
+    bool over;
+  } cases[] = {
+      {95, 100, 5, 5, 5, true},       {96, 100, 5, 4, 4, false}, {100, 80, 25, -20, -25, true},
+      {100, 80, 26, -20, -25, false}, {50, 0, 0, 0, 0, false},   {7, 7, 0, 0, 0, true},
+      {7, 7, 1, 0, 0, false},         {0, 4, 100, 4, 100, true}, {-2, -4, 50, -2, 50, true}};
+  for (const auto& row : cases) {
+    const CountVariance variance = VarianceOfCount(row.theoretical, row.counted, row.limit);
+    SCOPED_TRACE(testing::Message() << row.theoretical << " counted " << row.counted);
+    EXPECT_DOUBLE_EQ(variance.difference, row.difference);
+    EXPECT_DOUBLE_EQ(variance.percent, row.percent);
+    EXPECT_EQ(variance.overLimit, row.over);
+  }
+}
+
+constexpr PartLevel kDozen{.qty_on_hand = 3, .cost_per = 12, .hi_qty = 12};
+
+TEST(StockBookingTest, InventoriedUnitsMultiplyTheQuantityAndDivideTheCost) {
+  EXPECT_EQ(ShownQuantity(kDozen, ShownAs::Purchased), 3);
+  EXPECT_EQ(ShownQuantity(kDozen, ShownAs::Inventoried), 36);
+  EXPECT_EQ(ShownCost(kDozen, ShownAs::Purchased), 12);
+  EXPECT_EQ(ShownCost(kDozen, ShownAs::Inventoried), 1);
+}
+
+TEST(StockBookingTest, ACountReplacesTheLevelAtThePartsCost) {
+  const Booking purchased = BookCount(kDozen, 2.5, ShownAs::Purchased);
+  EXPECT_EQ(purchased.qty_on_hand, 2.5);
+  EXPECT_EQ(purchased.valuation, 30);
+  const Booking inventoried = BookCount(kDozen, 12, ShownAs::Inventoried);
+  EXPECT_EQ(inventoried.qty_on_hand, 1);
+  EXPECT_EQ(inventoried.valuation, 12);
+}
+
+TEST(StockBookingTest, APurchaseInInventoriedUnitsDividesTheCostAgain) {
+  const Booking booking = BookPurchase(kDozen, 24, 1.20, ShownAs::Inventoried);
+  EXPECT_EQ(booking.bought, 2);
+  EXPECT_EQ(booking.qty_on_hand, 5);
+  EXPECT_DOUBLE_EQ(booking.cost_per, 0.10);
+  EXPECT_DOUBLE_EQ(booking.valuation, 0.50);
+  const Booking returned = BookPurchase(kDozen, -1, 10, ShownAs::Purchased);
+  EXPECT_EQ(returned.qty_on_hand, 2);
+  EXPECT_EQ(returned.valuation, 20);
+}
+
+TEST(StockBookingTest, WithoutAUnitFactorInventoriedUnitsCannotBeConverted) {
+  const PartLevel broken{.qty_on_hand = 3, .cost_per = 12, .hi_qty = 0};
+  EXPECT_EQ(ShownQuantity(broken, ShownAs::Inventoried), 0);
+  EXPECT_EQ(ErrorOf([&] { ShownCost(broken, ShownAs::Inventoried); }), 11);
+  EXPECT_EQ(ErrorOf([&] { BookCount(broken, 0, ShownAs::Inventoried); }), 11);
+  EXPECT_EQ(ErrorOf([&] { BookPurchase(broken, 1, 1, ShownAs::Inventoried); }), 11);
+  EXPECT_EQ(BookCount(broken, 4, ShownAs::Purchased).valuation, 48);
+}
+
+}  // namespace
+}  // namespace kvi::test
