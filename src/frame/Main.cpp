@@ -13,6 +13,7 @@
 #include "items/KVI_InventorySummary.h"
 #include "security/CheckAccess.h"
 #include "security/KVI_SecurityCheckpoint.h"
+#include "stock/KVI_UpdateInventory.h"
 #include "store/DropDown.h"
 #include "store/OpenInventoryDatabase.h"
 #include "utilities/KVI_Utilities.h"
@@ -33,7 +34,7 @@ Main::Main(Application& app) : Screen("Main", "Kestvar Inventory"), app_(app) {
     if (MayOpen(kOrderModule)) SayNotBuiltYet(app_.desktop, "Manage Orders");
   };
   Label6.Click = [this] {
-    if (MayOpen(kUpdateModule)) SayNotBuiltYet(app_.desktop, "Update Inventory On Hand & Prices");
+    if (MayOpen(kUpdateModule)) app_.screens.ShowModal(app_.Get<KVI_UpdateInventory>());
   };
   Label2.Click = [this] {
     if (MayOpenWithItems(kUsageModule)) SayNotBuiltYet(app_.desktop, "Usage Analysis");
