@@ -49,7 +49,18 @@ void JetWriter::CompareWith(const Operand& left, std::string_view symbol) {
   out_ += symbol;
   out_ += ' ';
   const Operand right = Concatenation();
-  if (!CompareWithConstant(symbol, leftEnd, right)) Coerce(left, leftEnd, right);
+  if (CompareWithConstant(symbol, leftEnd, right)) return;
+  if (left.kind == Kind::Number || right.kind == Kind::Number)
+    return Coerce(left, leftEnd, right);
+  DropCase(right);
+  DropCase(left);
+}
+
+// Our order compares without regard to case anyway; without the call an index on its argument
+// serves.
+void JetWriter::DropCase(const Operand& operand) {
+  if (operand.call != nullptr && operand.call->ChangesCase())
+    out_.erase(operand.start, operand.call->sqlName.size());
 }
 
 // Null and the truth values have their own way of being compared.

@@ -79,6 +79,7 @@ class JetWriter {
   void CompareWith(const Operand& left, std::string_view symbol);
   bool CompareWithConstant(std::string_view symbol, std::size_t leftEnd, const Operand& right);
   void Coerce(const Operand& left, std::size_t leftEnd, const Operand& right);
+  void DropCase(const Operand& operand);
   void ReadAsNumber(const Operand& operand, std::size_t end);
   void Like(const Operand& left, bool negated);
   void In(const Operand& left, bool negated);

@@ -63,8 +63,12 @@ TableDef ItemTable() {
            Number("Yield"),
            Text("BarCodeScan", 30),
            Flag("CorpInventoryItem")},
-          // The trimmed form is that by which a part is opened and stepped to.
-          {{{"inv_id"}, true}, {{"trim(inv_id) COLLATE JET1"}}, {{"pcenter", "name"}}}};
+          // The trimmed forms: a part is opened and stepped to by its number, and its name is
+          // looked for at each save.
+          {{{"inv_id"}, true},
+           {{"trim(inv_id) COLLATE JET1"}},
+           {{"trim(name) COLLATE JET1"}},
+           {{"pcenter", "name"}}}};
 }
 
 std::vector<TableDef> PartGroupTables() {

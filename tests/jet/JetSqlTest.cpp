@@ -128,6 +128,7 @@ TEST_F(JetSqlTest, AConditionPicksTheRowsThatJetPicks) {
       {"Trim(inv_id) IN ('ab', 'x')", "3 / 4"},
       {"Trim(inv_id) BETWEEN 'AA' AND 'AC'", "3 / 4"},
       {"ucase(trim(name))='bolt'", "1 / 2"},
+      {"'BOLT' = lcase(trim(name))", "1 / 2"},
       {"IIf(qty > 1, name, 'none') = 'NONE'", "2 / 3"},
       {"name & 'x' = 'BOLTX'", "1 / 2"},
       // Literals and names.

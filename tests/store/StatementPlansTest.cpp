@@ -28,6 +28,7 @@ TEST(StatementPlans, TheFrequentStatementsUseAnIndex) {
       "SELECT * FROM I_Master WHERE Trim(Inv_ID) = '9';",
       "SELECT * FROM I_Master WHERE lTrim(rtrim(Inv_ID)) = '9';",
       "SELECT * FROM I_Master WHERE Inv_ID = '9';",
+      "select * from i_master where ucase(trim(name))='BOLT'",
       "SELECT * FROM I_Master where pcenter = 4 ORDER BY name",
       "SELECT * FROM R_Master where pcenter = 4 ORDER BY name",
       "SELECT * FROM r_master WHERE Rec_ID = 'G9 DUP';",
