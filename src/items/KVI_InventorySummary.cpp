@@ -7,12 +7,11 @@
 #include "base/Format.h"
 #include "base/Number.h"
 #include "base/Text.h"
-#include "frame/NotBuiltYet.h"
+#include "items/KVI_Find.h"
 #include "partgroups/UpdatePartGroupCosts.h"
 #include "store/DropDown.h"
 #include "utilities/ExportGridToSpreadsheet.h"
-#include "utilities/PrintCodes.h"
-#include "utilities/PrintGrid.h"
+#include "utilities/PrintScreenGrid.h"
 #include "utilities/SprdSubs.h"
 
 namespace kvi {
@@ -106,7 +105,7 @@ void KVI_InventorySummary::HandleEvents() {
   new_lab.Click = [this] { NewItem(); };
   duplicate.Click = [this] { DuplicateActive(); };
   remove.Click = [this] { RemoveActive(); };
-  find_lab.Click = [this] { SayNotBuiltYet(app_.desktop, "Find"); };
+  find_lab.Click = [this] { FindItem(); };
   print_lab.Click = [this] { PrintList(); };
   exit_lab.Click = [this] { exit_is(); };
   m_export.Click = [this] {
@@ -231,14 +230,17 @@ void KVI_InventorySummary::ShowPosition() {
                           Str(Spread1.ActiveRow()) + " of " + Str(Spread1.MaxRows()) + " records");
 }
 
+void KVI_InventorySummary::FindItem() {
+  app_.Get<KVI_Find>().FindIn(
+      {.caller = Name(),
+       .grid = &Spread1,
+       .hidden = &Spread1,
+       .column = ColumnOfSortChoice(SortCombo.Text),
+       .nothingFound = "No items found - starting back at the top of spreadsheet."});
+}
+
 void KVI_InventorySummary::PrintList() {
-  if (!AskToPrint()) return;
-  const Hourglass busy(app_.desktop);
-  PrintGrid(app_.desktop, Spread1,
-            {.jobName = "Printing - Click Cancel to Quit",
-             .header = "/fn\"Arial\"/fz\"14\"/c" + PlainPrintText(app_.settings.CompanyName) +
-                       "/n/c" + Caption() + "/n/c" + Str(app_.clock.Now().WithoutTime()),
-             .footer = "/cPage: /p"});
+  if (AskToPrint()) PrintScreenGrid(app_, *this, Spread1);
 }
 
 void KVI_InventorySummary::exit_is() {

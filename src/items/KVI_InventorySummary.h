@@ -58,6 +58,7 @@ class KVI_InventorySummary : public KviScreen {
   void ReloadHidden(bool shade);
   void ShowRefreshMode();
   void ShowPosition();
+  void FindItem();
   void PrintList();
   // The layout of the detail screen that the preferences choose.
   ItemDetailScreen& DetailScreen();

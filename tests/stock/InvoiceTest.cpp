@@ -1,0 +1,258 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "items/DetailStory.h"
+#include "stock/KVI_Invoice.h"
+#include "support/TestStockroom.h"
+
+namespace kvi::test {
+namespace {
+
+constexpr const char* kReadOnly = "Current security clearance is READ ONLY.";
+constexpr const char* kBadDate = "You have entered an incorrect date, defaulting to today's date.";
+constexpr const char* kUnsaved = "Unsaved changes have been made.  Save before exiting?";
+constexpr const char* kNoInvoices =
+    "No invoices in the system.  Click on the 'new' menu option to add a new invoices.";
+
+class InvoiceTest : public ::testing::Test {
+ protected:
+  InvoiceTest() {
+    stockroom.Fill("Vendor_Info", "Name\n Nord\n Alpha");
+    stockroom.Fill("Invoice",
+                   "Vendor | Number | Date | date_due | amount | adj_amount\n"
+                   "Nord | 9 | 2026-01-05 | 2026-02-01 | 12.345 | 7\n"
+                   "Alpha | 100 | 2026-01-02 | 2026-03-01 | 90 |\n"
+                   "Nord | 11 | 2026-01-09 | 2026-01-31 | 5 | 8");
+  }
+  // Opens the register, and leaves it when the user is done.
+  void Open(const std::function<void()>& user) {
+    Visit([this, user] {
+      user();
+      Click(Register().exit_lab);
+    });
+  }
+  void Visit(const std::function<void()>& user) {
+    stockroom.desktop.ExpectScreen("KVI_Invoice", user);
+    stockroom.App().screens.ShowModal(Register());
+    stockroom.desktop.AllCame();
+  }
+  KVI_Invoice& Register() { return stockroom.App().Get<KVI_Invoice>(); }
+  template <class T>
+  void Click(T& control) {
+    ASSERT_TRUE(stockroom.user().Click(control));
+  }
+  void Key(int row, int col, const std::string& text) {
+    ASSERT_TRUE(stockroom.user().TypeIntoCell(Register().Spread1, row, col, text)) << text;
+  }
+  void SortBy(const std::string& choice) {
+    stockroom.user().Choose(Register().SortCombo, Register().SortCombo.IndexOf(choice));
+  }
+  void Expect(const std::string& text, Answer answer = Answer::Ok,
+              const std::string& title = "Kestvar Inventory") {
+    stockroom.desktop.ExpectBox(text, answer, title);
+  }
+  std::string Stored() {
+    return stockroom.Rows("SELECT Vendor, Number, Date, date_due, amount, adj_amount FROM Invoice");
+  }
+
+  TestStockroom stockroom;
+};
+
+TEST_F(InvoiceTest, ShowsTheRegisterInTheOrderChosenAndNumbersAsText) {
+  ASSERT_TRUE(stockroom.Start());
+  stockroom.App().UseColors = true;
+  Open([&] {
+    const Spread& grid = Register().Spread1;
+    EXPECT_EQ(GridText(grid),
+              "01/02/2026|03/01/2026|Alpha|100|90.00|\n"
+              "01/05/2026|02/01/2026|Nord|9|12.35|7.00\n"
+              "01/09/2026|01/31/2026|Nord|11|5.00|8.00\n");
+    EXPECT_EQ(grid.Format(2, 1).BackColor, kLightGrey);
+    EXPECT_EQ(grid.RowHeight(0), 600);
+    const struct {
+      const char *choice, *numbers;
+    } cases[] = {{"Invoice #", "100\n11\n9\n"},       {"Invoice Date", "100\n9\n11\n"},
+                 {"Total Amount", "11\n9\n100\n"},    {"Due Date", "11\n9\n100\n"},
+                 {"Adjusted Amount", "100\n9\n11\n"}, {"Name", "100\n9\n11\n"}};
+    for (const auto& [choice, numbers] : cases) {
+      SortBy(choice);
+      EXPECT_EQ(GridText(grid, 4, 4), numbers) << choice;
+    }
+  });
+}
+
+TEST_F(InvoiceTest, ADeliveryIsRegisteredAtTheEndAndTheTableRewritten) {
+  ASSERT_TRUE(stockroom.Start());
+  Open([&] {
+    Click(Register().new_lab);
+    EXPECT_EQ(Register().Spread1.ActiveRow(), 4);
+    Key(4, 1, "3/1/26");
+    Key(4, 2, "2026-04-01");
+    EXPECT_FALSE(stockroom.user().TypeIntoCell(Register().Spread1, 4, 3, "Nobody"));
+    Key(4, 3, "Nord");
+    Key(4, 4, "A-7");
+    Key(4, 5, "1250.5 net");
+    Key(1, 6, "88");
+    Click(Register().save);
+    stockroom.Execute("DELETE * FROM Invoice WHERE Number = '9'");
+    Click(Register().save);
+  });
+  EXPECT_EQ(Stored(),
+            "Alpha|100|1/2/2026|3/1/2026|90|88\n"
+            "Nord|11|1/9/2026|1/31/2026|5|8\n"
+            "Nord|A-7|3/1/2026|4/1/2026|1250.5|0\n")
+      << "without a change a save writes nothing back";
+}
+
+TEST_F(InvoiceTest, ABlankRowAndBadDatesAreMadeCompleteWithTodaysDate) {
+  ASSERT_TRUE(stockroom.Start());
+  Open([&] {
+    Key(1, 2, "2/30/2026");
+    Expect("Spreadsheet changes have been made.  Save before adding?", Answer::Yes);
+    Expect(kBadDate);
+    Click(Register().new_lab);
+    for (int box = 0; box < 2; ++box) Expect(kBadDate);
+    Click(Register().save);
+    EXPECT_EQ(Register().Spread1.Text(1, 2), "03/09/2026");
+  });
+  EXPECT_EQ(Stored(),
+            "Alpha|100|1/2/2026|3/9/2026|90|0\n"
+            "Nord|9|1/5/2026|2/1/2026|12.35|7\n"
+            "Nord|11|1/9/2026|1/31/2026|5|8\n"
+            "n/a|n/a|3/9/2026|3/9/2026|0|0\n");
+}
+
+TEST_F(InvoiceTest, RemovesTheRowOfTheCursorAndSaves) {
+  ASSERT_TRUE(stockroom.Start());
+  Open([&] {
+    stockroom.user().GoToCell(Register().Spread1, 2, 4);
+    Expect("Are you sure you want to remove this 'Invoice?'?", Answer::No, "Invoices");
+    Click(Register().remove);
+    Key(3, 4, "12");
+    Expect("Spreadsheet changes have been made.  Save before deleting current record?",
+           Answer::Yes);
+    Expect("Are you sure you want to remove this 'Invoice?'?", Answer::Yes, "Invoices");
+    Click(Register().remove);
+  });
+  EXPECT_EQ(stockroom.Rows("SELECT Number FROM Invoice"), "100\n12\n");
+  Open([&] {
+    Expect("Are you sure you want to remove all 'Invoices?'?", Answer::Yes, "Invoices");
+    Click(Register().m_delete);
+    Click(Register().remove);
+  });
+  EXPECT_EQ(Stored(), "");
+}
+
+TEST_F(InvoiceTest, WithoutTheWriteRightTheTableStaysWhateverTheScreenShows) {
+  ASSERT_TRUE(stockroom.Start("/S:RRRR"));
+  const std::string before = Stored();
+  Open([&] {
+    Expect(kReadOnly);
+    Click(Register().new_lab);
+    Expect("Are you sure you want to remove all 'Invoices?'?", Answer::Yes, "Invoices");
+    Expect(kReadOnly);
+    Click(Register().m_delete);
+    EXPECT_EQ(Register().Spread1.MaxRows(), 0);
+    Expect("Spreadsheet changes have been made.  Save before exiting?", Answer::Yes);
+    Expect(kReadOnly);
+  });
+  EXPECT_EQ(Stored(), before);
+}
+
+TEST_F(InvoiceTest, EveryWayOutAndASortAskForUnsavedChanges) {
+  ASSERT_TRUE(stockroom.Start());
+  Visit([&] {
+    Key(1, 4, "1");
+    Expect(kUnsaved, Answer::No);
+    SortBy("Invoice #");
+    EXPECT_EQ(Register().Spread1.Text(1, 4), "100") << "loaded again";
+    Key(1, 4, "2");
+    Expect(kUnsaved, Answer::Yes);
+    SortBy("Name");
+    Key(1, 4, "3");
+    Expect(kUnsaved, Answer::No);
+    Click(Register().m_exit);
+  });
+  Visit([&] {
+    Key(1, 4, "4");
+    Expect(kUnsaved, Answer::Yes);
+    stockroom.user().CloseWindow(Register());
+  });
+  EXPECT_EQ(stockroom.Rows("SELECT Number FROM Invoice WHERE Vendor = 'Alpha'"), "4\n");
+}
+
+TEST_F(InvoiceTest, ALockThatLastsLosesNothingOfWhatWasTyped) {
+  ASSERT_TRUE(stockroom.Start());
+  jet::Database other = jet::Database::Open(stockroom.DatabaseFile(), false);
+  jet::Recordset theirs = other.OpenRecordset("SELECT * FROM Vendor_Info");
+  Open([&] {
+    Key(1, 4, "typed");
+    theirs.Edit();
+    Expect(kUnsaved, Answer::Yes);
+    Expect(kLockQuestion, Answer::No, "KV Inventory Save");
+    Expect("Changes have NOT been saved", Answer::Ok, "KV Inventory");
+    Click(Register().m_exit);
+    EXPECT_EQ(Register().Spread1.Text(1, 4), "typed") << "the screen stays";
+    Expect(kLockQuestion, Answer::Yes, "KV Inventory Save");
+    stockroom.desktop.Meanwhile([&] { theirs.CancelUpdate(); });
+    Click(Register().save);
+  });
+  EXPECT_EQ(stockroom.Rows("SELECT Number FROM Invoice"), "typed\n9\n11\n");
+}
+
+TEST_F(InvoiceTest, AnEmptyRegisterSaysSoAndANewVendorShowsAtTheNextOpening) {
+  stockroom.Execute("DELETE * FROM Invoice");
+  ASSERT_TRUE(stockroom.Start());
+  Expect(kNoInvoices);
+  stockroom.desktop.ExpectScreen("KVI_Invoice", [&] {
+    stockroom.Fill("Vendor_Info", "Name\n Bering");
+    Click(Register().new_lab);
+    for (int box = 0; box < 2; ++box) Expect(kBadDate);
+    Click(Register().save);
+    Click(Register().exit_lab);
+  });
+  stockroom.App().screens.ShowModal(Register());
+  EXPECT_EQ(Stored(), "n/a|n/a|3/9/2026|3/9/2026|0|0\n");
+  Open([&] {
+    EXPECT_EQ(GridText(Register().Spread1), "03/09/2026|03/09/2026|n/a|n/a|0.00|0.00\n");
+    EXPECT_EQ(Register().Spread1.Choices(3), (std::vector<std::string>{"Alpha", "Bering", "Nord"}));
+  });
+}
+
+TEST_F(InvoiceTest, PrintsAndExportsTheGrid) {
+  const std::string program = stockroom.folder / "calc";
+  WriteFile(program, "#!");
+  stockroom.Set("SpreadsheetExePath", program);
+  ASSERT_TRUE(stockroom.Start());
+  Open([&] {
+    Click(Register().print_lab);
+    stockroom.desktop.ExpectProgram(program + " \"" + (stockroom.folder / "temp.xls") + "\"");
+    Click(Register().M_export);
+  });
+  ASSERT_EQ(stockroom.desktop.documents.size(), 1U);
+  const std::string page = stockroom.desktop.documents[0]->Page(1);
+  for (const char* text : {"| Invoice Entry", "| Total Amount", "| Page: 1"})
+    EXPECT_NE(page.find(text), std::string::npos) << text << " in\n" << page;
+  const std::string file = ReadFile(stockroom.folder / "temp.xls");
+  EXPECT_EQ(file.substr(0, file.find('\t')), "Invoice Date");
+  EXPECT_EQ(std::ranges::count(file, '\n'), 4);
+}
+
+TEST_F(InvoiceTest, FiveThousandRowsAreLoadedAndRewrittenWhole) {
+  std::string rows = "Vendor | Number | Date | date_due | amount\n";
+  for (int i = 1; i <= 5000; ++i)
+    rows += "Nord | " + std::to_string(i) + " | 2026-01-05 | 2026-02-01 | 2\n";
+  stockroom.Execute("DELETE * FROM Invoice");
+  stockroom.Fill("Invoice", rows);
+  ASSERT_TRUE(stockroom.Start());
+  Open([&] {
+    SortBy("Invoice #");
+    Key(5000, 5, "3");
+    Click(Register().save);
+  });
+  EXPECT_EQ(stockroom.Rows("SELECT Count(*), Sum(amount) FROM Invoice"), "5000|10001\n");
+}
+
+}  // namespace
+}  // namespace kvi::test
