@@ -6,8 +6,9 @@
 #include "base/Format.h"
 #include "base/Number.h"
 #include "frame/Main.h"
-#include "frame/NotBuiltYet.h"
+#include "items/KVI_Find.h"
 #include "stock/CountVariance.h"
+#include "stock/KVI_Invoice.h"
 #include "utilities/ExportGridToSpreadsheet.h"
 #include "utilities/PrintScreenGrid.h"
 #include "utilities/SprdSubs.h"
@@ -50,6 +51,14 @@ constexpr SortChoice kSortChoices[] = {
 };
 constexpr int kOfferedSortChoices = 5;
 constexpr const char* kLineNumber = "Line #";
+
+// Columns in which a typed letter goes to the first cell that begins with it. This screen heads its
+// part numbers otherwise, and so has no such search in them.
+bool TakesFirstLetter(const std::string& heading) {
+  constexpr const char* kHeadings[] = {"Name",     "Category", "Description",
+                                       "Location", "#",        "Account #"};
+  return std::ranges::count(kHeadings, heading) > 0;
+}
 
 // Stops painting for the length of a routine.
 class PaintingOff {
@@ -94,8 +103,9 @@ void KVI_UpdateInventory::HandleEvents() {
   sva.Click = [this] { SortByVariance(true); };
   save.Click = [this] { SaveUpdateGrid(); };
   print_lab.Click = [this] { PrintList(); };
-  find_lab.Click = [this] { SayNotBuiltYet(app_.desktop, "Find"); };
-  ei.Click = [this] { SayNotBuiltYet(app_.desktop, "Invoices"); };
+  find_lab.Click = [this] { FindItem(); };
+  // Coming back from there loads the grid again.
+  ei.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_Invoice>()); };
   exit_lab.Click = [this] { Leave(); };
   m_export.Click = [this] {
     ExportGridToSpreadsheet(Spread1, app_.SpreadsheetPath, app_.ProgramFolder, app_.desktop);
@@ -103,6 +113,10 @@ void KVI_UpdateInventory::HandleEvents() {
   m_f_exit.Click = [this] { Leave(); };
   Spread1.CellEdited = [this](int, int) { changed_ = true; };
   Spread1.ActiveCellChanged = [this] { ShowPosition(); };
+  Spread1.KeyPress = [this](int, int col, const std::string& key) {
+    if (col < kFirstNumberColumn && TakesFirstLetter(Spread1.Text(0, col)))
+      GoToFirstLetter(Spread1, col, key);
+  };
 }
 
 void KVI_UpdateInventory::Prepare() {
@@ -300,6 +314,13 @@ void KVI_UpdateInventory::SortByVariance(bool ascending) {
     const bool differs = Val(Spread1.Text(row, kDifferenceColumn)) != 0;
     Spread1.SetBackColor(VarianceCells(row), differs ? kBrightRed : kWhite);
   }
+}
+
+void KVI_UpdateInventory::FindItem() {
+  app_.Get<KVI_Find>().FindIn({.caller = Name(),
+                               .grid = &Spread1,
+                               .hidden = &Spread1,
+                               .column = ColumnOfSortChoice(SortCombo.Text)});
 }
 
 void KVI_UpdateInventory::PrintList() {

@@ -67,6 +67,7 @@ class KVI_UpdateInventory : public KviScreen {
   void SetUpTab();
   void SetInputCells();
   void RecalculateVariance();
+  void FindItem();
   void PrintList();
   void Leave();
 
