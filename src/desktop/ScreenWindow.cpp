@@ -210,12 +210,17 @@ void ScreenWindow::showEvent(QShowEvent* event) {
 void ScreenWindow::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool escape = event->key() == Qt::Key_Escape;
+  const auto press = [this](auto& pressed) {
+    input_.Hand([&](Gestures& user) { user.Click(pressed); });
+  };
   for (Control* control : screen_.Controls()) {
-    if (control->Kind() != ControlKind::Button) continue;
-    auto& button = static_cast<Button&>(*control);
-    if (!((enter && button.Default) || (escape && button.Cancel))) continue;
-    input_.Hand([&](Gestures& user) { user.Click(button); });
-    return;
+    if (control->Kind() == ControlKind::Button) {
+      auto& button = static_cast<Button&>(*control);
+      if ((enter && button.Default) || (escape && button.Cancel)) return press(button);
+    } else if (control->Kind() == ControlKind::ActionLabel) {
+      auto& label = static_cast<ActionLabel&>(*control);
+      if (enter && label.Default) return press(label);
+    }
   }
   QWidget::keyPressEvent(event);
 }

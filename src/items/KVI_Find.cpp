@@ -53,8 +53,9 @@ int ColumnOfSortChoice(const std::string& choice) {
 
 KVI_Find::KVI_Find(Application& app)
     : KviScreen(app, "KVI_Find", "Quick Find", "Inventory - Quick Find") {
+  Label12.Default = true;
   Label12.Click = [this] { SearchAndClose(); };
-  Label11.Click = [this] { CloseFind(); };
+  Label11.Click = [this] { CloseScreen(); };
 }
 
 void KVI_Find::FindIn(const FindRequest& request) {
@@ -79,7 +80,7 @@ std::string KVI_Find::Prompt() const {
 
 void KVI_Find::SearchAndClose() {
   if (!Text1.Text().empty() && request_.grid != nullptr) SearchGrid();
-  CloseFind();
+  CloseScreen();
 }
 
 void KVI_Find::SearchGrid() {
@@ -110,9 +111,8 @@ bool KVI_Find::Fits(const std::string& text) const {
   return cell.starts_with(wanted);
 }
 
-void KVI_Find::CloseFind() {
+void KVI_Find::Unload() {
   app_.ReturnedFromFind = true;
-  CloseScreen();
 }
 
 Layout KVI_Find::Arrange() {

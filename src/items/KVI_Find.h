@@ -23,8 +23,8 @@ struct FindRequest {
 int ColumnOfSortChoice(const std::string& choice);
 
 // Moves the active cell of its caller's grid to the next row whose column holds the text given. It
-// reads the cells that are there, searches once and closes; nothing of it is kept. Both of its
-// exits set ReturnedFromFind, by which the caller's activation leaves the grid alone.
+// reads the cells that are there, searches once and closes; nothing of it is kept. However it is
+// left, ReturnedFromFind is set, by which the caller's activation leaves the grid alone.
 class KVI_Find : public KviScreen {
  public:
   explicit KVI_Find(Application& app);
@@ -32,6 +32,7 @@ class KVI_Find : public KviScreen {
   // Opens the screen for a grid; comes back when it is closed.
   void FindIn(const FindRequest& request);
 
+  void Unload() override;
   Layout Arrange() override;
 
   Label Label1{*this, "Label1"};
@@ -52,7 +53,6 @@ class KVI_Find : public KviScreen {
   // The next row that fits, behind the one where the grid stands; 0 when there is none.
   int NextMatch(int column) const;
   bool Fits(const std::string& text) const;
-  void CloseFind();
 
   FindRequest request_;
 };

@@ -23,6 +23,7 @@ class Label : public Control {
 class ActionLabel : public Label {
  public:
   ActionLabel(Screen& screen, std::string name, std::string caption);
+  bool Default = false;  // Enter clicks it from every field that has no use for the key
   std::function<void()> Click;
 };
 

@@ -201,5 +201,14 @@ TEST_F(StrangeCaller, TheRowNumberOverflowsBehind32767) {
   });
 }
 
+TEST_F(FindTest, ClosingItsWindowLeavesTheCallersGridAloneToo) {
+  InSummary([&] {
+    Summary().Spread1.SetText(1, 1, "not loaded again");
+    stockroom.desktop.ExpectScreen("KVI_Find", [&] { stockroom.user().CloseWindow(Finder()); });
+    stockroom.user().Click(Summary().find_lab);
+    EXPECT_EQ(Summary().Spread1.Text(1, 1), "not loaded again");
+  });
+}
+
 }  // namespace
 }  // namespace kvi::test
