@@ -93,6 +93,22 @@ TEST_F(GridTest, ALockedCellIsNotTypedIntoAndALongTextIsBounded) {
   EXPECT_EQ(sample.grid.Text(1, 3), "12345");
 }
 
+TEST_F(GridTest, ACharacterOnALockedCellIsAKeyPressOfTheGridAndOnAnotherStartsTyping) {
+  sample.grid.KeyPress = [this](int row, int col, const std::string& character) {
+    sample.log.push_back("key " + character + " " + std::to_string(row) + "," +
+                         std::to_string(col));
+  };
+  Type("x");
+  Press(Qt::Key_Escape);
+  sample.grid.SetActiveCell(2, 1);
+  Type("Bb");
+  Press(Qt::Key_Down);
+  Press(Qt::Key_C, Qt::ControlModifier);
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(sample.TakeLog(), "key B 2,1, key b 2,1");
+  EXPECT_EQ(Where(), "3,1");
+}
+
 TEST_F(GridTest, EnterOpensTheRowOfAListThatOnlyShows) {
   sample.grid.DblClick = [this](int row, int) {
     sample.log.push_back("open " + std::to_string(row));
