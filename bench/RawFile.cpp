@@ -46,6 +46,13 @@ std::vector<sqlite3_int64> RawFile::Keys(const std::string& sql) {
   return keys;
 }
 
+double RawFile::Number(const std::string& sql) {
+  sqlite3_stmt* rows = Prepare(sql);
+  const double number = Step(rows) ? sqlite3_column_double(rows, 0) : 0;
+  sqlite3_reset(rows);
+  return number;
+}
+
 int RawFile::Walk(const std::string& sql) {
   int count = 0;
   sqlite3_stmt* rows = Prepare(sql);
@@ -71,6 +78,10 @@ std::string TextOf(sqlite3_stmt* statement, int column) {
   const void* text = sqlite3_column_text(statement, column);
   const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
   return text ? std::string(static_cast<const char*>(text), size) : std::string();
+}
+
+void BindText(sqlite3_stmt* statement, int index, const std::string& text) {
+  sqlite3_bind_text(statement, index, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
 }
 
 }  // namespace kvi::bench

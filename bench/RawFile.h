@@ -22,6 +22,8 @@ class RawFile {
   sqlite3_stmt* Prepare(const std::string& sql);
   // All keys that a query gives in its first column.
   std::vector<sqlite3_int64> Keys(const std::string& sql);
+  // The one number that a query gives.
+  double Number(const std::string& sql);
   // How many rows a query has, each walked over.
   int Walk(const std::string& sql);
 
@@ -40,5 +42,7 @@ bool Step(sqlite3_stmt* statement);
 int ColumnNamed(sqlite3_stmt* statement, const char* name);
 // The column's text, "" for Null.
 std::string TextOf(sqlite3_stmt* statement, int column);
+// The text must live until the statement has run.
+void BindText(sqlite3_stmt* statement, int index, const std::string& text);
 
 }  // namespace kvi::bench

@@ -1,9 +1,6 @@
 // One field of every part edited and written, in a batch.
-#include <chrono>
-#include <thread>
-
+#include "bench/CommitGroups.h"
 #include "bench/Pair.h"
-#include "bench/RawFile.h"
 #include "bench/Stockroom.h"
 
 namespace kvi::bench {
@@ -24,38 +21,12 @@ double Ours(jet::Database& database) {
   return sum;
 }
 
-// Commits in the groups that a WriteBatch commits in, with the same pause for the other desks.
-class Groups {
- public:
-  explicit Groups(RawFile& file)
-      : begin_(file.Prepare("BEGIN IMMEDIATE")), commit_(file.Prepare("COMMIT")) {
-    Begin();
-  }
-  void Next() {
-    if (Clock::now() - begun_ < std::chrono::milliseconds(100)) return;
-    Finish();
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    Begin();
-  }
-  void Finish() { Step(commit_); }
-
- private:
-  using Clock = std::chrono::steady_clock;
-  void Begin() {
-    Step(begin_);
-    begun_ = Clock::now();
-  }
-
-  sqlite3_stmt *begin_, *commit_;
-  Clock::time_point begun_;
-};
-
 double Floor(RawFile& file, sqlite3_stmt* update) {
   std::vector<std::pair<sqlite3_int64, double>> parts;
   for (sqlite3_stmt* rows = file.Prepare("SELECT _rid,qty_on_hand FROM I_Master"); Step(rows);)
     parts.emplace_back(sqlite3_column_int64(rows, 0), sqlite3_column_double(rows, 1));
   double sum = 0;
-  Groups groups(file);
+  CommitGroups groups(file);
   for (const auto& [key, quantity] : parts) {
     groups.Next();
     sqlite3_bind_int64(update, 1, key);
