@@ -1,9 +1,12 @@
 // Makes the picture tour: each screen of the stockroom in the program's folder as a PNG.
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 
 #include "app/ProgramFolder.h"
+#include "base/Format.h"
+#include "base/Number.h"
 #include "base/RunTimeError.h"
 #include "desktop/QtDesktop.h"
 #include "frame/Main.h"
@@ -14,6 +17,7 @@
 #include "items/KVI_InventorySummary.h"
 #include "security/KVI_SecurityCheckpoint.h"
 #include "stock/KVI_Invoice.h"
+#include "stock/KVI_UpdateInventory.h"
 #include "store/KVI_GetILocation.h"
 #include "store/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
@@ -65,6 +69,22 @@ class Tour {
     Visit<kvi::KVI_InventoryDetail1Screen>();
   }
 
+  // A count with some variances, and the purchases' tab.
+  void VisitUpdate() {
+    auto& screen = app_.Get<kvi::KVI_UpdateInventory>();
+    kvi::Spread& grid = screen.Spread1;
+    app_.screens.Show(screen);
+    for (int row = 2; row <= std::min(20, grid.MaxRows()); row += 3) {
+      const double held = kvi::Val(grid.Text(row, screen.kQuantityColumn));
+      grid.TypeText(row, screen.kEntryColumn, kvi::Format(held + row % 4, "##0.00"));
+    }
+    screen.rv.Click();
+    Picture(screen, "-1");
+    screen.TabStrip1.Tab = 1;
+    Picture(screen, "-2");
+    app_.screens.Hide(screen);
+  }
+
   bool Failed() const { return failed_; }
 
  private:
@@ -96,6 +116,7 @@ int main(int argc, char** argv) {
     tour.Picture(main);
     tour.Visit<kvi::KVI_InventorySummary>();
     tour.VisitPart();
+    tour.VisitUpdate();
     tour.Visit<kvi::KVI_Find>();
     tour.Visit<kvi::KVI_Invoice>();
     tour.VisitTabs<kvi::KVI_Utilities>();

@@ -1,15 +1,14 @@
 #include "stock/KVI_UpdateInventory.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "base/Format.h"
 #include "base/Number.h"
-#include "frame/Main.h"
 #include "items/KVI_Find.h"
 #include "stock/CountVariance.h"
 #include "stock/KVI_Invoice.h"
 #include "utilities/ExportGridToSpreadsheet.h"
+#include "utilities/PaintingOff.h"
 #include "utilities/PrintScreenGrid.h"
 #include "utilities/SprdSubs.h"
 
@@ -17,40 +16,10 @@ namespace kvi {
 
 namespace {
 
-constexpr int kColumns = 17;
-constexpr int kUnitColumn = 6;
-constexpr int kFirstNumberColumn = 7;
-constexpr int kDifferenceColumn = 9;
-constexpr int kPercentColumn = 10;
 constexpr int kRowsBeforeLoad = 500;
 // Twips.
-constexpr double kHeadingHeight = 600;
 constexpr double kVarianceWidth = 800;
 constexpr double kNarrowVarianceWidth = 750;
-
-struct TextColumn {
-  const char *heading, *field;
-  double width;  // twips
-};
-constexpr TextColumn kTextColumns[] = {
-    {"Name", "name", 1500},     {"Category", "Category", 1000}, {"Location", "Location", 1000},
-    {"Number", "inv_id", 1000}, {"Description", "desc", 1000},
-};
-
-struct SortChoice {
-  const char *text, *order;
-};
-// "Line #" is not offered by this screen's list.
-constexpr SortChoice kSortChoices[] = {
-    {"Name", " ORDER BY name"},
-    {"Description", " ORDER BY [desc], name"},
-    {"Location", " ORDER BY location, name"},
-    {"Category", " ORDER BY category, name"},
-    {"#", " ORDER BY inv_id, name"},
-    {"Line #", " ORDER BY account, name"},
-};
-constexpr int kOfferedSortChoices = 5;
-constexpr const char* kLineNumber = "Line #";
 
 // Columns in which a typed letter goes to the first cell that begins with it. This screen heads its
 // part numbers otherwise, and so has no such search in them.
@@ -58,22 +27,6 @@ bool TakesFirstLetter(const std::string& heading) {
   constexpr const char* kHeadings[] = {"Name",     "Category", "Description",
                                        "Location", "#",        "Account #"};
   return std::ranges::count(kHeadings, heading) > 0;
-}
-
-// Stops painting for the length of a routine.
-class PaintingOff {
- public:
-  explicit PaintingOff(Spread& grid) : grid_(grid) { grid_.SetReDraw(false); }
-  ~PaintingOff() { grid_.SetReDraw(true); }
-  PaintingOff(const PaintingOff&) = delete;
-  PaintingOff& operator=(const PaintingOff&) = delete;
-
- private:
-  Spread& grid_;
-};
-
-Block VarianceCells(int row) {
-  return {row, kDifferenceColumn, row, kPercentColumn};
 }
 
 }  // namespace
@@ -114,27 +67,14 @@ void KVI_UpdateInventory::HandleEvents() {
   Spread1.CellEdited = [this](int, int) { changed_ = true; };
   Spread1.ActiveCellChanged = [this] { ShowPosition(); };
   Spread1.KeyPress = [this](int, int col, const std::string& key) {
-    if (col < kFirstNumberColumn && TakesFirstLetter(Spread1.Text(0, col)))
+    if (col < kQuantityColumn && TakesFirstLetter(Spread1.Text(0, col)))
       GoToFirstLetter(Spread1, col, key);
   };
 }
 
 void KVI_UpdateInventory::Prepare() {
   settingUp_ = true;
-  Spread1.SetMaxCols(kColumns);
-  Spread1.SetRowHeight(0, kHeadingHeight);
-  int col = 0;
-  for (const TextColumn& column : kTextColumns) {
-    Spread1.SetHeading(++col, column.heading);
-    Spread1.SetColWidth(col, column.width);
-  }
-  for (col = kUnitColumn; col < kDifferenceColumn; ++col) Spread1.SetColWidth(col, 1000);
-  for (col = kPercentColumn + 1; col <= kColumns; ++col) Spread1.SetColWidth(col, 0);
-  Spread1.SetKind({1, 1, -1, kUnitColumn}, CellKind::Static);
-
-  SortCombo.Clear();
-  for (int choice = 0; choice < kOfferedSortChoices; ++choice)
-    SortCombo.AddItem(kSortChoices[choice].text);
+  SetUpColumns();
   OptPurchased.Value = true;
   show_all.Value = true;
   ShowUnits();
@@ -162,72 +102,6 @@ void KVI_UpdateInventory::Activate() {
   LoadUpdateGrid();
 }
 
-std::string KVI_UpdateInventory::Query() const {
-  const std::string center = Str(app_.CurrentProfitCenter);
-  const std::string& choice = SortCombo.Text();
-  if (choice == kSortChoices[0].text)
-    return "SELECT * FROM I_Master where pcenter = " + center + " and active = 'YES'" +
-           kSortChoices[0].order;
-  const std::string sql = "SELECT * FROM I_Master where active = 'YES' and pcenter = " + center;
-  const auto* found = std::ranges::find(kSortChoices, choice, &SortChoice::text);
-  return found == std::end(kSortChoices) ? sql : sql + found->order;
-}
-
-void KVI_UpdateInventory::LoadUpdateGrid() {
-  const Hourglass busy(app_.desktop);
-  const PaintingOff hidden(Spread1);
-  app_.ItemSet = app_.CurrentDatabase.OpenRecordset(Query());
-  const int count = app_.ItemSet.RecordCount();
-  Spread1.SetMaxRows(count);
-  if (count < 1) {
-    ShowPosition();
-    if (app_.screens.IsShown(app_.Get<Main>()))
-      Inform("No items in the system.  Click on the '+' icon to add a new item.");
-    return;
-  }
-  FillGrid();
-  ShadeGridRows(Spread1, app_.UseColors);
-  Spread1.SetReDraw(false);
-  SetupSpreadsheet();
-  if (Spread1.ActiveRow() < 1) GoToFirstCell(Spread1);
-  ShowPosition();
-  changed_ = false;
-}
-
-// A part that cannot be shown ends the walk. The rows behind it stay blank then, so that none of
-// them shows another list's part.
-void KVI_UpdateInventory::FillGrid() {
-  Spread1.ClearText(Block::All());
-  int row = 0;
-  for (app_.ItemSet.MoveFirst(); !app_.ItemSet.Eof(); app_.ItemSet.MoveNext()) {
-    const double below = app_.ItemSet.Number("qty_on_hand") - app_.ItemSet.Number("re_order");
-    if (show_all.Value || below < 0) FillRow(++row, app_.ItemSet);
-  }
-  Spread1.SetMaxRows(row);
-}
-
-void KVI_UpdateInventory::FillRow(int row, const jet::Recordset& part) {
-  int col = 0;
-  for (const TextColumn& column : kTextColumns)
-    Spread1.SetText(row, ++col, part.Text(column.field));
-  if (SortCombo.Text() == kLineNumber)
-    Spread1.SetText(row, kNumberColumn, part.Text("account") + "/" + part.Text("inv_id"));
-  Spread1.SetText(row, kUnitColumn,
-                  part.Text(Units() == ShownAs::Purchased ? "how_purchased" : "how_inv"));
-
-  const PartLevel level{part.Number("qty_on_hand"), part.Number("cost_per"), part.Number("hi_qty")};
-  if (tab_ == Tab::Purchase) {
-    Spread1.SetText(row, kFirstNumberColumn, "0");
-    Spread1.SetText(row, kFirstNumberColumn + 1, Format(ShownCost(level, Units()), "###0.00"));
-    return;
-  }
-  const std::string quantity = Format(ShownQuantity(level, Units()), "##0.00");
-  Spread1.SetText(row, kFirstNumberColumn, quantity);
-  Spread1.SetText(row, kFirstNumberColumn + 1, quantity);
-  Spread1.SetText(row, kDifferenceColumn, Format(0.0, "###0.0"));
-  Spread1.SetText(row, kPercentColumn, Format(0.0, "###0.0"));
-}
-
 void KVI_UpdateInventory::ShowUnits() {
   Spread1.SetHeading(kUnitColumn,
                      Units() == ShownAs::Purchased ? "How Purchased" : "How Inventoried");
@@ -249,8 +123,9 @@ void KVI_UpdateInventory::ShowTab(Tab tab) {
 
 void KVI_UpdateInventory::SetUpTab() {
   const bool counting = tab_ == Tab::Count;
-  Spread1.SetHeading(7, counting ? "Theoretical Quantity on Hand" : "Quantity To Add");
-  Spread1.SetHeading(8, counting ? "New Quantity on Hand" : "Cost Per");
+  Spread1.SetHeading(kQuantityColumn,
+                     counting ? "Theoretical Quantity on Hand" : "Quantity To Add");
+  Spread1.SetHeading(kEntryColumn, counting ? "New Quantity on Hand" : "Cost Per");
   Spread1.SetHeading(kDifferenceColumn, counting ? "Variance Diff" : "");
   Spread1.SetHeading(kPercentColumn, counting ? "Variance Percent" : "");
   for (const int col : {kDifferenceColumn, kPercentColumn})
@@ -260,7 +135,7 @@ void KVI_UpdateInventory::SetUpTab() {
 
 void KVI_UpdateInventory::SetupSpreadsheet() {
   const bool counting = tab_ == Tab::Count;
-  const Block numbers{1, kFirstNumberColumn, -1, -1};
+  const Block numbers{1, kQuantityColumn, -1, -1};
   Spread1.SetLock(numbers, true);
   Spread1.SetAlign(numbers, CellAlign::Right);
   SetInputCells();
@@ -275,7 +150,7 @@ void KVI_UpdateInventory::SetupSpreadsheet() {
 }
 
 void KVI_UpdateInventory::SetInputCells() {
-  const Block cells{1, tab_ == Tab::Count ? 8 : 7, -1, 8};
+  const Block cells{1, tab_ == Tab::Count ? kEntryColumn : kQuantityColumn, -1, kEntryColumn};
   Spread1.SetLock(cells, false);
   Spread1.SetBackColor(cells, kBrightCyan);
 }
@@ -285,9 +160,9 @@ void KVI_UpdateInventory::RecalculateVariance() {
   const Hourglass busy(app_.desktop);
   const PaintingOff hidden(Spread1);
   for (int row = 1; row <= Spread1.MaxRows(); ++row) {
-    const double counted = Val(Spread1.Text(row, 8));
-    const CountVariance variance =
-        VarianceOfCount(Val(Spread1.Text(row, 7)), counted, app_.settings.AcceptableVariance);
+    const double counted = Val(Spread1.Text(row, kEntryColumn));
+    const CountVariance variance = VarianceOfCount(Val(Spread1.Text(row, kQuantityColumn)), counted,
+                                                   app_.settings.AcceptableVariance);
     Spread1.SetText(row, kDifferenceColumn, Format(variance.difference, "###0.0"));
     Spread1.SetText(row, kPercentColumn,
                     Format(variance.percent, counted == 0 ? "###0.0" : "#####0.0"));
@@ -309,10 +184,11 @@ void KVI_UpdateInventory::SortByVariance(bool ascending) {
   ShadeGridRows(Spread1, app_.UseColors);
   Spread1.SetReDraw(false);
   for (int row = 1; row <= Spread1.MaxRows(); ++row) {
-    Spread1.SetBackColor(Block::Cell(row, 7), kWhite);
-    Spread1.SetBackColor(Block::Cell(row, 8), kBrightCyan);
+    Spread1.SetBackColor(Block::Cell(row, kQuantityColumn), kWhite);
+    Spread1.SetBackColor(Block::Cell(row, kEntryColumn), kBrightCyan);
     const bool differs = Val(Spread1.Text(row, kDifferenceColumn)) != 0;
-    Spread1.SetBackColor(VarianceCells(row), differs ? kBrightRed : kWhite);
+    Spread1.SetBackColor({row, kDifferenceColumn, row, kPercentColumn},
+                         differs ? kBrightRed : kWhite);
   }
 }
 

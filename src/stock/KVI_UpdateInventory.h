@@ -6,12 +6,20 @@
 
 namespace kvi {
 
+class SaveStatements;
+
 // Books many parts at once, on two tabs over one grid: a physical count with its variance against
 // the levels held, and purchases with their costs. The grid's texts are what a save reads, so
 // values pass through their masks. A variance stands in the grid alone; no table keeps it.
 class KVI_UpdateInventory : public KviScreen {
  public:
+  // Columns of the grid; what a row is counted or priced by is typed into the entry column.
   static constexpr int kNumberColumn = 4;
+  static constexpr int kUnitColumn = 6;
+  static constexpr int kQuantityColumn = 7;
+  static constexpr int kEntryColumn = 8;
+  static constexpr int kDifferenceColumn = 9;
+  static constexpr int kPercentColumn = 10;
 
   explicit KVI_UpdateInventory(Application& app);
 
@@ -58,9 +66,6 @@ class KVI_UpdateInventory : public KviScreen {
   enum class Tab { Count, Purchase };
 
   void HandleEvents();
-  std::string Query() const;
-  void FillGrid();
-  void FillRow(int row, const jet::Recordset& part);
   void ShowUnits();
   void ShowPosition();
   void ShowTab(Tab tab);
@@ -71,8 +76,14 @@ class KVI_UpdateInventory : public KviScreen {
   void PrintList();
   void Leave();
 
+  // The loading half, in LoadUpdateGrid.cpp.
+  void SetUpColumns();
+  std::string Query() const;
+  void FillGrid();
+  void FillRow(int row, const jet::Recordset& part);
+
   // The saving half, in SaveUpdateGrid.cpp.
-  bool SaveRow(int row, class SaveStatements& run);
+  bool SaveRow(int row, SaveStatements& run);
   Booking BookingOf(int row, const PartLevel& part) const;
   void AddPurchase(const std::string& number, const Booking& booking);
   void FinishPurchases(bool partChanged);

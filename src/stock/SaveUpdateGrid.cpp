@@ -60,9 +60,9 @@ bool KVI_UpdateInventory::SaveRow(int row, SaveStatements& run) {
 
 // Texts that are no numbers, and blanks, count as 0.
 Booking KVI_UpdateInventory::BookingOf(int row, const PartLevel& part) const {
-  const double left = Val(Spread1.Text(row, 7)), right = Val(Spread1.Text(row, 8));
-  return tab_ == Tab::Count ? BookCount(part, right, Units())
-                            : BookPurchase(part, left, right, Units());
+  const double entry = Val(Spread1.Text(row, kEntryColumn));
+  if (tab_ == Tab::Count) return BookCount(part, entry, Units());
+  return BookPurchase(part, Val(Spread1.Text(row, kQuantityColumn)), entry, Units());
 }
 
 // Without a profit center, and without an ordered quantity and price: those come with orders alone.
@@ -84,7 +84,7 @@ void KVI_UpdateInventory::FinishPurchases(bool partChanged) {
                               "part groups?",
                               "Speedy Update"))
     UpdatePartGroupCosts(app_);
-  for (int row = 1; row <= Spread1.MaxRows(); ++row) Spread1.SetText(row, 7, "0");
+  for (int row = 1; row <= Spread1.MaxRows(); ++row) Spread1.SetText(row, kQuantityColumn, "0");
 }
 
 }  // namespace kvi

@@ -1,0 +1,132 @@
+#include <algorithm>
+#include <iterator>
+
+#include "base/Format.h"
+#include "base/Number.h"
+#include "frame/Main.h"
+#include "stock/KVI_UpdateInventory.h"
+#include "utilities/PaintingOff.h"
+#include "utilities/SprdSubs.h"
+
+// What both tabs list, and in which order.
+namespace kvi {
+
+namespace {
+
+constexpr int kColumns = 17;
+constexpr double kHeadingHeight = 600;  // twips
+constexpr double kUsualWidth = 1000;    // twips
+
+struct TextColumn {
+  const char *heading, *field;
+  double width;  // twips
+};
+constexpr TextColumn kTextColumns[] = {
+    {"Name", "name", 1500},
+    {"Category", "Category", kUsualWidth},
+    {"Location", "Location", kUsualWidth},
+    {"Number", "inv_id", kUsualWidth},
+    {"Description", "desc", kUsualWidth},
+};
+
+struct SortChoice {
+  const char *text, *order;
+};
+// "Line #" is not offered by this screen's list.
+constexpr SortChoice kSortChoices[] = {
+    {"Name", " ORDER BY name"},
+    {"Description", " ORDER BY [desc], name"},
+    {"Location", " ORDER BY location, name"},
+    {"Category", " ORDER BY category, name"},
+    {"#", " ORDER BY inv_id, name"},
+    {"Line #", " ORDER BY account, name"},
+};
+constexpr int kOfferedSortChoices = 5;
+constexpr const char* kLineNumber = "Line #";
+
+}  // namespace
+
+void KVI_UpdateInventory::SetUpColumns() {
+  Spread1.SetMaxCols(kColumns);
+  Spread1.SetRowHeight(0, kHeadingHeight);
+  int col = 0;
+  for (const TextColumn& column : kTextColumns) {
+    Spread1.SetHeading(++col, column.heading);
+    Spread1.SetColWidth(col, column.width);
+  }
+  for (col = kUnitColumn; col < kDifferenceColumn; ++col) Spread1.SetColWidth(col, kUsualWidth);
+  for (col = kPercentColumn + 1; col <= kColumns; ++col) Spread1.SetColWidth(col, 0);
+  Spread1.SetKind({1, 1, -1, kUnitColumn}, CellKind::Static);
+
+  SortCombo.Clear();
+  for (int choice = 0; choice < kOfferedSortChoices; ++choice)
+    SortCombo.AddItem(kSortChoices[choice].text);
+}
+
+std::string KVI_UpdateInventory::Query() const {
+  const std::string center = Str(app_.CurrentProfitCenter);
+  const std::string& choice = SortCombo.Text();
+  if (choice == kSortChoices[0].text)
+    return "SELECT * FROM I_Master where pcenter = " + center + " and active = 'YES'" +
+           kSortChoices[0].order;
+  const std::string sql = "SELECT * FROM I_Master where active = 'YES' and pcenter = " + center;
+  const auto* found = std::ranges::find(kSortChoices, choice, &SortChoice::text);
+  return found == std::end(kSortChoices) ? sql : sql + found->order;
+}
+
+void KVI_UpdateInventory::LoadUpdateGrid() {
+  const Hourglass busy(app_.desktop);
+  const PaintingOff hidden(Spread1);
+  app_.ItemSet = app_.CurrentDatabase.OpenRecordset(Query());
+  const int count = app_.ItemSet.RecordCount();
+  Spread1.SetMaxRows(count);
+  if (count < 1) {
+    ShowPosition();
+    if (app_.screens.IsShown(app_.Get<Main>()))
+      Inform("No items in the system.  Click on the '+' icon to add a new item.");
+    return;
+  }
+  FillGrid();
+  ShadeGridRows(Spread1, app_.UseColors);
+  Spread1.SetReDraw(false);
+  SetupSpreadsheet();
+  if (Spread1.ActiveRow() < 1) GoToFirstCell(Spread1);
+  ShowPosition();
+  changed_ = false;
+}
+
+// A part that cannot be shown ends the walk. The rows behind it stay blank then, so that none of
+// them shows another list's part.
+void KVI_UpdateInventory::FillGrid() {
+  Spread1.ClearText(Block::All());
+  int row = 0;
+  for (app_.ItemSet.MoveFirst(); !app_.ItemSet.Eof(); app_.ItemSet.MoveNext()) {
+    const double below = app_.ItemSet.Number("qty_on_hand") - app_.ItemSet.Number("re_order");
+    if (show_all.Value || below < 0) FillRow(++row, app_.ItemSet);
+  }
+  Spread1.SetMaxRows(row);
+}
+
+void KVI_UpdateInventory::FillRow(int row, const jet::Recordset& part) {
+  int col = 0;
+  for (const TextColumn& column : kTextColumns)
+    Spread1.SetText(row, ++col, part.Text(column.field));
+  if (SortCombo.Text() == kLineNumber)
+    Spread1.SetText(row, kNumberColumn, part.Text("account") + "/" + part.Text("inv_id"));
+  Spread1.SetText(row, kUnitColumn,
+                  part.Text(Units() == ShownAs::Purchased ? "how_purchased" : "how_inv"));
+
+  const PartLevel level{part.Number("qty_on_hand"), part.Number("cost_per"), part.Number("hi_qty")};
+  if (tab_ == Tab::Purchase) {
+    Spread1.SetText(row, kQuantityColumn, "0");
+    Spread1.SetText(row, kEntryColumn, Format(ShownCost(level, Units()), "###0.00"));
+    return;
+  }
+  const std::string quantity = Format(ShownQuantity(level, Units()), "##0.00");
+  Spread1.SetText(row, kQuantityColumn, quantity);
+  Spread1.SetText(row, kEntryColumn, quantity);
+  Spread1.SetText(row, kDifferenceColumn, Format(0.0, "###0.0"));
+  Spread1.SetText(row, kPercentColumn, Format(0.0, "###0.0"));
+}
+
+}  // namespace kvi

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/Spread.h"
+
+namespace kvi {
+
+// Stops painting for the length of a routine.
+class PaintingOff {
+ public:
+  explicit PaintingOff(Spread& grid) : grid_(grid) { grid_.SetReDraw(false); }
+  ~PaintingOff() { grid_.SetReDraw(true); }
+  PaintingOff(const PaintingOff&) = delete;
+  PaintingOff& operator=(const PaintingOff&) = delete;
+
+ private:
+  Spread& grid_;
+};
+
+}  // namespace kvi
