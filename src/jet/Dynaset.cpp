@@ -111,8 +111,12 @@ void Dynaset::ReadBlockAround(std::size_t position) {
   // to, starts over.
   const std::size_t held = block_.End() - block_.Begin();
   const std::size_t grown = std::clamp(held * kGrowth, kFirstBlock, kLastBlock);
-  std::size_t begin = position, count = shape_->IsShallow() ? 1 : kFirstBlock;
-  if (!block_.IsEmpty() && position >= block_.End() && position - block_.End() < kFirstBlock) {
+  const bool oneByOne = shape_->IsShallow() && position < kFirstBlock;
+  std::size_t begin = position, count = oneByOne ? 1 : kFirstBlock;
+  if (oneByOne) {
+    // Rows that the set may not get to are not read.
+  } else if (!block_.IsEmpty() && position >= block_.End() &&
+             position - block_.End() < kFirstBlock) {
     count = grown;
   } else if (position < block_.Begin() && block_.Begin() - position <= kFirstBlock) {
     count = std::min(grown, position + 1);

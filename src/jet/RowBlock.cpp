@@ -31,7 +31,8 @@ void RowBlock::Read(Engine& engine, QueryShape& shape, const KeySet& keys, std::
   rows_.resize(count);
   cells_.resize(count * columns_->Fields.size());
   const std::int64_t first = keys[begin], last = keys[begin + count - 1];
-  if (keys.IsAscending() && last - first < static_cast<std::int64_t>(count) * kDense) {
+  if ((count == 1 || keys.IsAscending()) &&
+      last - first < static_cast<std::int64_t>(count) * kDense) {
     StatementRun run(engine.connection, columns_->RangeSql);
     run.Bind(1, first);
     run.Bind(2, last);
