@@ -72,9 +72,14 @@ bool IsJetFile(const std::string& path);
 // 5 ms between groups for the other desks. What was written stays when the pass fails: the
 // destructor commits the rest (a failure there is swallowed; call Finish() to see it). Nesting
 // joins the outer batch.
+//
+// One that rewrites a table AtOnce is a single group: a table is never left emptied or half
+// written. Without Finish() it is as it was.
 class WriteBatch {
  public:
-  explicit WriteBatch(Database& database);
+  enum class Commit { InGroups, AtOnce };
+
+  explicit WriteBatch(Database& database, Commit commit = Commit::InGroups);
   ~WriteBatch();
   WriteBatch(const WriteBatch&) = delete;
   WriteBatch& operator=(const WriteBatch&) = delete;
@@ -84,6 +89,7 @@ class WriteBatch {
 
  private:
   std::shared_ptr<Engine> engine_;
+  const Commit commit_;
   bool finished_ = false;
 };
 

@@ -4,15 +4,17 @@
 
 namespace kvi::jet {
 
-WriteBatch::WriteBatch(Database& database) : engine_(database.engine_) {
+WriteBatch::WriteBatch(Database& database, Commit commit)
+    : engine_(database.engine_), commit_(commit) {
   if (!engine_) throw RunTimeError(3420);
   engine_->RequireOpen();
-  engine_->lock.EnterBatch();
+  engine_->lock.EnterBatch(commit_ == Commit::AtOnce);
 }
 
 WriteBatch::~WriteBatch() {
   if (finished_) return;
   try {
+    if (commit_ == Commit::AtOnce) engine_->lock.DropGroup();
     Finish();
   } catch (const RunTimeError&) {
     // What Finish() would have told; the pass failed already or did not care.

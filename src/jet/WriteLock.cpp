@@ -114,11 +114,16 @@ void WriteLock::CloseEdit(std::uint64_t ticket) {
   if (IsHeldFor(ticket)) --edits_;
 }
 
-void WriteLock::EnterBatch() {
+void WriteLock::EnterBatch(bool whole) {
   ++batches_;
+  if (batches_ == 1) whole_ = whole;
   if (group_ || !connection_.InTransaction()) return;
   group_ = true;  // an edit is open: its row is the first of the batch
   groupBegun_ = Tick();
+}
+
+void WriteLock::DropGroup() {
+  if (connection_.IsOpen() && group_) Forgo();
 }
 
 void WriteLock::CommitGroup() {

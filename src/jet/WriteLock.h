@@ -29,10 +29,15 @@ class WriteLock {
   bool IsHeldFor(std::uint64_t ticket) const { return ticket == givings_ && edits_ > 0; }
   void CloseEdit(std::uint64_t ticket);
 
-  void EnterBatch();
-  void LeaveBatch() { --batches_; }
+  // One that is `whole` is committed in a single group, however long it takes.
+  void EnterBatch(bool whole);
+  void LeaveBatch() {
+    if (--batches_ == 0) whole_ = false;
+  }
   bool InBatch() const { return batches_ > 0; }
   bool IsOutermostBatch() const { return batches_ == 1; }
+  // Takes back what the open group of a batch has written so far.
+  void DropGroup();
   // Commits the open group of a batch, if there is one.
   void CommitGroup();
   // Ends a group whose time is over. To be called by whatever reads in a long pass; a lock is no
@@ -57,13 +62,14 @@ class WriteLock {
   [[noreturn]] void FailCommit(int code);
   void Forgo();
   bool HasWritten() const;
-  bool IsGroupOver() const { return Tick() - groupBegun_ >= kGroup; }
+  bool IsGroupOver() const { return !whole_ && Tick() - groupBegun_ >= kGroup; }
   static constexpr std::chrono::milliseconds kGroup{100};
   static constexpr std::chrono::milliseconds kPause{5};
 
   Connection& connection_;
   ChangeWatch& watch_;
   int batches_ = 0;
+  bool whole_ = false;
   bool group_ = false;  // the transaction holds rows of a batch, which are never dropped for a lock
   int edits_ = 0;
   std::uint64_t givings_ = 1;

@@ -155,7 +155,7 @@ void KVI_Invoice::CompleteDate(int row, int column) {
 
 bool KVI_Invoice::WriteTable() {
   return SaveRecord(app_.desktop, [&](SaveStatements& run) {
-           jet::WriteBatch batch(app_.CurrentDatabase);
+           jet::WriteBatch batch(app_.CurrentDatabase, jet::WriteBatch::Commit::AtOnce);
            run([&] { app_.CurrentDatabase.Execute("DELETE * FROM Invoice"); });
            jet::Recordset invoices = app_.CurrentDatabase.OpenRecordset("SELECT * FROM Invoice");
            for (int row = 1; row <= Spread1.MaxRows(); ++row) {

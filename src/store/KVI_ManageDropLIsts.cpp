@@ -89,7 +89,7 @@ void KVI_ManageDropLIsts::save_changes() {
   }
   const std::string table = shown_->table;
   const SaveEnd end = SaveRecord(app_.desktop, [&](SaveStatements& run) {
-    jet::WriteBatch batch(app_.CurrentDatabase);
+    jet::WriteBatch batch(app_.CurrentDatabase, jet::WriteBatch::Commit::AtOnce);
     run([&] {
       app_.CurrentDatabase.Execute("DELETE * FROM " + table + " WHERE Len(Description) > 0;");
     });

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/RunTimeError.h"
 #include "items/DetailStory.h"
 #include "stock/KVI_Invoice.h"
 #include "support/TestStockroom.h"
@@ -199,6 +200,22 @@ TEST_F(InvoiceTest, ALockThatLastsLosesNothingOfWhatWasTyped) {
     Click(Register().save);
   });
   EXPECT_EQ(stockroom.Rows("SELECT Number FROM Invoice"), "typed\n9\n11\n");
+}
+
+// The whole table is rewritten: what cannot be written must not cost what stood there.
+TEST_F(InvoiceTest, ASaveThatFailsInTheMiddleLeavesTheTableAsItWas) {
+  ASSERT_TRUE(stockroom.Start());
+  const std::string before = Stored();
+  Open([&] {
+    Key(2, 4, std::string(300, '7'));
+    Expect("An error has occurred saving data.3163 " + DescriptionOf(3163) + " (Number)",
+           Answer::Ok, "KV Inventory Save Changes");
+    Click(Register().save);
+    EXPECT_EQ(Stored(), before);
+    Key(2, 4, "12");
+    Click(Register().save);
+  });
+  EXPECT_NE(Stored(), before);
 }
 
 TEST_F(InvoiceTest, AnEmptyRegisterSaysSoAndANewVendorShowsAtTheNextOpening) {
