@@ -9,6 +9,7 @@ namespace kvi {
 namespace {
 
 constexpr int kPadding = 4;
+constexpr double kSmallestCaption = 7;  // points
 constexpr int kCaptionFlags = Qt::AlignCenter | Qt::TextWordWrap;
 
 }  // namespace
@@ -56,9 +57,20 @@ void GridHeading::paintSection(QPainter* painter, const QRect& area, int section
   }
   painter->setPen(kInk);
   QString text = TextOf(section);
-  const QRect needed = fontMetrics().boundingRect(room, kCaptionFlags, text);
-  if (needed.height() > room.height() || needed.width() > room.width())
+  const auto fits = [&] {
+    const QRect needed = painter->fontMetrics().boundingRect(room, kCaptionFlags, text);
+    return needed.height() <= room.height() && needed.width() <= room.width();
+  };
+  // A smaller face tells more than a cut caption.
+  QFont face = font();
+  while (!fits() && face.pointSizeF() > kSmallestCaption) {
+    face.setPointSizeF(face.pointSizeF() - 0.5);
+    painter->setFont(face);
+  }
+  if (!fits()) {
+    painter->setFont(font());
     text = fontMetrics().elidedText(text, Qt::ElideRight, room.width());
+  }
   painter->drawText(room, kCaptionFlags, text);
 }
 
