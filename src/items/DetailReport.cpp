@@ -14,6 +14,7 @@ constexpr double kLeft = 0.3;  // inches
 constexpr double kValueLeft = 2.1;
 constexpr double kTop = 0.3;
 constexpr double kBottomMargin = 0.5;
+constexpr double kAroundRule = 0.08;
 
 struct ReportLine {
   std::string label, value;
@@ -82,7 +83,9 @@ void PrintHeading(Surface& page, const DetailReportFrame& frame) {
   page.FontBold = false;
   page.CurrentX = kLeft;
   page.PrintLine(Value(frame.today).Text());
+  page.CurrentY += kAroundRule;
   page.Line(0, page.CurrentY, page.PageWidth(), page.CurrentY);
+  page.CurrentY += kAroundRule;
 }
 
 }  // namespace

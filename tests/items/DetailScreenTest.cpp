@@ -82,17 +82,17 @@ TEST_P(DetailScreenTest, TheDetailReportShowsWhatTheScreenShows) {
   EXPECT_NE(stockroom.desktop.documents[1]->Page(2).find("| last line"), std::string::npos);
   const RecordedDocument& report = *stockroom.desktop.documents[0];
   EXPECT_TRUE(report.ended);
-  EXPECT_EQ(report.Shapes(1), "line 0.00 0.83 8.50 0.83\n");
+  EXPECT_EQ(report.Shapes(1), "line 0.00 0.91 8.50 0.91\n");
   const std::string page = report.Page(1);
-  EXPECT_EQ(page.substr(0, page.find("0.30 1.00")),
+  EXPECT_EQ(page.substr(0, page.find("0.30 1.16")),
             "0.30 0.30 bold 12 | Harbour Works\n0.30 0.50 bold 10 | Detail Report\n"
-            "0.30 0.67 10 | 3/9/2026\n0.30 0.83 bold 10 | Name:\n2.10 0.83 10 | Belt\n");
+            "0.30 0.67 10 | 3/9/2026\n0.30 0.99 bold 10 | Name:\n2.10 0.99 10 | Belt\n");
   for (const char* line :
        {"bold 10 | Cost Per (case):", OnePage() ? " 10 | 12.3456" : " 10 | 12.35",
         "bold 10 | Quantity on Hand:", " 10 | 14.50", " 10 | 179.01",
         "bold 10 | Re-Order Level (case): ", "bold 10 | Par Level (case): ",
-        "bold 10 | Where to Re Order 3:\n0.30", "2.10 3.50 10 | dry place", "3.67 10 | aaa",
-        "3.83 10 | bbb"})
+        "bold 10 | Where to Re Order 3:\n0.30", "2.10 3.66 10 | dry place", "3.83 10 | aaa",
+        "3.99 10 | bbb"})
     EXPECT_NE(page.find(line), std::string::npos) << line << " in\n" << page;
 }
 
