@@ -11,6 +11,7 @@
 #include "partgroups/UpdatePartGroupCosts.h"
 #include "store/DropDown.h"
 #include "utilities/ExportGridToSpreadsheet.h"
+#include "utilities/PaintingOff.h"
 #include "utilities/PrintScreenGrid.h"
 #include "utilities/SprdSubs.h"
 
@@ -142,7 +143,7 @@ void KVI_InventorySummary::Activate() {
     app_.ReturnedFromFind = false;
     return;
   }
-  Spread1.SetReDraw(false);
+  const PaintingOff hidden(Spread1);
   LoadColumnWidths(Spread1, *this, app_.CurrentDatabase);
   const int row = std::max(Spread1.ActiveRow(), 1);
   GoToFirstCell(Spread1);
@@ -153,7 +154,6 @@ void KVI_InventorySummary::Activate() {
   ShadeGridRows(Spread1, app_.UseColors);
   LockGrid(Spread1);
   GoToRow(Spread1, std::min(row, Spread1.MaxRows()));
-  Spread1.SetReDraw(true);
   ShowPosition();
 }
 
@@ -186,15 +186,13 @@ std::string KVI_InventorySummary::Query() const {
 void KVI_InventorySummary::LoadItemGrid() {
   const Hourglass busy(app_.desktop);
   if (Trim(app_.CurrentCategory).empty()) app_.CurrentCategory = kAllCategories;
-  const bool painting = Spread1.ReDraw();
-  Spread1.SetReDraw(false);
+  const PaintingOff hidden(Spread1);
   try {
     FillGrid();
   } catch (const RunTimeError&) {
     // The rows filled so far stay, and no message comes.
   }
   ShadeGridRows(Spread1, app_.UseColors);
-  Spread1.SetReDraw(painting);
   ShowPosition();
 }
 
@@ -211,10 +209,9 @@ void KVI_InventorySummary::FillGrid() {
 }
 
 void KVI_InventorySummary::ReloadHidden(bool shade) {
-  Spread1.SetReDraw(false);
+  const PaintingOff hidden(Spread1);
   LoadItemGrid();
   if (shade) ShadeGridRows(Spread1, app_.UseColors);
-  Spread1.SetReDraw(true);
 }
 
 void KVI_InventorySummary::ShowRefreshMode() {

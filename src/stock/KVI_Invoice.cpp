@@ -7,6 +7,7 @@
 #include "security/CheckAccess.h"
 #include "store/SaveRecord.h"
 #include "utilities/ExportGridToSpreadsheet.h"
+#include "utilities/PaintingOff.h"
 #include "utilities/PrintCodes.h"
 #include "utilities/PrintGrid.h"
 #include "utilities/SprdSubs.h"
@@ -104,10 +105,11 @@ std::string KVI_Invoice::Query() const {
 }
 
 void KVI_Invoice::load_data() {
+  loaded_ = false;
   {
     const Hourglass busy(app_.desktop);
     jet::Recordset invoices = app_.CurrentDatabase.OpenRecordset(Query());
-    Spread1.SetReDraw(false);
+    const PaintingOff hidden(Spread1);
     ClearGrid(Spread1);
     Spread1.SetMaxRows(invoices.RecordCount());
     for (int row = 1; !invoices.Eof(); invoices.MoveNext(), ++row) {
@@ -118,6 +120,7 @@ void KVI_Invoice::load_data() {
     ShadeGridRows(Spread1, app_.UseColors);
     GoToFirstCell(Spread1);
     changed_ = false;
+    loaded_ = true;
   }
   if (Spread1.MaxRows() == 0)
     Inform("No invoices in the system.  Click on the 'new' menu option to add a new invoices.");
@@ -135,6 +138,11 @@ bool KVI_Invoice::save_changes() {
   if (!MayWrite()) return true;
   const Hourglass busy(app_.desktop);
   if (!changed_) return true;
+  if (!loaded_) {
+    // What could not be read whole is never written over.
+    load_data();
+    return false;
+  }
   for (int row = 1; row <= Spread1.MaxRows(); ++row) CompleteRow(row);
   if (!WriteTable()) return false;
   changed_ = false;
@@ -212,7 +220,7 @@ void KVI_Invoice::RemoveAll() {
   if (!AskYesNo("Are you sure you want to remove all 'Invoices?'?", "Invoices")) return;
   ClearGrid(Spread1);
   Spread1.SetMaxRows(0);
-  changed_ = true;
+  changed_ = loaded_ = true;
   save_changes();
 }
 

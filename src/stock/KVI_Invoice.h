@@ -50,6 +50,7 @@ class KVI_Invoice : public KviScreen {
   void Leave(const std::string& question);
 
   bool changed_ = false;
+  bool loaded_ = false;  // the grid holds the whole table
   bool filling_ = false;
 };
 

@@ -6,6 +6,7 @@
 #include "security/CheckAccess.h"
 #include "store/DropDown.h"
 #include "store/SaveRecord.h"
+#include "utilities/PaintingOff.h"
 #include "utilities/PrintGrid.h"
 #include "utilities/SprdSubs.h"
 
@@ -62,27 +63,29 @@ void KVI_ManageDropLIsts::Activate() {
 
 void KVI_ManageDropLIsts::ShowList(const List& list) {
   SaveIfWanted();
-  shown_ = &list;
+  // A list that could not be read is not on show, and so is never written over.
+  shown_ = nullptr;
   ClearGrid(Spread1);
-  load_data();
+  load_data(list);
+  shown_ = &list;
 }
 
-void KVI_ManageDropLIsts::load_data() {
+void KVI_ManageDropLIsts::load_data(const List& list) {
   jet::Recordset values = app_.CurrentDatabase.OpenRecordset(
-      std::string("SELECT * FROM ") + shown_->table + " ORDER BY " + shown_->sortField + ";");
-  Spread1.SetReDraw(false);
+      std::string("SELECT * FROM ") + list.table + " ORDER BY " + list.sortField + ";");
+  const PaintingOff hidden(Spread1);
   int row = 0;
   for (; !values.Eof(); values.MoveNext()) {
     if (++row > Spread1.MaxRows()) Spread1.SetMaxRows(row);
     Spread1.SetText(row, 1, values.Text("Description"));
   }
   Spread1.SetMaxRows(row + kRowsForNewValues);
-  Spread1.SetReDraw(true);
   GoToFirstCell(Spread1);
   changed_ = false;
 }
 
 void KVI_ManageDropLIsts::save_changes() {
+  if (shown_ == nullptr) return;
   if (!CheckAccess(app_.AccessString, kUtilityModule, kWriteAccess)) {
     Inform("Full Access to Utilities required for this option.\n\nChanges NOT Saved");
     return;

@@ -44,7 +44,7 @@ class KVI_ManageDropLIsts : public KviScreen {
   };
 
   void ShowList(const List& list);
-  void load_data();
+  void load_data(const List& list);
   void save_changes();
   void SaveIfWanted();
   void RemoveRow();

@@ -10,6 +10,7 @@
 #include <random>
 
 #include "base/RunTimeError.h"
+#include "support/TemporaryFolder.h"
 
 namespace kvi {
 namespace {
@@ -18,12 +19,6 @@ namespace fs = std::filesystem;
 
 class IniFileTest : public testing::Test {
  protected:
-  IniFileTest() {
-    std::string name = (fs::temp_directory_path() / "kvi-ini-XXXXXX").string();
-    folder_ = ::mkdtemp(name.data());
-  }
-  ~IniFileTest() override { fs::remove_all(folder_); }
-
   fs::path Path() const { return folder_ / "KVI.INI"; }
   IniFile File() const { return IniFile(Path()); }
 
@@ -48,7 +43,8 @@ class IniFileTest : public testing::Test {
     return 0;
   }
 
-  fs::path folder_;
+  test::TemporaryFolder ownFolder_;
+  const fs::path folder_ = ownFolder_.Path();
 };
 
 TEST_F(IniFileTest, ReadsByThePrivateProfileRules) {
