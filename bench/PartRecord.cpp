@@ -2,9 +2,9 @@
 #include "bench/Pair.h"
 #include "bench/RawFile.h"
 #include "bench/Stockroom.h"
+#include "grids/SprdSubs.h"
 #include "items/KVI_InventoryDetail.h"
 #include "items/KVI_InventorySummary.h"
-#include "utilities/SprdSubs.h"
 
 namespace kvi::bench {
 namespace {

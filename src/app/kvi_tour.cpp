@@ -4,22 +4,22 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "app/ProgramFolder.h"
+#include "ProgramFolder.h"
 #include "base/Format.h"
 #include "base/Number.h"
 #include "base/RunTimeError.h"
 #include "desktop/QtDesktop.h"
-#include "frame/Main.h"
 #include "items/KVI_ChooseVendors.h"
 #include "items/KVI_Find.h"
 #include "items/KVI_InventoryDetail.h"
 #include "items/KVI_InventoryDetail1Screen.h"
 #include "items/KVI_InventorySummary.h"
 #include "security/KVI_SecurityCheckpoint.h"
+#include "start/Main.h"
 #include "stock/KVI_Invoice.h"
 #include "stock/KVI_UpdateInventory.h"
-#include "store/KVI_GetILocation.h"
-#include "store/KVI_ManageDropLIsts.h"
+#include "utilities/KVI_GetILocation.h"
+#include "utilities/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
 
 namespace {

@@ -1,10 +1,10 @@
 #include <string>
 
-#include "app/ProgramFolder.h"
+#include "ProgramFolder.h"
 #include "base/RunTimeError.h"
 #include "desktop/QtDesktop.h"
 #include "frame/Application.h"
-#include "frame/Main.h"
+#include "start/Main.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include "base/Text.h"
 #include "frame/Application.h"
 #include "frame/GENERAL.h"
-#include "frame/Hourglass.h"
+#include "platform/Hourglass.h"
 #include "platform/IniFile.h"
 
 namespace kvi {

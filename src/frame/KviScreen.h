@@ -3,8 +3,8 @@
 #include <string>
 
 #include "frame/Application.h"
-#include "frame/Hourglass.h"
 #include "platform/Controls.h"
+#include "platform/Hourglass.h"
 #include "platform/Screen.h"
 
 namespace kvi {

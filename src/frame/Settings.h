@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "valuation/ValuationMethod.h"
+#include "frame/ValuationMethod.h"
 
 namespace kvi {
 

@@ -2,7 +2,7 @@
 
 #include "base/Counter16.h"
 #include "base/Text.h"
-#include "utilities/SprdSubs.h"
+#include "grids/SprdSubs.h"
 
 namespace kvi {
 

@@ -70,6 +70,11 @@ bool ScreenStack::IsShown(const Screen& screen) const {
   return std::find(shown_.begin(), shown_.end(), &screen) != shown_.end();
 }
 
+bool ScreenStack::IsShown(std::string_view name) const {
+  return std::any_of(shown_.begin(), shown_.end(),
+                     [&](const Screen* screen) { return screen->Name() == name; });
+}
+
 void ScreenStack::Guard(const std::function<void()>& event) {
   try {
     try {

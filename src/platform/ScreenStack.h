@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string_view>
 #include <vector>
 
 namespace kvi {
@@ -27,6 +28,8 @@ class ScreenStack {
 
   Screen* Top() const;
   bool IsShown(const Screen& screen) const;
+  // The same of a screen that lies above the caller's floor.
+  bool IsShown(std::string_view name) const;
   bool Ending() const { return ending_; }
 
   // The event guard. A RunTimeError that no routine handled becomes a box with the number, a blank

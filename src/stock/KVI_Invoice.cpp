@@ -4,13 +4,13 @@
 
 #include "base/Format.h"
 #include "base/Number.h"
+#include "grids/ExportGridToSpreadsheet.h"
+#include "grids/PaintingOff.h"
+#include "grids/PrintCodes.h"
+#include "grids/PrintGrid.h"
+#include "grids/SprdSubs.h"
 #include "security/CheckAccess.h"
 #include "store/SaveRecord.h"
-#include "utilities/ExportGridToSpreadsheet.h"
-#include "utilities/PaintingOff.h"
-#include "utilities/PrintCodes.h"
-#include "utilities/PrintGrid.h"
-#include "utilities/SprdSubs.h"
 
 namespace kvi {
 

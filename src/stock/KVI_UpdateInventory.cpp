@@ -4,13 +4,13 @@
 
 #include "base/Format.h"
 #include "base/Number.h"
+#include "grids/ExportGridToSpreadsheet.h"
+#include "grids/PaintingOff.h"
+#include "grids/PrintScreenGrid.h"
+#include "grids/SprdSubs.h"
 #include "items/KVI_Find.h"
 #include "stock/CountVariance.h"
 #include "stock/KVI_Invoice.h"
-#include "utilities/ExportGridToSpreadsheet.h"
-#include "utilities/PaintingOff.h"
-#include "utilities/PrintScreenGrid.h"
-#include "utilities/SprdSubs.h"
 
 namespace kvi {
 

@@ -5,7 +5,7 @@
 #include "base/Number.h"
 #include "base/RunTimeError.h"
 #include "frame/Application.h"
-#include "frame/Hourglass.h"
+#include "platform/Hourglass.h"
 #include "store/RepairItemDefaults.h"
 #include "store/UpgradeSchema.h"
 

@@ -6,10 +6,10 @@
 #include "frame/ApplyColorScheme.h"
 #include "frame/INI_SUBS.h"
 #include "frame/NotBuiltYet.h"
+#include "grids/SprdSubs.h"
 #include "partgroups/UpdatePartGroupCosts.h"
-#include "store/KVI_ManageDropLIsts.h"
 #include "store/OpenInventoryDatabase.h"
-#include "utilities/SprdSubs.h"
+#include "utilities/KVI_ManageDropLIsts.h"
 #include "valuation/ItemValuation.h"
 
 namespace kvi {

@@ -4,7 +4,7 @@
 
 #include "base/Number.h"
 #include "base/RunTimeError.h"
-#include "frame/Hourglass.h"
+#include "platform/Hourglass.h"
 
 namespace kvi {
 

@@ -3,9 +3,9 @@
 #include <optional>
 #include <string>
 
+#include "frame/ValuationMethod.h"
 #include "jet/Database.h"
 #include "platform/Desktop.h"
-#include "valuation/ValuationMethod.h"
 
 namespace kvi {
 

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "grids/SprdSubs.h"
 #include "items/KVI_Find.h"
 #include "items/KVI_InventorySummary.h"
 #include "support/TestStockroom.h"
-#include "utilities/SprdSubs.h"
 
 namespace kvi::test {
 namespace {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "grids/SprdSubs.h"
 #include "items/KVI_InventorySummary.h"
 #include "support/TestStockroom.h"
-#include "utilities/SprdSubs.h"
 
 namespace kvi::test {
 namespace {

@@ -1,6 +1,6 @@
 #include "base/RunTimeError.h"
+#include "grids/SprdSubs.h"
 #include "items/DetailStory.h"
-#include "utilities/SprdSubs.h"
 
 namespace kvi::test {
 namespace {

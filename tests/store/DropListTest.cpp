@@ -2,9 +2,9 @@
 
 #include "items/KVI_ChooseVendors.h"
 #include "store/DropDown.h"
-#include "store/KVI_GetILocation.h"
-#include "store/KVI_ManageDropLIsts.h"
 #include "support/TestStockroom.h"
+#include "utilities/KVI_GetILocation.h"
+#include "utilities/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
 
 namespace kvi::test {

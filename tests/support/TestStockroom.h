@@ -4,9 +4,9 @@
 #include <string>
 
 #include "frame/Application.h"
-#include "frame/Main.h"
 #include "platform/Gestures.h"
 #include "platform/Spread.h"
+#include "start/Main.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TemporaryFolder.h"
 

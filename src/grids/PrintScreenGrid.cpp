@@ -1,9 +1,9 @@
-#include "utilities/PrintScreenGrid.h"
+#include "grids/PrintScreenGrid.h"
 
 #include "frame/Application.h"
-#include "frame/Hourglass.h"
-#include "utilities/PrintCodes.h"
-#include "utilities/PrintGrid.h"
+#include "grids/PrintCodes.h"
+#include "grids/PrintGrid.h"
+#include "platform/Hourglass.h"
 
 namespace kvi {
 

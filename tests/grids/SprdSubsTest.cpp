@@ -1,4 +1,4 @@
-#include "utilities/SprdSubs.h"
+#include "grids/SprdSubs.h"
 
 #include <gtest/gtest.h>
 

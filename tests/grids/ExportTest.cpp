@@ -3,10 +3,10 @@
 #include <filesystem>
 #include <string>
 
+#include "grids/ExportGridToSpreadsheet.h"
 #include "support/BareScreen.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TemporaryFolder.h"
-#include "utilities/ExportGridToSpreadsheet.h"
 
 namespace kvi {
 namespace {

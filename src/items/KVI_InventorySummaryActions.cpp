@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "base/Number.h"
+#include "grids/SprdSubs.h"
 #include "items/DuplicateItem.h"
 #include "items/KVI_InventoryDetail.h"
 #include "items/KVI_InventoryDetail1Screen.h"
@@ -8,7 +9,6 @@
 #include "security/CheckAccess.h"
 #include "store/RepairItemDefaults.h"
 #include "store/SaveRecord.h"
-#include "utilities/SprdSubs.h"
 
 // What the summary does with a part: open it, add one, duplicate it, remove it.
 namespace kvi {

@@ -1,4 +1,4 @@
-#include "frame/Version.h"
+#include "start/Version.h"
 
 #include "base/Number.h"
 

@@ -1,11 +1,11 @@
-#include "utilities/PrintGrid.h"
+#include "grids/PrintGrid.h"
 
 #include <algorithm>
 #include <cmath>
 #include <vector>
 
 #include "base/Text.h"
-#include "utilities/PrintCodes.h"
+#include "grids/PrintCodes.h"
 
 namespace kvi {
 namespace {

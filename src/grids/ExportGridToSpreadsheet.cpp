@@ -1,4 +1,4 @@
-#include "utilities/ExportGridToSpreadsheet.h"
+#include "grids/ExportGridToSpreadsheet.h"
 
 #include <filesystem>
 #include <fstream>
@@ -7,7 +7,7 @@
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "frame/GENERAL.h"
-#include "frame/Hourglass.h"
+#include "platform/Hourglass.h"
 
 namespace kvi {
 namespace {

@@ -1,14 +1,14 @@
-#include "store/KVI_ManageDropLIsts.h"
+#include "utilities/KVI_ManageDropLIsts.h"
 
 #include "base/Text.h"
 #include "frame/NotBuiltYet.h"
 #include "frame/Wording.h"
+#include "grids/PaintingOff.h"
+#include "grids/PrintGrid.h"
+#include "grids/SprdSubs.h"
 #include "security/CheckAccess.h"
 #include "store/DropDown.h"
 #include "store/SaveRecord.h"
-#include "utilities/PaintingOff.h"
-#include "utilities/PrintGrid.h"
-#include "utilities/SprdSubs.h"
 
 namespace kvi {
 

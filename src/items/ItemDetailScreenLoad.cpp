@@ -1,5 +1,6 @@
 #include "base/Text.h"
 #include "frame/GENERAL.h"
+#include "grids/SprdSubs.h"
 #include "items/ItemCosts.h"
 #include "items/ItemDetailScreen.h"
 #include "items/ItemPicture.h"
@@ -7,7 +8,6 @@
 #include "items/KVI_InventorySummary.h"
 #include "security/CheckAccess.h"
 #include "store/DropDown.h"
-#include "utilities/SprdSubs.h"
 
 // The detail screen's loads: on activation, by a step along the summary's grid, and of nothing for
 // a new part.

@@ -3,10 +3,9 @@
 
 #include "base/Format.h"
 #include "base/Number.h"
-#include "frame/Main.h"
+#include "grids/PaintingOff.h"
+#include "grids/SprdSubs.h"
 #include "stock/KVI_UpdateInventory.h"
-#include "utilities/PaintingOff.h"
-#include "utilities/SprdSubs.h"
 
 // What both tabs list, and in which order.
 namespace kvi {
@@ -82,7 +81,7 @@ void KVI_UpdateInventory::LoadUpdateGrid() {
   Spread1.SetMaxRows(count);
   if (count < 1) {
     ShowPosition();
-    if (app_.screens.IsShown(app_.Get<Main>()))
+    if (app_.screens.IsShown("Main"))
       Inform("No items in the system.  Click on the '+' icon to add a new item.");
     return;
   }

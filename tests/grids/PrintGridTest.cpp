@@ -1,13 +1,13 @@
-#include "utilities/PrintGrid.h"
+#include "grids/PrintGrid.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "base/Number.h"
+#include "grids/PrintCodes.h"
 #include "support/BareScreen.h"
 #include "support/ScriptedDesktop.h"
-#include "utilities/PrintCodes.h"
 
 namespace kvi {
 namespace {

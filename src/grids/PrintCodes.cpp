@@ -1,4 +1,4 @@
-#include "utilities/PrintCodes.h"
+#include "grids/PrintCodes.h"
 
 #include "base/Number.h"
 #include "base/Text.h"

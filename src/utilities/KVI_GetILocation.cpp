@@ -1,4 +1,4 @@
-#include "store/KVI_GetILocation.h"
+#include "utilities/KVI_GetILocation.h"
 
 namespace kvi {
 
