@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "jet/JetFunctions.h"
+#include "jet/functions/JetFunctions.h"
 
 namespace kvi::bench {
 namespace {

@@ -5,11 +5,11 @@
 #include <filesystem>
 
 #include "base/RunTimeError.h"
-#include "jet/Dynaset.h"
-#include "jet/Engine.h"
-#include "jet/JetFunctions.h"
-#include "jet/Snapshot.h"
-#include "jet/StatementRun.h"
+#include "jet/engine/Engine.h"
+#include "jet/engine/StatementRun.h"
+#include "jet/functions/JetFunctions.h"
+#include "jet/sets/Dynaset.h"
+#include "jet/sets/Snapshot.h"
 
 namespace kvi::jet {
 namespace {

@@ -1,7 +1,7 @@
 #include "jet/Recordset.h"
 
 #include "base/RunTimeError.h"
-#include "jet/RecordsetImpl.h"
+#include "jet/sets/RecordsetImpl.h"
 
 namespace kvi::jet {
 

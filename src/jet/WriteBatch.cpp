@@ -1,6 +1,6 @@
 #include "base/RunTimeError.h"
 #include "jet/Database.h"
-#include "jet/Engine.h"
+#include "jet/engine/Engine.h"
 
 namespace kvi::jet {
 

@@ -1,4 +1,4 @@
-#include "jet/JetCollation.h"
+#include "jet/functions/JetCollation.h"
 
 #include <gtest/gtest.h>
 

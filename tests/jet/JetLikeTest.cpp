@@ -1,4 +1,4 @@
-#include "jet/JetLike.h"
+#include "jet/functions/JetLike.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "jet/JetSql.h"
+#include "jet/dialect/JetSql.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "base/RunTimeError.h"
-#include "jet/JetFunctions.h"
+#include "jet/functions/JetFunctions.h"
 
 namespace kvi::jet {
 namespace {

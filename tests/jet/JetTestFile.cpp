@@ -9,7 +9,7 @@
 #include <sstream>
 
 #include "base/RunTimeError.h"
-#include "jet/JetFunctions.h"
+#include "jet/functions/JetFunctions.h"
 
 namespace kvi::jet {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "jet/Engine.h"
-#include "jet/StatementRun.h"
+#include "jet/engine/Engine.h"
+#include "jet/engine/StatementRun.h"
 #include "store/Schema.h"
 #include "support/TemporaryFolder.h"
 

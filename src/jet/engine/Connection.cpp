@@ -1,0 +1,202 @@
+#include "jet/engine/Connection.h"
+
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <sys/vfs.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <thread>
+
+#include "base/RunTimeError.h"
+#include "jet/engine/EngineError.h"
+#include "jet/engine/JetFile.h"
+#include "jet/functions/JetFunctions.h"
+
+namespace kvi::jet {
+namespace {
+
+// More distinct statements than the system has; beyond it something builds them without end.
+constexpr std::size_t kMostStatements = 400;
+
+// A journal that is kept saves the file system's work, which only pays where that is our own.
+bool IsOnLocalDisk(const std::string& path) {
+  constexpr unsigned long kLocal[] = {0xEF53,     0x58465342, 0x9123683E, 0x01021994,
+                                      0xF2F52010, 0x794C7630, 0x2FC12FC1, 0x7366746E};
+  struct statfs info {};
+  if (statfs(path.c_str(), &info) != 0) return false;
+  const auto type = static_cast<unsigned long>(info.f_type) & 0xFFFFFFFFUL;
+  for (const unsigned long local : kLocal)
+    if (type == local) return true;
+  return false;
+}
+
+bool IsFolderWritable(const std::string& path) {
+  std::filesystem::path folder = std::filesystem::path(path).parent_path();
+  if (folder.empty()) folder = ".";
+  return access(folder.c_str(), W_OK) == 0;
+}
+
+// What can be told before the engine touches the file.
+void CheckFile(const std::string& path) {
+  struct stat info {};
+  if (stat(path.c_str(), &info) != 0) {
+    if (errno == EACCES) throw RunTimeError(3051);
+    throw RunTimeError(3024, DescriptionOf(3024) + " ('" + path + "')");
+  }
+  if (!S_ISREG(info.st_mode)) throw RunTimeError(3051);
+  // To the engine an empty file is an empty database; to us it is one that was lost.
+  if (info.st_size == 0) throw RunTimeError(3343, "'" + path + "' is empty.");
+}
+
+int OnBusy(void* wait, int count) {
+  auto& lockWait = *static_cast<LockWait*>(wait);
+  if (count == 0) lockWait.Start();
+  return lockWait.Nap() ? 1 : 0;
+}
+
+}  // namespace
+
+LockWait::LockWait()
+    : chance_(
+          static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()) ^
+          (static_cast<std::uint64_t>(getpid()) << 32) ^ 1) {}
+
+bool LockWait::Nap() {
+  if (std::chrono::steady_clock::now() - begun_ >= kLockWait) return false;
+  chance_ = chance_ * 6364136223846793005ULL + 1442695040888963407ULL;
+  std::this_thread::sleep_for(std::chrono::microseconds(1000 + (chance_ >> 33) % 2000));
+  return true;
+}
+
+Connection::Connection(const std::string& path, bool exclusive) : exclusive_(exclusive) {
+  CheckFile(path);
+  try {
+    OpenFile(path, 0);
+    readOnly_ = sqlite3_db_readonly(db_, "main") == 1 || !IsFolderWritable(path);
+    CheckHeader(path);
+    Configure(path);
+    if (exclusive_) TakeExclusively();
+  } catch (...) {
+    Close();
+    throw;
+  }
+}
+
+Connection::Connection(const std::string& newPath) : exclusive_(true) {
+  try {
+    OpenFile(newPath, SQLITE_OPEN_CREATE);
+    SetUpDialect();
+  } catch (...) {
+    Close();
+    throw;
+  }
+}
+
+Connection::~Connection() {
+  Close();
+}
+
+void Connection::OpenFile(const std::string& path, int flags) {
+  flags |= SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+  if (sqlite3_open_v2(path.c_str(), &db_, flags, nullptr) != SQLITE_OK) throw RunTimeError(3051);
+  sqlite3_file_control(db_, "main", SQLITE_FCNTL_FILE_POINTER, &file_);
+}
+
+void Connection::CheckHeader(const std::string& path) const {
+  switch (RecogniseFile(file_)) {
+    case FileKind::Database:
+      return;
+    case FileKind::Jet:
+      throw RunTimeError(3343, "'" + path +
+                                   "' is a Jet database file of an older program; this version "
+                                   "cannot read it yet, nothing was changed.");
+    case FileKind::Other:
+      throw RunTimeError(3343, DescriptionOf(3343) + " ('" + path + "')");
+  }
+}
+
+void Connection::SetUpDialect() {
+  // A misspelt name in double quotes must be an error, not a text.
+  sqlite3_db_config(db_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(db_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  RegisterJetFunctions(db_);
+}
+
+void Connection::Configure(const std::string& path) {
+  SetUpDialect();
+  sqlite3_busy_handler(db_, OnBusy, &lockWait_);
+  // Never write-ahead logging: its shared memory does not work on a network folder. The first
+  // statement also undoes a save that was broken off.
+  const char* settings[] = {
+      IsOnLocalDisk(path) ? "PRAGMA journal_mode=PERSIST" : "PRAGMA journal_mode=TRUNCATE",
+      "PRAGMA journal_size_limit=33554432",
+      "PRAGMA synchronous=FULL",
+      "PRAGMA temp_store=MEMORY",
+      "PRAGMA cache_size=-32768",
+      "BEGIN;SELECT count(*) FROM sqlite_master"};
+  for (const char* setting : settings)
+    if (const int code = TryRun(setting); code != SQLITE_OK) RaiseOpenError(db_, code, path);
+  if (IsCutOff(file_)) throw RunTimeError(3343, "'" + path + "' is cut off.");
+  Run("COMMIT");
+}
+
+void Connection::TakeExclusively() {
+  Run("PRAGMA locking_mode=EXCLUSIVE");
+  const int code = TryRun(readOnly_ ? "SELECT count(*) FROM sqlite_master" : "BEGIN EXCLUSIVE");
+  if ((code & 0xFF) == SQLITE_BUSY) throw RunTimeError(3045);
+  if (code != SQLITE_OK) Fail(code);
+  if (InTransaction()) Run("COMMIT");
+}
+
+void Connection::Close() {
+  if (!db_) return;
+  statements_.clear();
+  sqlite3_close_v2(db_);
+  db_ = nullptr;
+  file_ = nullptr;
+}
+
+bool Connection::InTransaction() const {
+  return sqlite3_get_autocommit(db_) == 0;
+}
+
+void Connection::Finalize::operator()(sqlite3_stmt* statement) const {
+  sqlite3_finalize(statement);
+}
+
+sqlite3_stmt* Connection::Prepared(std::string_view sql) {
+  if (const auto found = statements_.find(sql); found != statements_.end())
+    return found->second.get();
+  if (statements_.size() >= kMostStatements)
+    std::erase_if(statements_,
+                  [](const auto& entry) { return sqlite3_stmt_busy(entry.second.get()) == 0; });
+  sqlite3_stmt* statement = nullptr;
+  const int code = sqlite3_prepare_v3(db_, sql.data(), static_cast<int>(sql.size()),
+                                      SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+  if (code != SQLITE_OK) Fail(code);
+  return statements_.emplace(sql, Statement(statement)).first->second.get();
+}
+
+int Connection::TryStep(std::string_view sql) {
+  sqlite3_stmt* statement = Prepared(sql);
+  int code = SQLITE_ROW;
+  while (code == SQLITE_ROW) code = sqlite3_step(statement);
+  sqlite3_reset(statement);
+  return code == SQLITE_DONE ? SQLITE_OK : code;
+}
+
+int Connection::TryRun(const std::string& sql) {
+  return sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, nullptr);
+}
+
+void Connection::Run(const std::string& sql) {
+  if (const int code = TryRun(sql); code != SQLITE_OK) Fail(code);
+}
+
+void Connection::Fail(int code) const {
+  RaiseEngineError(db_, code);
+}
+
+}  // namespace kvi::jet

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "jet/TableDef.h"
+#include "jet/engine/Connection.h"
+
+namespace kvi::jet {
+
+// A table as the file has it. A file that another tool made has no columns of ours: then the row
+// number stands for `_rid`, and no change by another desk is noticed at Edit.
+struct StoredTable {
+  std::string Name;
+  std::vector<FieldDef> Fields;  // without the hidden columns
+  std::string Key;               // the column that identifies a row; "" when none does
+  bool Versioned = false;
+  // Counts the writes of this process to the table, so that rows held in memory know their age.
+  std::shared_ptr<std::uint64_t> Writes;
+};
+
+// What tables there are, read from the file when first asked for.
+class Schema {
+ public:
+  explicit Schema(Connection& connection) : connection_(connection) {}
+
+  // Null for an unknown table.
+  std::shared_ptr<StoredTable> Find(std::string_view table);
+  std::vector<TableDef> Tables();
+  void Forget() { tables_.clear(); }
+
+  static void CreateTable(Connection& connection, const TableDef& table);
+  void AppendField(std::string_view table, const FieldDef& field);
+
+ private:
+  std::shared_ptr<StoredTable> Read(std::string_view table);
+
+  Connection& connection_;
+  // By the name in upper case.
+  std::map<std::string, std::shared_ptr<StoredTable>> tables_;
+  std::map<std::string, std::shared_ptr<std::uint64_t>> writes_;
+};
+
+}  // namespace kvi::jet

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "jet/functions/JetCollation.h"
+
+struct sqlite3;
+
+namespace kvi::jet {
+
+// Registers on a connection what the dialect needs of the engine: the collation JET1, jet_like
+// (text, pattern) with Jet's wildcards, and the functions of JetFunctionTable.h that are not
+// SQLite's own. trim() stays SQLite's, so that an index on it serves.
+void RegisterJetFunctions(sqlite3* connection);
+
+}  // namespace kvi::jet

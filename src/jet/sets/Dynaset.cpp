@@ -1,0 +1,177 @@
+#include "jet/sets/Dynaset.h"
+
+#include <algorithm>
+
+#include "base/RunTimeError.h"
+
+namespace kvi::jet {
+namespace {
+
+constexpr std::size_t kFirstBlock = 4, kLastBlock = 1024, kGrowth = 4;
+constexpr std::size_t kFastWalk = 256;
+
+// A transaction for several reads that must see one state of the file.
+class ReadTogether {
+ public:
+  explicit ReadTogether(Connection& connection) : connection_(connection) {
+    mine_ = !connection_.InTransaction() && connection_.TryStep("BEGIN") == 0;
+  }
+  ~ReadTogether() {
+    if (mine_) connection_.TryStep("COMMIT");
+  }
+  ReadTogether(const ReadTogether&) = delete;
+  ReadTogether& operator=(const ReadTogether&) = delete;
+
+ private:
+  Connection& connection_;
+  bool mine_;
+};
+
+}  // namespace
+
+Dynaset::Dynaset(std::shared_ptr<Engine> engine, const Engine::Query& query)
+    : RecordsetImpl(std::move(engine)), shape_(query.shape) {
+  // A set that will be left early needs its keys only, where no other desk can come between them
+  // and the rows.
+  if (shape_->IsShallow() && TheEngine().connection.InTransaction())
+    ReadKeys(query.translation.Parameters);
+  else if (shape_->IsSmall())
+    OpenSmall(query.translation.Parameters);
+  else
+    OpenLarge(query.translation.Parameters);
+  shape_->Learn(keys_.Size());
+  StandOnFirst();
+}
+
+Dynaset::~Dynaset() {
+  shape_->LearnWalk(reached_, keys_.Size());
+  try {
+    if (TheEngine().IsOpen()) Dynaset::CancelUpdate();
+  } catch (const RunTimeError&) {
+    // Nothing of the edit is written; the lock goes with the next transaction's end.
+  }
+}
+
+void Dynaset::OpenSmall(const std::vector<Value>& parameters) {
+  block_.Start(0, shape_->Columns());
+  StatementRun run(TheEngine().connection, shape_->Columns()->OpenSql);
+  run.BindAll(parameters);
+  while (run.Step()) {
+    if (keys_.Size() == 0) TheEngine().Look();
+    keys_.Append(run.Whole(0));
+    if (keys_.Size() <= QueryShape::kSmall) block_.Append(run, *shape_);
+  }
+  block_.Stamp = Now();
+}
+
+void Dynaset::OpenLarge(const std::vector<Value>& parameters) {
+  const ReadTogether together(TheEngine().connection);
+  ReadKeys(parameters);
+  if (keys_.Size() > 0) ReadBlockAround(0);
+}
+
+void Dynaset::ReadKeys(const std::vector<Value>& parameters) {
+  StatementRun run(TheEngine().connection, shape_->KeySql());
+  run.BindAll(parameters);
+  while (run.Step()) keys_.Append(run.Whole(0));
+}
+
+void Dynaset::Leave() {
+  CancelUpdate();
+  cells_ = nullptr;
+}
+
+const Value& Dynaset::Field(std::string_view name) {
+  const std::size_t field = shape_->Fields().Find(name);
+  if (buffer_.Is() != EditBuffer::Kind::None && buffer_.Has(field)) return buffer_[field];
+  if (!cells_) Land();
+  shape_->Want(field);
+  const int position = block_.PositionOf(field);
+  return position == ColumnChoice::kNotFetched ? FetchAlso(field) : cells_[position];
+}
+
+void Dynaset::Land() {
+  RequireCurrent();
+  Engine& engine = TheEngine();
+  engine.lock.Breathe();
+  if (block_.End() - block_.Begin() < kFastWalk)
+    engine.Look();
+  else
+    engine.Glance();
+  outgrown_.clear();
+  if (!block_.Covers(Position()) || block_.Stamp != Now()) ReadBlockAround(Position());
+  if (block_.IsGone(Position())) throw RunTimeError(3167);
+  cells_ = block_.Cells(Position());
+  rowStamp_ = block_.Stamp;
+  reached_ = std::max(reached_, Position() + 1);
+}
+
+void Dynaset::ReadBlockAround(std::size_t position) {
+  // A walk, in either direction, asks for ever larger blocks; a jump, or a file that others write
+  // to, starts over.
+  const std::size_t held = block_.End() - block_.Begin();
+  const std::size_t grown = std::clamp(held * kGrowth, kFirstBlock, kLastBlock);
+  const bool oneByOne = shape_->IsShallow() && position < kFirstBlock;
+  std::size_t begin = position, count = oneByOne ? 1 : kFirstBlock;
+  if (oneByOne) {
+    // Rows that the set may not get to are not read.
+  } else if (!block_.IsEmpty() && position >= block_.End() &&
+             position - block_.End() < kFirstBlock) {
+    count = grown;
+  } else if (position < block_.Begin() && block_.Begin() - position <= kFirstBlock) {
+    count = std::min(grown, position + 1);
+    begin = position + 1 - count;
+  }
+  if (!block_.IsEmpty()) shape_->Settle();
+  block_.Read(TheEngine(), *shape_, keys_, begin, std::min(count, keys_.Size() - begin));
+}
+
+const Value& Dynaset::FetchAlso(std::size_t field) {
+  outgrown_.push_back(std::move(block_));
+  const RowBlock& before = outgrown_.back();
+  block_ = RowBlock();
+  block_.Read(TheEngine(), *shape_, keys_, before.Begin(), before.End() - before.Begin());
+  if (block_.IsGone(Position())) throw RunTimeError(3167);
+  cells_ = block_.Cells(Position());
+  rowStamp_ = block_.Stamp;
+  return cells_[block_.PositionOf(field)];
+}
+
+void Dynaset::RefreshRow() {
+  if (rowStamp_ == Now()) return;
+  if (!block_.ReadAgain(TheEngine(), *shape_, keys_, Position())) throw RunTimeError(3167);
+  rowStamp_ = Now();
+}
+
+void Dynaset::FindFirst(std::string_view criterion) {
+  CancelUpdate();
+  TheEngine().lock.Breathe();
+  const Condition condition = TranslateCondition(criterion, 1, &Fields());
+  RowBlock found;
+  StatementRun run(TheEngine().connection, shape_->Columns()->FindSql + condition.Sql);
+  run.BindAll(condition.Parameters);
+  const std::size_t position = SearchRow(run, found);
+  SetNoMatch(position == KeySet::kNone);
+  if (NoMatch()) return;
+  outgrown_.clear();
+  block_ = std::move(found);
+  StandOn(position);
+  cells_ = block_.Cells(position);
+  rowStamp_ = block_.Stamp;
+}
+
+std::size_t Dynaset::SearchRow(StatementRun& run, RowBlock& found) {
+  std::size_t first = KeySet::kNone;
+  while (run.Step()) {
+    if (first == KeySet::kNone) TheEngine().Look();
+    const std::size_t position = keys_.Find(run.Whole(0));
+    if (position >= first) continue;  // (kNone is above all positions)
+    first = position;
+    found.Start(position, shape_->Columns());
+    found.Append(run, *shape_);
+  }
+  found.Stamp = Now();
+  return first;
+}
+
+}  // namespace kvi::jet

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "jet/sets/EditBuffer.h"
+#include "jet/sets/KeySet.h"
+#include "jet/sets/RecordsetImpl.h"
+#include "jet/sets/RowBlock.h"
+
+namespace kvi::jet {
+
+// An updatable set over one table. The keys are read at open and fix which rows there are and in
+// which order; the rows themselves come in blocks when the set gets to them, and a block is dropped
+// once the file changed under it. So a row is seen as it stands when it becomes the current one.
+class Dynaset : public RecordsetImpl {
+ public:
+  Dynaset(std::shared_ptr<Engine> engine, const Engine::Query& query);
+  ~Dynaset() override;
+
+  int RecordCount() const override { return static_cast<int>(keys_.Live()); }
+  const std::vector<FieldDef>& Fields() const override { return shape_->Fields().All(); }
+  const Value& Field(std::string_view name) override;
+  // The first row in the set's order that is in the set and meets the criterion as it stands now.
+  void FindFirst(std::string_view criterion) override;
+
+  void AddNew() override;
+  void Edit() override;
+  void Set(std::string_view field, const Value& value) override;
+  void Update() override;
+  void CancelUpdate() override;
+  void Delete() override;
+
+ protected:
+  std::size_t Size() const override { return keys_.Size(); }
+  bool IsDeleted(std::size_t position) const override { return keys_.IsDeleted(position); }
+  void Leave() override;
+
+ private:
+  void OpenSmall(const std::vector<Value>& parameters);
+  void OpenLarge(const std::vector<Value>& parameters);
+  void ReadKeys(const std::vector<Value>& parameters);
+  std::size_t SearchRow(StatementRun& run, RowBlock& found);
+
+  // The current row is in memory, and as the file has it. 3021 and 3167 where there is none.
+  void Land();
+  void ReadBlockAround(std::size_t position);
+  const Value& FetchAlso(std::size_t field);
+  void RefreshRow();
+  Engine::Stamp Now() const { return TheEngine().Now(shape_->Table()); }
+
+  void WriteEdit();
+  void WriteNew();
+  void UpdateRow();
+  std::int64_t InsertRow();
+  const std::string& UpdateSql();
+  void CountWrite(bool blockWasFresh);
+
+  std::shared_ptr<QueryShape> shape_;
+  KeySet keys_;
+  RowBlock block_;
+  std::size_t reached_ = 0;         // rows from the first one to the furthest landed on
+  Value* cells_ = nullptr;          // the current row once it was landed on
+  Engine::Stamp rowStamp_;          // as of when the current row is
+  std::vector<RowBlock> outgrown_;  // values of the current row that callers may still look at
+  EditBuffer buffer_;
+  std::vector<std::size_t> updateFields_;
+  std::string updateSql_;
+};
+
+}  // namespace kvi::jet

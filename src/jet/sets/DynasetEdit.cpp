@@ -1,0 +1,177 @@
+// The writing half of a dynaset.
+#include <sqlite3.h>
+
+#include "base/RunTimeError.h"
+#include "jet/engine/FieldRules.h"
+#include "jet/sets/Dynaset.h"
+
+namespace kvi::jet {
+
+using Kind = EditBuffer::Kind;
+
+void Dynaset::AddNew() {
+  CancelUpdate();
+  if (TheEngine().connection.IsReadOnly()) throw RunTimeError(3027);
+  buffer_.Open(Kind::New, shape_->Fields());
+}
+
+void Dynaset::Edit() {
+  CancelUpdate();
+  RequireCurrent();
+  const bool wasRead = cells_ != nullptr;
+  const std::int64_t versionRead = wasRead ? block_.Version(Position()) : 0;
+  WriteLock& lock = TheEngine().lock;
+  lock.Begin();
+  try {
+    if (wasRead)
+      RefreshRow();
+    else
+      Land();
+  } catch (...) {
+    lock.Abandon();
+    throw;
+  }
+  buffer_.Open(Kind::Edit, shape_->Fields());
+  buffer_.Ticket = lock.OpenEdit();
+  // The edit is open: whoever passes over the error goes on, on the fresh row.
+  if (wasRead && block_.Version(Position()) != versionRead) throw RunTimeError(3197);
+}
+
+void Dynaset::Set(std::string_view field, const Value& value) {
+  if (buffer_.Is() == Kind::None) throw RunTimeError(3020);
+  buffer_.Set(shape_->Fields(), shape_->Fields().Find(field), value);
+}
+
+void Dynaset::CancelUpdate() {
+  if (buffer_.Is() == Kind::None) return;
+  const bool edit = buffer_.Is() == Kind::Edit;
+  buffer_.Close();
+  WriteLock& lock = TheEngine().lock;
+  if (!edit || !lock.IsHeldFor(buffer_.Ticket)) return;
+  lock.CloseEdit(buffer_.Ticket);
+  lock.Abandon();
+}
+
+void Dynaset::Update() {
+  if (buffer_.Is() == Kind::None) throw RunTimeError(3020);
+  if (buffer_.Is() == Kind::New)
+    WriteNew();
+  else
+    WriteEdit();
+}
+
+// Where the lock was given back since Edit, it is taken again, and the last writer wins: the fields
+// that were set are written over whatever another desk wrote meanwhile, the others are left alone.
+void Dynaset::WriteEdit() {
+  WriteLock& lock = TheEngine().lock;
+  if (!lock.IsHeldFor(buffer_.Ticket)) lock.Begin();
+  try {
+    RefreshRow();
+    UpdateRow();
+  } catch (...) {
+    lock.CloseEdit(buffer_.Ticket);
+    lock.Abandon();
+    throw;
+  }
+  lock.CloseEdit(buffer_.Ticket);
+  const bool blockWasFresh = block_.Stamp == Now();
+  lock.End();
+  block_.SetVersion(Position(), block_.Version(Position()) + 1);
+  for (const std::size_t field : buffer_.Changed())
+    if (const int at = block_.PositionOf(field); at != ColumnChoice::kNotFetched)
+      cells_[at] = buffer_[field];
+  buffer_.Close();
+  CountWrite(blockWasFresh);
+  rowStamp_ = Now();
+}
+
+void Dynaset::UpdateRow() {
+  const StoredTable& table = shape_->Table();
+  if (buffer_.Changed().empty() && !table.Versioned) return;
+  StatementRun run(TheEngine().connection, UpdateSql());
+  run.Bind(1, keys_[Position()]);
+  int parameter = 1;
+  for (const std::size_t field : buffer_.Changed()) run.Bind(++parameter, buffer_[field]);
+  if (table.Versioned) run.Bind(++parameter, block_.Version(Position()) + 1);
+  run.Step();
+}
+
+const std::string& Dynaset::UpdateSql() {
+  if (!updateSql_.empty() && updateFields_ == buffer_.Changed()) return updateSql_;
+  const StoredTable& table = shape_->Table();
+  updateFields_ = buffer_.Changed();
+  updateSql_ = "UPDATE " + Bracketed(table.Name) + " SET ";
+  int parameter = 1;
+  const auto assign = [&](std::string_view column) {
+    if (parameter > 1) updateSql_ += ",";
+    updateSql_ += Bracketed(column) + "=?" + std::to_string(++parameter);
+  };
+  for (const std::size_t field : updateFields_) assign(shape_->Fields()[field].Name);
+  if (table.Versioned) assign("_ver");
+  return updateSql_ += " WHERE " + Bracketed(table.Key) + "=?1";
+}
+
+void Dynaset::WriteNew() {
+  WriteLock& lock = TheEngine().lock;
+  lock.Begin();
+  std::int64_t key = 0;
+  try {
+    key = InsertRow();
+  } catch (...) {
+    lock.Abandon();
+    throw;
+  }
+  const bool blockWasFresh = block_.Stamp == Now();
+  lock.End();
+  keys_.Append(key);
+  buffer_.Close();
+  CountWrite(blockWasFresh);
+}
+
+std::int64_t Dynaset::InsertRow() {
+  std::string names, marks;
+  int parameter = 0;
+  for (const std::size_t field : buffer_.Changed()) {
+    names += (parameter == 0 ? "" : ",") + Bracketed(shape_->Fields()[field].Name);
+    marks += (parameter == 0 ? "?" : ",?") + std::to_string(parameter + 1);
+    ++parameter;
+  }
+  const std::string into = "INSERT INTO " + Bracketed(shape_->Table().Name);
+  Connection& connection = TheEngine().connection;
+  StatementRun run(connection, parameter == 0 ? into + " DEFAULT VALUES"
+                                              : into + "(" + names + ") VALUES(" + marks + ")");
+  parameter = 0;
+  for (const std::size_t field : buffer_.Changed()) run.Bind(++parameter, buffer_[field]);
+  run.Step();
+  return sqlite3_last_insert_rowid(connection.Handle());
+}
+
+void Dynaset::Delete() {
+  CancelUpdate();
+  RequireCurrent();
+  WriteLock& lock = TheEngine().lock;
+  lock.Begin();
+  try {
+    const StoredTable& table = shape_->Table();
+    StatementRun run(TheEngine().connection, "DELETE FROM " + Bracketed(table.Name) + " WHERE " +
+                                                 Bracketed(table.Key) + "=?1");
+    run.Bind(1, keys_[Position()]);
+    run.Step();
+    if (sqlite3_changes(TheEngine().connection.Handle()) == 0) throw RunTimeError(3167);
+  } catch (...) {
+    lock.Abandon();
+    throw;
+  }
+  const bool blockWasFresh = block_.Stamp == Now();
+  lock.End();
+  keys_.Delete(Position());
+  cells_ = nullptr;
+  CountWrite(blockWasFresh);
+}
+
+void Dynaset::CountWrite(bool blockWasFresh) {
+  ++*shape_->Table().Writes;
+  if (blockWasFresh) block_.Stamp = Now();
+}
+
+}  // namespace kvi::jet
