@@ -8,7 +8,7 @@
 #include "base/Format.h"
 #include "base/Number.h"
 #include "base/RunTimeError.h"
-#include "desktop/QtDesktop.h"
+#include "desktop/window/QtDesktop.h"
 #include "items/KVI_ChooseVendors.h"
 #include "items/KVI_Find.h"
 #include "items/KVI_InventoryDetail.h"

@@ -2,7 +2,7 @@
 
 #include "ProgramFolder.h"
 #include "base/RunTimeError.h"
-#include "desktop/QtDesktop.h"
+#include "desktop/window/QtDesktop.h"
 #include "frame/Application.h"
 #include "start/Main.h"
 

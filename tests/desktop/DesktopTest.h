@@ -7,9 +7,9 @@
 #include <QTimer>
 
 #include "SampleScreen.h"
-#include "desktop/QtDesktop.h"
-#include "desktop/QtText.h"
-#include "desktop/ScreenWindow.h"
+#include "desktop/look/QtText.h"
+#include "desktop/window/QtDesktop.h"
+#include "desktop/window/ScreenWindow.h"
 #include "platform/ScreenStack.h"
 #include "support/TemporaryFolder.h"
 

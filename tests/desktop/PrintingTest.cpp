@@ -8,8 +8,8 @@
 
 #include "DesktopTest.h"
 #include "base/RunTimeError.h"
-#include "desktop/PrintService.h"
-#include "desktop/QtSurface.h"
+#include "desktop/printing/PrintService.h"
+#include "desktop/printing/QtSurface.h"
 
 namespace kvi::test {
 

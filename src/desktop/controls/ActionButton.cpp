@@ -1,0 +1,114 @@
+#include "desktop/controls/ActionButton.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QTextLayout>
+
+#include "desktop/look/QtText.h"
+#include "desktop/look/Shades.h"
+
+namespace kvi {
+
+namespace {
+
+constexpr int kTilePadding = 14;
+constexpr double kTilePoints = 11.5;
+
+// Lays a text out in lines of a width; returns the height.
+double BreakLines(QTextLayout& layout, double width) {
+  double height = 0;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    line.setPosition({0, height});
+    height += line.height() + 2;
+  }
+  layout.endLayout();
+  return height;
+}
+
+}  // namespace
+
+ActionButton::ActionButton(QWidget* parent) : QAbstractButton(parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  setCursor(Qt::PointingHandCursor);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void ActionButton::SetLook(Look look) {
+  look_ = look;
+  QFont face = font();
+  if (look == Look::Tile) {
+    face.setPointSizeF(kTilePoints);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  }
+  setFont(face);
+  updateGeometry();
+}
+
+void ActionButton::SetColors(const QColor& fore, const QColor& back) {
+  fore_ = fore;
+  back_ = back;
+  update();
+}
+
+QSize ActionButton::sizeHint() const {
+  if (look_ == Look::Tile) return {250, 3 * fontMetrics().height() + 2 * kTilePadding};
+  const QSize text = fontMetrics().size(Qt::TextShowMnemonic, this->text());
+  return look_ == Look::Action ? QSize(text.width() + 28, text.height() + 16)
+                               : QSize(text.width() + 24, text.height() + 10);
+}
+
+void ActionButton::changeEvent(QEvent* event) {
+  QAbstractButton::changeEvent(event);
+  if (event->type() == QEvent::EnabledChange)
+    setCursor(isEnabled() ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
+void ActionButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    click();
+  else
+    QAbstractButton::keyPressEvent(event);
+}
+
+QColor ActionButton::Ink() const {
+  return isEnabled() ? fore_ : Blend(back_, fore_, 0.42);
+}
+
+void ActionButton::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QRectF outline = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
+  const QColor ground = isDown() ? Blend(back_, fore_, 0.22) : back_;
+  painter.setPen(look_ == Look::Tile ? QPen(Blend(back_, Ink(), 0.32)) : QPen(Qt::NoPen));
+  painter.setBrush(look_ == Look::Tile && !isDown() ? Blend(back_, fore_, 0.06) : ground);
+  painter.drawRoundedRect(look_ == Look::Patch ? QRectF(rect()) : outline, 4, 4);
+
+  painter.setPen(Ink());
+  if (look_ == Look::Tile) {
+    DrawTileText(painter, rect().adjusted(kTilePadding, 0, -kTilePadding, 0));
+  } else {
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
+  }
+  if (hasFocus()) {
+    painter.setPen(QPen(Blend(back_, fore_, 0.85), look_ == Look::Tile ? 2 : 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(look_ == Look::Tile ? outline : outline.adjusted(2, 2, -2, -2), 3, 3);
+  }
+}
+
+// What stands before " - " names the module and is bold, what stands behind explains it.
+void ActionButton::DrawTileText(QPainter& painter, const QRect& area) const {
+  const QString shown = PlainCaption(text());
+  QTextLayout layout(shown, font());
+  const qsizetype dash = shown.indexOf(" - ");
+  QTextCharFormat bold;
+  bold.setFontWeight(QFont::Bold);
+  const int length = static_cast<int>(dash < 0 ? shown.size() : dash);
+  layout.setFormats({{0, length, bold}});
+  const double height = BreakLines(layout, area.width());
+  layout.draw(&painter, QPointF(area.left(), area.top() + (area.height() - height) / 2));
+}
+
+}  // namespace kvi

@@ -1,0 +1,132 @@
+#include "desktop/controls/ControlAdapter.h"
+
+#include <QAbstractButton>
+#include <QEvent>
+#include <QPointer>
+#include <QShortcutEvent>
+#include <QWidget>
+
+#include "desktop/controls/WindowInput.h"
+#include "desktop/look/Panel.h"
+#include "desktop/look/QtText.h"
+#include "desktop/look/Shades.h"
+#include "platform/Gestures.h"
+#include "platform/Screen.h"
+
+namespace kvi {
+
+ControlAdapter::ControlAdapter(Control& control, QWidget* widget, WindowContext& context)
+    : QObject(&context.window), context_(context), control_(control), widget_(widget) {
+  if (widget_ == nullptr) return;
+  widget_->setObjectName(ToQt(control.Name()));
+  widget_->installEventFilter(this);
+}
+
+void ControlAdapter::PropertyChanged(Property property) {
+  Showing([&] {
+    switch (property) {
+      case Property::Enabled:
+        return ShowEnabled();
+      case Property::Visible:
+        return ShowVisible();
+      case Property::BackColor:
+      case Property::ForeColor:
+        ShowColors();
+        return context_.colorsChanged();
+      default:
+        return Show(property);
+    }
+  });
+}
+
+void ControlAdapter::TakeFocus() {
+  if (widget_ != nullptr) widget_->setFocus(Qt::OtherFocusReason);
+}
+
+void ControlAdapter::ShowAll() {
+  Showing([&] {
+    ShowState();
+    ShowEnabled();
+    ShowVisible();
+    ShowColors();
+  });
+}
+
+void ControlAdapter::ShowColorsAgain() {
+  Showing([&] { ShowColors(); });
+}
+
+void ControlAdapter::AddCompanion(QWidget& companion) {
+  companions_.push_back(&companion);
+}
+
+void ControlAdapter::ShowEnabled() {
+  if (widget_ != nullptr) widget_->setEnabled(control_.Enabled);
+}
+
+void ControlAdapter::ShowVisible() {
+  if (widget_ != nullptr) widget_->setVisible(control_.Visible);
+  for (QWidget* companion : companions_) companion->setVisible(control_.Visible);
+}
+
+// Fields: the text on the field's own ground.
+void ControlAdapter::ShowColors() {
+  if (widget_ == nullptr) return;
+  QPalette palette;
+  const QColor ground = BackdropColor(control_.BackColor, control_.ForeColor);
+  const QColor ink = ClassicColor(control_.ForeColor);
+  if (ground.isValid()) palette.setColor(QPalette::Base, ground);
+  if (ink.isValid()) palette.setColor(QPalette::Text, ink);
+  widget_->setPalette(palette);
+}
+
+// A widget signal while the control is being shown is an echo. A window that the gesture closed
+// shows nothing any more; its controls may be gone.
+void ControlAdapter::Hand(const std::function<void(Gestures&)>& gesture) {
+  if (showing_) return;
+  const QPointer<ControlAdapter> self(this);
+  WindowInput& input = context_.input;
+  input.Hand([&](Gestures& gestures) {
+    gesture(gestures);
+    if (self && input.IsOpen()) Showing([&] { ShowState(); });
+  });
+}
+
+QColor ControlAdapter::Backdrop() const {
+  return Panel::BackdropOf(*widget_);
+}
+
+// The toolkit's own press by access key comes a tenth of a second late and leaves the focus where
+// it was. Here the focus goes first, so that whatever is being typed elsewhere is in before the
+// click.
+bool ControlAdapter::PressByAccessKey(const QShortcutEvent& event) {
+  auto* button = qobject_cast<QAbstractButton*>(widget_);
+  if (button == nullptr || event.isAmbiguous()) return false;
+  button->setFocus(Qt::ShortcutFocusReason);
+  if (button->isEnabled()) button->click();
+  return true;
+}
+
+bool ControlAdapter::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Shortcut && PressByAccessKey(*static_cast<QShortcutEvent*>(event)))
+    return true;
+  const bool comes = event->type() == QEvent::Enter;
+  if ((comes || event->type() == QEvent::Leave) && context_.input.IsOpen() &&
+      (control_.Kind() == ControlKind::ActionLabel || control_.MouseMove)) {
+    Hand([this, comes](Gestures& user) {
+      if (comes)
+        user.MoveOver(control_);
+      else
+        user.MoveOver(control_.Owner());
+    });
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void ControlAdapter::Showing(const std::function<void()>& show) {
+  const bool before = std::exchange(showing_, true);
+  show();
+  showing_ = before;
+}
+
+}  // namespace kvi

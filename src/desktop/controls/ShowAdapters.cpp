@@ -1,0 +1,76 @@
+#include "desktop/controls/ShowAdapters.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+
+#include "desktop/look/Look.h"
+#include "desktop/look/QtText.h"
+
+namespace kvi {
+
+void PictureFrame::SetPicture(const QString& path) {
+  picture_ = path.isEmpty() ? QPixmap() : QPixmap(path);
+  update();
+}
+
+void PictureFrame::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.setPen(kEdge);
+  painter.setBrush(picture_.isNull() ? kLockedColor : QColor(Qt::white));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  if (picture_.isNull()) return;
+  const QRect room = rect().adjusted(4, 4, -4, -4);
+  QRect area(QPoint(), picture_.size().scaled(room.size(), Qt::KeepAspectRatio));
+  area.moveCenter(room.center());
+  painter.drawPixmap(area, picture_);
+}
+
+PictureAdapter::PictureAdapter(PictureBox& box, WindowContext& context)
+    : ControlAdapter(box, new PictureFrame(&context.window), context),
+      box_(box),
+      shown_(static_cast<PictureFrame&>(*Widget())) {}
+
+void PictureAdapter::ShowState() {
+  shown_.SetPicture(ToQt(box_.Path));
+}
+
+StatusLine::StatusLine(int panels, QWidget* parent) : QWidget(parent) {
+  auto* line = new QHBoxLayout(this);
+  line->setContentsMargins(kMargin, 4, kMargin, 4);
+  line->setSpacing(2 * kMargin);
+  for (int i = 0; i < panels; ++i) {
+    auto* text = new QLabel(this);
+    text->setTextFormat(Qt::PlainText);
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, kQuietInk);
+    text->setPalette(palette);
+    line->addWidget(text);
+    texts_.push_back(text);
+  }
+  line->addStretch(1);
+}
+
+void StatusLine::SetText(int panel, const QString& text) {
+  texts_[static_cast<std::size_t>(panel)]->setText(text);
+}
+
+void StatusLine::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), kHeadingColor);
+  painter.setPen(kEdge);
+  painter.drawLine(0, 0, width(), 0);
+}
+
+StatusAdapter::StatusAdapter(StatusBar& bar, WindowContext& context)
+    : ControlAdapter(bar, new StatusLine(bar.PanelCount(), &context.window), context),
+      bar_(bar),
+      shown_(static_cast<StatusLine&>(*Widget())) {}
+
+void StatusAdapter::ShowState() {
+  for (int panel = 1; panel <= bar_.PanelCount(); ++panel)
+    shown_.SetText(panel - 1, ToQt(bar_.PanelText(panel)));
+}
+
+}  // namespace kvi

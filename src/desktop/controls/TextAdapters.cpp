@@ -1,0 +1,147 @@
+#include "desktop/controls/TextAdapters.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QWheelEvent>
+
+#include "desktop/look/Look.h"
+#include "desktop/look/QtText.h"
+#include "platform/Gestures.h"
+
+namespace kvi {
+
+namespace {
+
+// A combo box that neither the wheel nor leaving it makes choose: both would be a Click that the
+// user did not mean.
+class QuietComboBox : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+  bool IsLeaving() const { return leaving_; }
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+  void focusOutEvent(QFocusEvent* event) override {
+    leaving_ = true;
+    QComboBox::focusOutEvent(event);
+    leaving_ = false;
+  }
+
+ private:
+  bool leaving_ = false;
+};
+
+// A locked field looks as if it were part of the panel.
+void ShadeIfLocked(QWidget& field, const TextBox& box) {
+  if (!box.Locked || box.BackColor != kToolkitColor) return;
+  QPalette palette = field.palette();
+  palette.setColor(QPalette::Base, kLockedColor);
+  field.setPalette(palette);
+}
+
+}  // namespace
+
+TextAdapter::TextAdapter(TextBox& box, WindowContext& context)
+    : ControlAdapter(box, new QLineEdit(&context.window), context),
+      box_(box),
+      shown_(static_cast<QLineEdit&>(*Widget())) {
+  shown_.setTextMargins(2, 0, 2, 0);
+  connect(&shown_, &QLineEdit::textEdited, this, [this](const QString& text) {
+    Hand([&](Gestures& user) { user.Type(box_, FromQt(text)); });
+  });
+}
+
+// The bound holds for typing alone: a longer text of the system's own shows whole.
+void TextAdapter::ShowState() {
+  const QString text = ToQt(box_.Text);
+  const int length = static_cast<int>(text.size());
+  const int bound = box_.MaxLength > 0 ? std::max(box_.MaxLength, length) : 32767;
+  if (shown_.maxLength() != bound) shown_.setMaxLength(bound);
+  if (shown_.text() != text) shown_.setText(text);
+  shown_.setReadOnly(box_.Locked);
+  shown_.setEchoMode(box_.Masked ? QLineEdit::Password : QLineEdit::Normal);
+  shown_.setAlignment(box_.RightAligned ? Qt::AlignRight : Qt::AlignLeft);
+}
+
+void TextAdapter::Show(Property property) {
+  ShowState();
+  if (property == Property::Locked) ShowColors();
+  if (property == Property::Selection) shown_.setCursorPosition(box_.SelStart);
+}
+
+void TextAdapter::ShowColors() {
+  ControlAdapter::ShowColors();
+  ShadeIfLocked(shown_, box_);
+}
+
+MemoAdapter::MemoAdapter(TextBox& box, WindowContext& context)
+    : ControlAdapter(box, new QPlainTextEdit(&context.window), context),
+      box_(box),
+      shown_(static_cast<QPlainTextEdit&>(*Widget())) {
+  shown_.setTabChangesFocus(true);
+  connect(&shown_, &QPlainTextEdit::textChanged, this, [this] {
+    Hand([this](Gestures& user) { user.Type(box_, FromQt(shown_.toPlainText())); });
+  });
+}
+
+void MemoAdapter::ShowState() {
+  const QString text = ToQt(box_.Text).replace("\r\n", "\n");
+  if (shown_.toPlainText() != text) {
+    const int position = shown_.textCursor().position();
+    shown_.setPlainText(text);
+    QTextCursor cursor = shown_.textCursor();
+    cursor.setPosition(std::min(position, static_cast<int>(text.size())));
+    if (shown_.hasFocus()) shown_.setTextCursor(cursor);
+  }
+  shown_.setReadOnly(box_.Locked);
+}
+
+void MemoAdapter::Show(Property property) {
+  ShowState();
+  if (property == Property::Locked) ShowColors();
+  if (property != Property::Selection) return;
+  QTextCursor cursor = shown_.textCursor();
+  cursor.setPosition(std::min(box_.SelStart(), shown_.document()->characterCount() - 1));
+  shown_.setTextCursor(cursor);
+}
+
+void MemoAdapter::ShowColors() {
+  ControlAdapter::ShowColors();
+  ShadeIfLocked(shown_, box_);
+}
+
+ComboAdapter::ComboAdapter(ComboBox& combo, WindowContext& context)
+    : ControlAdapter(combo, new QuietComboBox(&context.window), context),
+      combo_(combo),
+      shown_(static_cast<QComboBox&>(*Widget())) {
+  shown_.setFocusPolicy(Qt::StrongFocus);
+  shown_.setInsertPolicy(QComboBox::NoInsert);
+  shown_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  shown_.setMinimumContentsLength(18);
+  shown_.setMaxVisibleItems(18);
+  if (IsEditable()) {
+    shown_.setEditable(true);
+    shown_.lineEdit()->setTextMargins(1, 0, 0, 0);
+    // It would put entries into the text that nobody typed.
+    shown_.setCompleter(nullptr);
+    connect(shown_.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
+      Hand([&](Gestures& user) { user.Type(combo_, FromQt(text)); });
+    });
+  }
+  connect(&shown_, &QComboBox::activated, this, [this](int index) {
+    if (static_cast<QuietComboBox&>(shown_).IsLeaving()) return;
+    Hand([&](Gestures& user) { user.Choose(combo_, index); });
+  });
+}
+
+void ComboAdapter::ShowState() {
+  if (combo_.ListCount() < shown_.count()) shown_.clear();
+  for (int i = shown_.count(); i < combo_.ListCount(); ++i) shown_.addItem(ToQt(combo_.List(i)));
+  // The toolkit chooses the first entry of an empty list by itself.
+  if (shown_.currentIndex() != combo_.ListIndex()) shown_.setCurrentIndex(combo_.ListIndex());
+  const QString text = ToQt(combo_.Text);
+  if (IsEditable() && shown_.lineEdit()->text() != text) shown_.setEditText(text);
+}
+
+}  // namespace kvi

@@ -1,0 +1,216 @@
+#include "desktop/grid/SpreadView.h"
+
+#include <QAbstractButton>
+#include <QEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QTimer>
+#include <algorithm>
+
+#include "desktop/grid/GridHeading.h"
+#include "desktop/grid/SpreadDelegate.h"
+#include "desktop/look/Look.h"
+#include "desktop/look/QtText.h"
+#include "platform/Gestures.h"
+
+namespace kvi {
+
+namespace {
+
+constexpr int kTwipsPerInch = 1440;
+constexpr int kRowHeight = 22;
+
+// Covers the button between the headings, which the style draws as a raised one.
+class FlatCorner : public QObject {
+ public:
+  explicit FlatCorner(QAbstractButton& corner) : QObject(&corner) {
+    corner.installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* corner, QEvent* event) override {
+    if (event->type() != QEvent::Paint) return false;
+    auto* button = static_cast<QWidget*>(corner);
+    QPainter painter(button);
+    painter.fillRect(button->rect(), kHeadingColor);
+    painter.setPen(kEdge);
+    painter.drawLine(button->rect().topRight(), button->rect().bottomRight());
+    painter.drawLine(button->rect().bottomLeft(), button->rect().bottomRight());
+    return true;
+  }
+};
+
+}  // namespace
+
+SpreadView::SpreadView(Spread& grid, Hand hand, QWidget* parent)
+    : QTableView(parent),
+      grid_(grid),
+      hand_(std::move(hand)),
+      model_(grid, this),
+      headings_(*new GridHeading(Qt::Horizontal, this)) {
+  setFont(GridFont());
+  setHorizontalHeader(&headings_);
+  setVerticalHeader(new GridHeading(Qt::Vertical, this));
+  verticalHeader()->setDefaultSectionSize(kRowHeight);
+  setModel(&model_);
+  setItemDelegate(new SpreadDelegate(grid, *this));
+  setEditTriggers(EditKeyPressed | AnyKeyPressed | DoubleClicked);
+  setHorizontalScrollMode(ScrollPerPixel);
+  setTabKeyNavigation(false);
+  setWordWrap(false);
+  if (auto* corner = findChild<QAbstractButton*>()) new FlatCorner(*corner);
+  setFrameShape(QFrame::StyledPanel);
+  WireHeadings();
+}
+
+// Pressing a heading that has a click of its own selects nothing: a sort must not leave a column
+// selected for the next action.
+void SpreadView::WireHeadings() {
+  disconnect(&headings_, &QHeaderView::sectionPressed, this, nullptr);
+  connect(&headings_, &QHeaderView::sectionPressed, this, [this](int section) {
+    FinishOpenEditor();
+    if (!grid_.HeadingClick) selectColumn(section);
+  });
+  connect(&headings_, &QHeaderView::sectionClicked, this, [this](int section) {
+    hand_([&](Gestures& user) { user.ClickHeading(grid_, section + 1); });
+  });
+  connect(&headings_, &QHeaderView::sectionDoubleClicked, this, [this](int section) {
+    hand_([&](Gestures& user) { user.DoubleClick(grid_, 0, section + 1); });
+  });
+  connect(&headings_, &QHeaderView::sectionResized, this, [this](int section, int, int pixels) {
+    if (showing_ || gone_) return;
+    grid_.SetColWidth(section + 1, pixels * double{kTwipsPerInch} / logicalDpiX());
+  });
+}
+
+int SpreadView::Pixels(double twips) const {
+  return qRound(twips * logicalDpiX() / kTwipsPerInch);
+}
+
+void SpreadView::Stale() {
+  if (std::exchange(stale_, true)) return;
+  QTimer::singleShot(0, this, [this] { Settle(); });
+}
+
+void SpreadView::Settle() {
+  if (gone_ || !grid_.ReDraw() || (!stale_ && shownRevision_ == grid_.Revision())) return;
+  stale_ = false;
+  shownRevision_ = grid_.Revision();
+  const bool before = std::exchange(showing_, true);
+  model_.Sync();
+  SyncSizes();
+  showing_ = before;
+  if (currentIndex() != ActiveIndex()) ShowActiveCell();
+  if (grid_.SelectedBlocks().empty()) ShowSelection();
+  viewport()->update();
+  headings_.viewport()->update();
+}
+
+void SpreadView::SyncSizes() {
+  for (int col = 1; col <= grid_.MaxCols(); ++col) {
+    const int width = Pixels(grid_.ColWidth(col));
+    if (isColumnHidden(col - 1) != (width == 0)) setColumnHidden(col - 1, width == 0);
+    if (width > 0 && columnWidth(col - 1) != width) setColumnWidth(col - 1, width);
+  }
+  for (int row = 1; row <= grid_.MaxRows(); ++row) {
+    const double twips = grid_.RowHeight(row);
+    const int height = twips > 0 ? Pixels(twips) : kRowHeight;
+    if (rowHeight(row - 1) != height) setRowHeight(row - 1, height);
+  }
+  const int headingHeight = Pixels(grid_.RowHeight(0));
+  headings_.setFixedHeight(std::max(headingHeight, headings_.NeededHeight()));
+}
+
+QModelIndex SpreadView::ActiveIndex() const {
+  return grid_.ActiveRow() < 1 ? QModelIndex()
+                               : model_.index(grid_.ActiveRow() - 1, grid_.ActiveCol() - 1);
+}
+
+void SpreadView::ShowActiveCell() {
+  if (gone_) return;
+  const bool before = std::exchange(showing_, true);
+  const QModelIndex active = ActiveIndex();
+  const bool several = !grid_.SelectedBlocks().empty();
+  selectionModel()->setCurrentIndex(
+      active, several ? QItemSelectionModel::NoUpdate : QItemSelectionModel::ClearAndSelect);
+  if (active.isValid()) scrollTo(active);
+  showing_ = before;
+  viewport()->update();
+}
+
+void SpreadView::ShowSelection() {
+  if (gone_) return;
+  const bool before = std::exchange(showing_, true);
+  QItemSelection cells;
+  for (const Block& block : grid_.SelectedBlocks())
+    cells.select(model_.index(block.row - 1, block.col - 1),
+                 model_.index(block.row2 - 1, block.col2 - 1));
+  if (cells.isEmpty() && currentIndex().isValid()) cells.select(currentIndex(), currentIndex());
+  selectionModel()->select(cells, QItemSelectionModel::ClearAndSelect);
+  showing_ = before;
+}
+
+void SpreadView::Forget() {
+  gone_ = true;
+  model_.Forget();
+}
+
+void SpreadView::FinishOpenEditor() {
+  if (!IsEditing()) return;
+  if (QWidget* editor = indexWidget(currentIndex())) FinishEditor(*editor, Step::None);
+}
+
+void SpreadView::Typed(const QModelIndex& cell, const QString& text) {
+  typed_ = TypedText{cell.row() + 1, cell.column() + 1, FromQt(text)};
+}
+
+// The step is taken unless the system went somewhere by itself.
+void SpreadView::FinishEditor(QWidget& editor, Step step) {
+  const int row = grid_.ActiveRow(), col = grid_.ActiveCol();
+  commitData(&editor);
+  closeEditor(&editor, QAbstractItemDelegate::NoHint);
+  if (!gone_ && row == grid_.ActiveRow() && col == grid_.ActiveCol()) Go(step);
+}
+
+// Whatever the system does with the text (a box, a reload, closing the window) finds no editor.
+void SpreadView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  QTableView::closeEditor(editor, hint);
+  const auto typed = std::exchange(typed_, std::nullopt);
+  if (!typed) return;
+  hand_([&](Gestures& user) { user.TypeIntoCell(grid_, typed->row, typed->col, typed->text); });
+}
+
+bool SpreadView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+  if (trigger != NoEditTriggers) replacing_ = trigger == AnyKeyPressed;
+  const bool opened = QTableView::edit(index, trigger, event);
+  auto* line = opened ? qobject_cast<QLineEdit*>(indexWidget(index)) : nullptr;
+  if (line != nullptr && !replacing_) line->end(false);
+  return opened;
+}
+
+void SpreadView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  viewport()->update();
+  if (showing_ || gone_ || !current.isValid()) return;
+  hand_([&](Gestures& user) { user.GoToCell(grid_, current.row() + 1, current.column() + 1); });
+}
+
+void SpreadView::selectionChanged(const QItemSelection& on, const QItemSelection& off) {
+  QTableView::selectionChanged(on, off);
+  if (!showing_ && !gone_) grid_.SetSelectedBlocks(Selected());
+}
+
+std::vector<Block> SpreadView::Selected() const {
+  std::vector<Block> blocks;
+  for (const QItemSelectionRange& range : selectionModel()->selection())
+    blocks.push_back({range.top() + 1, range.left() + 1, range.bottom() + 1, range.right() + 1});
+  return blocks;
+}
+
+QSize SpreadView::sizeHint() const {
+  int width = verticalHeader()->sizeHint().width() + 24;
+  for (int col = 1; col <= grid_.MaxCols(); ++col) width += Pixels(grid_.ColWidth(col));
+  return {std::clamp(width, 240, 1000), headings_.NeededHeight() + 12 * kRowHeight};
+}
+
+}  // namespace kvi

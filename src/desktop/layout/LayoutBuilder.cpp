@@ -1,0 +1,320 @@
+#include "desktop/layout/LayoutBuilder.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QTabWidget>
+#include <algorithm>
+
+#include "desktop/controls/ControlAdapter.h"
+#include "desktop/controls/LabelAdapters.h"
+#include "desktop/layout/LayoutGrowth.h"
+#include "desktop/look/Look.h"
+#include "desktop/look/Panel.h"
+#include "desktop/look/PlainLabel.h"
+#include "desktop/look/QtText.h"
+#include "platform/Controls.h"
+
+namespace kvi {
+
+namespace {
+
+// Choices that belong together stand closer than fields.
+bool AreChoices(const std::vector<Layout>& nodes) {
+  return std::all_of(nodes.begin(), nodes.end(), [](const Layout& node) {
+    return node.kind == Layout::Kind::Control &&
+           (node.control->Kind() == ControlKind::OptionButton ||
+            node.control->Kind() == ControlKind::CheckBox);
+  });
+}
+
+}  // namespace
+
+LayoutBuilder::LayoutBuilder(QWidget& window, std::function<ControlAdapter*(Control&)> place,
+                             std::function<void()> mouseOver)
+    : window_(window), place_(std::move(place)), mouseOver_(std::move(mouseOver)) {}
+
+Panel* LayoutBuilder::NewPanel() {
+  auto* panel = new Panel(&window_);
+  panel->MouseOver = mouseOver_;
+  return panel;
+}
+
+Panel* LayoutBuilder::Build(const Layout& root) {
+  Panel* panel = NewPanel();
+  auto* column = new QVBoxLayout(panel);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  std::vector<const Layout*> nodes{&root};
+  if (root.kind == Layout::Kind::Column) {
+    nodes.clear();
+    for (const Layout& child : root.children) nodes.push_back(&child);
+  }
+  bool grows = false;
+  std::vector<const Layout*> body;
+  const auto endBody = [&] {
+    if (body.empty()) return;
+    bool bodyGrows = false;
+    for (const Layout* node : body) bodyGrows = bodyGrows || GrowsDown(*node);
+    column->addWidget(BuildBody(body), bodyGrows ? 1 : 0);
+    grows = grows || bodyGrows;
+    body.clear();
+  };
+  for (const Layout* node : nodes) {
+    if (!IsBand(*node)) {
+      body.push_back(node);
+      continue;
+    }
+    endBody();
+    column->addWidget(BuildNode(*node), GrowsDown(*node) ? 1 : 0);
+    grows = grows || GrowsDown(*node);
+  }
+  endBody();
+  if (!grows) column->addStretch(1);
+  return panel;
+}
+
+Panel* LayoutBuilder::BuildBody(const std::vector<const Layout*>& children) {
+  Panel* panel = NewPanel();
+  auto* column = new QVBoxLayout(panel);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column->setSpacing(kSpacing);
+  FillColumn(*column, children);
+  return panel;
+}
+
+void LayoutBuilder::FillColumn(QBoxLayout& column, const std::vector<const Layout*>& children) {
+  bool grows = false;
+  for (const Layout* child : children) {
+    const bool childGrows = GrowsDown(*child);
+    grows = grows || childGrows;
+    if (child->kind == Layout::Kind::Gap) {
+      column.addStretch(1);
+    } else if (QWidget* widget = BuildNode(*child)) {
+      column.addWidget(widget, childGrows ? 1 : 0);
+    }
+  }
+  if (!grows) column.addStretch(0);
+}
+
+QWidget* LayoutBuilder::BuildNode(const Layout& node) {
+  switch (node.kind) {
+    case Layout::Kind::Control:
+      return BuildControl(node);
+    case Layout::Kind::Text:
+      return BuildText(node);
+    case Layout::Kind::Field:
+      return BuildField(node);
+    case Layout::Kind::Column:
+      return BuildColumn(node);
+    case Layout::Kind::Row:
+      return BuildRow(node);
+    case Layout::Kind::Form:
+      return BuildForm(node);
+    case Layout::Kind::Frame:
+      return BuildFrame(node);
+    case Layout::Kind::Tabs:
+      return BuildTabs(node);
+    case Layout::Kind::Grid:
+      return BuildGrid(node);
+    case Layout::Kind::Banner:
+      return BuildBanner(node);
+    case Layout::Kind::Actions:
+      return BuildActions(node);
+    case Layout::Kind::Tiles:
+      return BuildTiles(node);
+    case Layout::Kind::Gap:
+      break;
+  }
+  return NewPanel();
+}
+
+void LayoutBuilder::SetSize(QWidget& widget, const Layout& node) const {
+  const int width = qRound(node.width * window_.logicalDpiX());
+  const int height = qRound(node.height * window_.logicalDpiY());
+  if (width > 0) {
+    widget.setMinimumWidth(width);
+    if (!node.fills) widget.setMaximumWidth(width);
+  }
+  if (height > 0) {
+    widget.setMinimumHeight(height);
+    if (!node.fills) widget.setMaximumHeight(height);
+  }
+}
+
+QWidget* LayoutBuilder::BuildControl(const Layout& node) {
+  ControlAdapter* adapter = place_(*node.control);
+  if (adapter == nullptr) return nullptr;
+  SetSize(*adapter->Widget(), node);
+  return adapter->Widget();
+}
+
+QWidget* LayoutBuilder::BuildText(const Layout& node) {
+  auto* label = new PlainLabel(PlainCaption(ToQt(node.text)), &window_);
+  SetSize(*label, node);
+  return label;
+}
+
+// A fixed text follows its field's visibility; a label control has one of its own.
+LayoutBuilder::FieldParts LayoutBuilder::BuildFieldParts(const Layout& node) {
+  const Layout& label = node.children[0];
+  const Layout& field = node.children[1];
+  if (label.kind == Layout::Kind::Text) {
+    QWidget* text = BuildText(label);
+    ControlAdapter* adapter = place_(*field.control);
+    SetSize(*adapter->Widget(), field);
+    adapter->AddCompanion(*text);
+    QString name = PlainCaption(ToQt(label.text));
+    if (name.endsWith(':')) name.chop(1);
+    adapter->Widget()->setAccessibleName(name);
+    return {text, adapter->Widget()};
+  }
+  ControlAdapter* caption = place_(*label.control);
+  QWidget* widget = BuildControl(field);
+  if (auto* adapter = dynamic_cast<LabelAdapter*>(caption)) adapter->SetBuddy(*widget);
+  return {caption->Widget(), widget};
+}
+
+QWidget* LayoutBuilder::BuildField(const Layout& node) {
+  const Layout& field = node.children[1];
+  Panel* panel = NewPanel();
+  auto* row = new QHBoxLayout(panel);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(kLabelGap);
+  const FieldParts parts = BuildFieldParts(node);
+  const bool fills = node.fills || field.fills;
+  row->addWidget(parts.label, 0, IsTall(field) ? Qt::AlignTop : Qt::AlignVCenter);
+  row->addWidget(parts.field, fills ? 1 : 0);
+  if (!fills) row->addStretch(0);
+  return panel;
+}
+
+QWidget* LayoutBuilder::BuildColumn(const Layout& node) {
+  Panel* panel = NewPanel();
+  auto* column = new QVBoxLayout(panel);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(AreChoices(node.children) ? kSpacing / 2 : kSpacing);
+  std::vector<const Layout*> children;
+  for (const Layout& child : node.children) children.push_back(&child);
+  FillColumn(*column, children);
+  return panel;
+}
+
+// Fields are packed at the left; whole blocks share the width unless one of them is to fill it.
+QWidget* LayoutBuilder::BuildRow(const Layout& node) {
+  Panel* panel = NewPanel();
+  auto* row = new QHBoxLayout(panel);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(kSpacing + kLabelGap);
+  const bool grows = GrowsAcross(node);
+  bool blocks = false;
+  for (const Layout& child : node.children) {
+    if (child.kind == Layout::Kind::Gap) {
+      row->addStretch(1);
+      continue;
+    }
+    QWidget* widget = BuildNode(child);
+    if (widget == nullptr) continue;
+    const bool block = IsTall(child) && child.kind != Layout::Kind::Control;
+    blocks = blocks || block;
+    row->addWidget(widget, GrowsAcross(child) || (block && !grows) ? 1 : 0,
+                   IsTall(child) ? Qt::Alignment() : Qt::AlignVCenter);
+  }
+  if (!grows && !blocks) row->addStretch(1);
+  return panel;
+}
+
+QWidget* LayoutBuilder::BuildForm(const Layout& node) {
+  Panel* panel = NewPanel();
+  auto* grid = new QGridLayout(panel);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setHorizontalSpacing(kLabelGap);
+  grid->setVerticalSpacing(kSpacing - 2);
+  grid->setColumnStretch(1, 1);
+  int row = 0;
+  for (const Layout& child : node.children) AddFormRow(*grid, row++, child);
+  if (!GrowsDown(node)) grid->setRowStretch(row, 1);
+  return panel;
+}
+
+// One line of a form: a field; a row that begins with a field, whose label stands with the other
+// labels; a control of its own below the fields; anything else across both columns.
+void LayoutBuilder::AddFormRow(QGridLayout& grid, int row, const Layout& node) {
+  if (GrowsDown(node)) grid.setRowStretch(row, 1);
+  const bool ledByField = node.kind == Layout::Kind::Row && !node.children.empty() &&
+                          node.children[0].kind == Layout::Kind::Field;
+  if (node.kind != Layout::Kind::Field && !ledByField) {
+    QWidget* widget = node.kind == Layout::Kind::Gap ? nullptr : BuildNode(node);
+    if (widget == nullptr) return;
+    if (node.kind == Layout::Kind::Control && !IsTall(node))
+      grid.addWidget(widget, row, 1, Qt::AlignLeft);
+    else
+      grid.addWidget(widget, row, 0, 1, 2);
+    return;
+  }
+  const Layout& first = ledByField ? node.children[0] : node;
+  const Layout& field = first.children[1];
+  const FieldParts parts = BuildFieldParts(first);
+  grid.addWidget(parts.label, row, 0,
+                 Qt::AlignRight | (IsTall(field) ? Qt::AlignTop : Qt::AlignVCenter));
+  if (!ledByField) {
+    const bool fixed = field.width > 0 && !field.fills;
+    grid.addWidget(parts.field, row, 1, fixed ? Qt::AlignLeft : Qt::Alignment());
+    return;
+  }
+  auto* line = new QHBoxLayout;
+  line->setSpacing(kSpacing);
+  line->addWidget(parts.field);
+  for (std::size_t i = 1; i < node.children.size(); ++i) {
+    if (node.children[i].kind == Layout::Kind::Gap)
+      line->addStretch(1);
+    else if (QWidget* widget = BuildNode(node.children[i]))
+      line->addWidget(widget);
+  }
+  if (!GrowsAcross(node)) line->addStretch(0);
+  grid.addLayout(line, row, 1);
+}
+
+QWidget* LayoutBuilder::BuildFrame(const Layout& node) {
+  auto* frame = new TitledPanel(PlainCaption(ToQt(node.text)), &window_);
+  frame->MouseOver = mouseOver_;
+  auto* column = new QVBoxLayout(frame);
+  column->setContentsMargins(kMargin, frame->TitleHeight() + kMargin, kMargin, kMargin);
+  std::vector<const Layout*> child{&node.children[0]};
+  FillColumn(*column, child);
+  return frame;
+}
+
+QWidget* LayoutBuilder::BuildTabs(const Layout& node) {
+  const auto& captions = static_cast<const TabStrip&>(*node.control).Captions();
+  auto* tabs = static_cast<QTabWidget*>(place_(*node.control)->Widget());
+  for (std::size_t i = 0; i < node.children.size() && i < captions.size(); ++i) {
+    Panel* page = BuildBody({&node.children[i]});
+    page->SetColor(kPanelColor);
+    tabs->addTab(page, ToQt(captions[i]));
+  }
+  return tabs;
+}
+
+QWidget* LayoutBuilder::BuildGrid(const Layout& node) {
+  Panel* panel = NewPanel();
+  auto* grid = new QGridLayout(panel);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(kSpacing);
+  const int columns = std::max(1, node.columns);
+  for (int i = 0; i < columns; ++i) grid->setColumnStretch(i, 1);
+  int at = 0;
+  for (const Layout& child : node.children) {
+    QWidget* widget = child.kind == Layout::Kind::Gap ? nullptr : BuildNode(child);
+    if (widget != nullptr) {
+      // Keys of a pad are as wide as their columns.
+      if (child.kind == Layout::Kind::Control && child.control->Kind() == ControlKind::ActionLabel)
+        widget->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+      grid->addWidget(widget, at / columns, at % columns);
+    }
+    ++at;
+  }
+  return panel;
+}
+
+}  // namespace kvi

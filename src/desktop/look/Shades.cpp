@@ -1,0 +1,71 @@
+#include "desktop/look/Shades.h"
+
+#include <array>
+
+#include "base/Palette.h"
+#include "desktop/look/Look.h"
+
+namespace kvi {
+
+namespace {
+
+struct Shade {
+  QRgb classic;
+  QRgb soft;
+};
+
+constexpr std::array<Shade, 16> kShades{{
+    {0xFF000000, 0xFF000000},  // black has no tint
+    {0xFF000080, 0xFFDCE6F7},
+    {0xFF008000, 0xFFDCF0DE},
+    {0xFF008080, 0xFFD6EFF0},
+    {0xFF800000, 0xFFF9D9D7},
+    {0xFF800080, 0xFFF1DDF1},
+    {0xFF808000, 0xFFEFE9D0},
+    {0xFFC0C0C0, 0xFFF1F3F6},
+    {0xFF808080, 0xFFD9DCE0},
+    {0xFF0000FF, 0xFFDBE7FF},
+    {0xFF00FF00, 0xFFDDF7DC},
+    {0xFF00FFFF, 0xFFE1F6F9},
+    {0xFFFF0000, 0xFFFFE0DE},
+    {0xFFFF00FF, 0xFFFBE1FA},
+    {0xFFFFFF00, 0xFFFFF8D2},
+    {0xFFFFFFFF, 0xFFFFFFFF},
+}};
+
+bool IsIndex(int index) {
+  return index >= 0 && index < static_cast<int>(kShades.size());
+}
+
+const Shade& At(int index) {
+  return kShades[static_cast<std::size_t>(index)];
+}
+
+}  // namespace
+
+QColor ClassicColor(int index) {
+  return IsIndex(index) ? QColor::fromRgb(At(index).classic) : QColor();
+}
+
+QColor BackdropColor(int back, int fore) {
+  if (!IsIndex(back)) return {};
+  const bool blackText = fore == kToolkitColor || fore == kBlack;
+  return QColor::fromRgb(blackText ? At(back).soft : At(back).classic);
+}
+
+QColor InkOn(const QColor& background) {
+  // Black reads better from a relative luminance of about 0.18 on.
+  const auto linear = [](double part) { return part * part; };
+  const double luminance = 0.2126 * linear(background.redF()) +
+                           0.7152 * linear(background.greenF()) +
+                           0.0722 * linear(background.blueF());
+  return luminance > 0.2 ? kInk : QColor(Qt::white);
+}
+
+QColor Blend(const QColor& under, const QColor& over, double strength) {
+  const auto mix = [strength](int from, int to) { return qRound(from + (to - from) * strength); };
+  return {mix(under.red(), over.red()), mix(under.green(), over.green()),
+          mix(under.blue(), over.blue())};
+}
+
+}  // namespace kvi

@@ -1,0 +1,47 @@
+#include "desktop/printing/PrintService.h"
+
+#include <QPixmap>
+#include <QPrinterInfo>
+
+#include "desktop/look/QtText.h"
+#include "desktop/printing/QtSurface.h"
+
+namespace kvi {
+
+PrintService::PrintService(std::function<void(const std::string&)> tell) : tell_(std::move(tell)) {}
+
+std::unique_ptr<PrintJob> PrintService::NewJob(const std::string& jobName,
+                                               const std::string& pdfName, bool landscape) const {
+  if (!QPrinterInfo::defaultPrinter().isNull())
+    return std::make_unique<PrintJob>(ToQt(jobName), QString(), landscape);
+  return std::make_unique<PrintJob>(ToQt(pdfName), folder_ + "/printed", landscape);
+}
+
+std::unique_ptr<Surface> PrintService::NewDocument(const std::string& jobName,
+                                                   const std::string& pdfName) {
+  return std::make_unique<QtSurface>(NewJob(jobName, pdfName, false),
+                                     [this](PrintJob& job) { Finish(job); });
+}
+
+void PrintService::PrintPicture(const QPixmap& picture, const std::string& jobName) {
+  constexpr double kPageMargin = 0.5;  // inches
+  const auto job = NewJob(jobName, jobName, picture.width() > picture.height());
+  const double units = job->UnitsPerInch();
+  const QSizeF room((job->PageWidth() - 2 * kPageMargin) * units,
+                    (job->PageHeight() - 2 * kPageMargin) * units);
+  const QSizeF size = QSizeF(picture.size()).scaled(room, Qt::KeepAspectRatio);
+  const QRectF area(QPointF(kPageMargin, kPageMargin) * units, size);
+  job->Painter().setRenderHint(QPainter::SmoothPixmapTransform);
+  job->Painter().drawPixmap(area, picture, QRectF(picture.rect()));
+  Finish(*job);
+}
+
+void PrintService::Finish(PrintJob& job) {
+  const QString pdf = job.Finish();
+  if (pdf.isEmpty() || std::exchange(told_, true)) return;
+  tell_(
+      "There is no printer on this machine. What is printed is saved as PDF documents instead:\n" +
+      FromQt(pdf));
+}
+
+}  // namespace kvi

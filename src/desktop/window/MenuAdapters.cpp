@@ -1,0 +1,54 @@
+#include "desktop/window/MenuAdapters.h"
+
+#include <QMenu>
+#include <QMenuBar>
+
+#include "desktop/controls/AccessKeys.h"
+#include "desktop/look/QtText.h"
+#include "platform/Gestures.h"
+
+namespace kvi {
+
+MenuAdapter::MenuAdapter(Menu& menu, QMenuBar& bar, WindowContext& context)
+    : ControlAdapter(menu, nullptr, context), menu_(menu), shown_(*bar.addMenu("")) {
+  shown_.setObjectName(ToQt(menu.Name()));
+}
+
+void MenuAdapter::ShowState() {
+  shown_.setTitle(context_.keys.Claim(&menu_, ToQt(menu_.Caption)));
+}
+
+void MenuAdapter::ShowEnabled() {
+  shown_.setEnabled(menu_.Enabled);
+}
+
+void MenuAdapter::ShowVisible() {
+  shown_.menuAction()->setVisible(menu_.Visible);
+}
+
+MenuItemAdapter::MenuItemAdapter(MenuItem& item, QMenu& menu, WindowContext& context)
+    : ControlAdapter(item, nullptr, context), item_(item), shown_(*menu.addAction("")) {
+  shown_.setObjectName(ToQt(item.Name()));
+  connect(&shown_, &QAction::triggered, this, [this] {
+    context_.fromMenu([this] { Hand([this](Gestures& user) { user.Click(item_); }); });
+  });
+}
+
+// An entry gets room for a mark with its first one; the others stand without.
+void MenuItemAdapter::ShowState() {
+  const QString caption = ToQt(item_.Caption);
+  shown_.setSeparator(caption == "-");
+  shown_.setText(caption);
+  if (item_.Checked) shown_.setCheckable(true);
+  shown_.setChecked(item_.Checked);
+}
+
+void MenuItemAdapter::ShowEnabled() {
+  shown_.setEnabled(item_.Enabled);
+}
+
+void MenuItemAdapter::ShowVisible() {
+  shown_.setVisible(item_.Visible);
+}
+
+}  // namespace kvi

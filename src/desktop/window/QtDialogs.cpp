@@ -1,0 +1,125 @@
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QVBoxLayout>
+
+#include "desktop/look/BoxIcon.h"
+#include "desktop/look/Look.h"
+#include "desktop/look/QtText.h"
+#include "desktop/window/QtDesktop.h"
+#include "desktop/window/ScreenWindow.h"
+
+// The questions of the desktop: boxes, the input box and the file dialog.
+namespace kvi {
+
+namespace {
+
+QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::Ok:
+      break;
+    case Buttons::OkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case Buttons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+  }
+  return QMessageBox::Ok;
+}
+
+// A box that is closed without a button is the most careful answer that it offers.
+Answer AnswerOf(int button, Buttons offered) {
+  switch (button) {
+    case QMessageBox::Ok:
+      return Answer::Ok;
+    case QMessageBox::Yes:
+      return Answer::Yes;
+    case QMessageBox::No:
+      return Answer::No;
+    case QMessageBox::Cancel:
+      return Answer::Cancel;
+    default:
+      break;
+  }
+  if (offered == Buttons::Ok) return Answer::Ok;
+  return offered == Buttons::YesNo ? Answer::No : Answer::Cancel;
+}
+
+}  // namespace
+
+QWidget* QtDesktop::DialogParent() const {
+  return shown_.empty() ? nullptr : shown_.back().window;
+}
+
+// A question shows the normal pointer whatever the routine that asks has set.
+int QtDesktop::RunDialog(QDialog& dialog) {
+  const bool busy = pointer_ == MousePointer::Hourglass;
+  if (busy) QApplication::setOverrideCursor(Qt::ArrowCursor);
+  dialogs_.push_back(&dialog);
+  const int result = dialog.exec();
+  std::erase(dialogs_, &dialog);
+  if (busy) QApplication::restoreOverrideCursor();
+  if (QWidget* owner = DialogParent()) owner->activateWindow();
+  return result;
+}
+
+Answer QtDesktop::ShowBox(const Box& box) {
+  QMessageBox dialog(QMessageBox::NoIcon, ToQt(box.title), ToQt(box.text), ButtonsOf(box.buttons),
+                     DialogParent());
+  dialog.setTextFormat(Qt::PlainText);
+  dialog.setIconPixmap(BoxIcon(box.icon, dialog.devicePixelRatioF()));
+  return AnswerOf(RunDialog(dialog), box.buttons);
+}
+
+std::optional<std::string> QtDesktop::AskText(const std::string& prompt, const std::string& title,
+                                              const std::string& initial) {
+  QDialog dialog(DialogParent());
+  dialog.setWindowTitle(ToQt(title));
+  auto* column = new QVBoxLayout(&dialog);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column->setSpacing(kSpacing);
+  auto* label = new QLabel(ToQt(prompt), &dialog);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setMinimumWidth(340);
+  auto* field = new QLineEdit(ToQt(initial), &dialog);
+  field->setAccessibleName(ToQt(prompt));
+  field->selectAll();
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
+  column->addWidget(label);
+  column->addWidget(field);
+  column->addWidget(buttons);
+  QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+  field->setFocus();
+  if (RunDialog(dialog) != QDialog::Accepted) return std::nullopt;
+  return FromQt(field->text());
+}
+
+std::optional<std::string> QtDesktop::AskFile(const FileDialog& question) {
+  QFileDialog dialog(DialogParent(), ToQt(question.title));
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  QStringList filters;
+  for (const FileFilter& filter : question.filters) {
+    // Some names show their pattern already; the toolkit reads it between brackets.
+    const QString pattern = ToQt(filter.pattern).replace(';', ' ');
+    filters << ToQt(filter.name).section(" (", 0, 0) + " (" + pattern + ")";
+  }
+  if (!filters.isEmpty()) dialog.setNameFilters(filters);
+  const QFileInfo start(ToQt(question.start));
+  if (start.isDir()) {
+    dialog.setDirectory(start.filePath());
+  } else if (!question.start.empty()) {
+    dialog.setDirectory(start.path());
+    dialog.selectFile(start.fileName());
+  }
+  if (RunDialog(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    return std::nullopt;
+  return FromQt(dialog.selectedFiles().first());
+}
+
+}  // namespace kvi

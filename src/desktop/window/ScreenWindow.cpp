@@ -1,0 +1,272 @@
+#include "desktop/window/ScreenWindow.h"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include "desktop/layout/ScrollingContent.h"
+#include "desktop/look/Look.h"
+#include "desktop/look/Panel.h"
+#include "desktop/look/PlainLabel.h"
+#include "desktop/look/QtText.h"
+#include "desktop/look/Shades.h"
+#include "desktop/window/MenuAdapters.h"
+#include "platform/Controls.h"
+#include "platform/Gestures.h"
+
+namespace kvi {
+
+namespace {
+
+// How much a control wants to be the first one; 0 is not at all.
+int FocusRank(const Control& control, bool isList) {
+  switch (control.Kind()) {
+    case ControlKind::Spread:
+      return isList ? 3 : 2;
+    case ControlKind::TextBox:
+      return static_cast<const TextBox&>(control).Locked ? 0 : 2;
+    case ControlKind::ComboBox:
+    case ControlKind::ListBox:
+    case ControlKind::OptionButton:
+    case ControlKind::CheckBox:
+      return 2;
+    case ControlKind::ActionLabel:
+    case ControlKind::Button:
+      return 1;
+    default:
+      return 0;
+  }
+}
+
+}  // namespace
+
+ScreenWindow::ScreenWindow(Screen& screen, Gestures& gestures, bool modal)
+    : screen_(screen),
+      input_(gestures),
+      context_{screen,
+               input_,
+               keys_,
+               *this,
+               [this](const std::string& name) { return OptionGroup(name); },
+               [this] { ShowColors(); },
+               [this](const std::function<void()>& event) { FromMenu(event); }},
+      builder_(
+          *this, [this](Control& control) { return Place(control); },
+          [this] { input_.Hand([this](Gestures& user) { user.MoveOver(screen_); }); }) {
+  setObjectName(ToQt(screen.Name()));
+  if (modal) setWindowModality(Qt::ApplicationModal);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  auto* bar = new QMenuBar(this);
+  BuildMenus(*bar);
+  column->setMenuBar(bar);
+  content_ = builder_.Build(screen.Arrange());
+  QWidget* status = BuildStatus();
+  for (ControlAdapter* adapter : adapters_) adapter->Tied().Attach(adapter);
+  screen_.Attach(this);
+  CaptionChanged();
+  ShowColors();
+  for (ControlAdapter* adapter : adapters_) adapter->ShowAll();
+  bar->setVisible(!bar->actions().isEmpty());
+
+  // Only now, as the area takes the content's size with everything shown.
+  column->addWidget(new ScrollingContent(content_, this), 1);
+  if (status != nullptr) column->addWidget(status);
+  // The window manager's frame takes its part of the display.
+  FitInto(QWidget::screen()->availableGeometry().size() - QSize(4, 36));
+  SetFirstFocus();
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, const QWidget* now) { FollowFocus(now); });
+  input_.Open();
+}
+
+ControlAdapter* ScreenWindow::Place(Control& control) {
+  const bool hasOwnPlace = control.Kind() == ControlKind::StatusBar ||
+                           control.Kind() == ControlKind::Menu ||
+                           control.Kind() == ControlKind::MenuItem;
+  if (hasOwnPlace) return nullptr;
+  return adapters_.emplace_back(MakeAdapter(control, context_));
+}
+
+void ScreenWindow::BuildMenus(QMenuBar& bar) {
+  std::map<const Menu*, MenuAdapter*> menus;
+  for (Control* control : screen_.Controls()) {
+    if (control->Kind() == ControlKind::Menu) {
+      auto& menu = static_cast<Menu&>(*control);
+      menus[&menu] = new MenuAdapter(menu, bar, context_);
+      adapters_.push_back(menus[&menu]);
+    } else if (control->Kind() == ControlKind::MenuItem) {
+      auto& item = static_cast<MenuItem&>(*control);
+      adapters_.push_back(new MenuItemAdapter(item, menus.at(&item.Parent())->Shown(), context_));
+    }
+  }
+}
+
+QWidget* ScreenWindow::BuildStatus() {
+  for (Control* control : screen_.Controls())
+    if (control->Kind() == ControlKind::StatusBar)
+      return adapters_.emplace_back(MakeAdapter(*control, context_))->Widget();
+  return nullptr;
+}
+
+QButtonGroup* ScreenWindow::OptionGroup(const std::string& name) {
+  QButtonGroup*& group = groups_[name];
+  if (group == nullptr) group = new QButtonGroup(this);
+  return group;
+}
+
+// Not as the owner's child: the owner may be closed first.
+void ScreenWindow::StayAbove(QWidget& owner) {
+  create();
+  windowHandle()->setTransientParent(owner.windowHandle());
+}
+
+void ScreenWindow::Dismiss() {
+  for (ControlAdapter* adapter : adapters_) {
+    adapter->Release();
+    adapter->Tied().Attach(nullptr);
+  }
+  screen_.Attach(nullptr);
+  disconnect(qApp, nullptr, this, nullptr);
+  input_.Close([this] { deleteLater(); });
+  hide();
+}
+
+QWidget* ScreenWindow::WidgetOf(const Control& control) const {
+  for (const ControlAdapter* adapter : adapters_)
+    if (&adapter->Tied() == &control) return adapter->Widget();
+  return nullptr;
+}
+
+void ScreenWindow::FinishEditing() {
+  for (ControlAdapter* adapter : adapters_)
+    if (input_.IsOpen()) adapter->FinishEditing();
+}
+
+void ScreenWindow::Settle() {
+  for (ControlAdapter* adapter : adapters_) adapter->ShowAll();
+}
+
+void ScreenWindow::CaptionChanged() {
+  setWindowTitle(ToQt(screen_.Caption()));
+}
+
+// The bands take the colour of their controls, the window the screen's; whoever stands on them
+// chooses an ink that reads.
+void ScreenWindow::ShowColors() {
+  if (content_ == nullptr) return;
+  const QColor ground = ClassicColor(screen_.BackColor());
+  content_->SetColor(ground.isValid() ? ground : kPanelColor);
+  for (const auto& band : builder_.Bands()) {
+    const QColor color = band.lead == nullptr ? QColor() : ClassicColor(band.lead->BackColor);
+    band.panel->SetColor(color.isValid() ? color : QColor(Qt::black));
+  }
+  for (ControlAdapter* adapter : adapters_) adapter->ShowColorsAgain();
+  for (PlainLabel* label : findChildren<PlainLabel*>()) label->Recolor();
+}
+
+void ScreenWindow::Center() {
+  const QRect room = screen()->availableGeometry();
+  QRect frame = frameGeometry();
+  frame.moveCenter(room.center());
+  move(std::max(frame.left(), room.left()), std::max(frame.top(), room.top()));
+}
+
+void ScreenWindow::FitInto(const QSize& room) {
+  resize(screen_.TakesWholeDisplay() ? room : layout()->totalSizeHint().boundedTo(room));
+}
+
+// A list is ready for the arrow keys, the launch pad for its first tile, a form for its first
+// field.
+void ScreenWindow::SetFirstFocus() {
+  ControlAdapter* best = nullptr;
+  int bestRank = 0;
+  for (ControlAdapter* adapter : adapters_) {
+    const Control& control = adapter->Tied();
+    const int rank = FocusRank(control, screen_.TakesWholeDisplay());
+    if (rank <= bestRank || !control.Visible || !control.Enabled) continue;
+    best = adapter;
+    bestRank = rank;
+  }
+  if (builder_.FirstTile() != nullptr)
+    builder_.FirstTile()->setFocus();
+  else if (best != nullptr)
+    best->TakeFocus();
+}
+
+void ScreenWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!event->spontaneous()) Center();
+}
+
+// The system decides; its answer comes as Dismiss.
+// The keys that no field had a use for.
+void ScreenWindow::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool escape = event->key() == Qt::Key_Escape;
+  const auto press = [this](auto& pressed) {
+    input_.Hand([&](Gestures& user) { user.Click(pressed); });
+  };
+  for (Control* control : screen_.Controls()) {
+    if (control->Kind() == ControlKind::Button) {
+      auto& button = static_cast<Button&>(*control);
+      if ((enter && button.Default) || (escape && button.Cancel)) return press(button);
+    } else if (control->Kind() == ControlKind::ActionLabel) {
+      auto& label = static_cast<ActionLabel&>(*control);
+      if (enter && label.Default) return press(label);
+    }
+  }
+  QWidget::keyPressEvent(event);
+}
+
+void ScreenWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  FinishEditing();
+  input_.Hand([this](Gestures& user) { user.CloseWindow(screen_); });
+}
+
+ControlAdapter* ScreenWindow::AdapterOf(const QWidget* widget) const {
+  for (; widget != nullptr && widget != this; widget = widget->parentWidget())
+    for (ControlAdapter* adapter : adapters_)
+      if (adapter->Widget() == widget) return adapter;
+  return nullptr;
+}
+
+// Another window in front, a popup or the menu bar take no focus from a control.
+void ScreenWindow::FollowFocus(const QWidget* now) {
+  if (now == nullptr || now->window() != this) return;
+  const ControlAdapter* adapter = AdapterOf(now);
+  if (adapter == nullptr || &adapter->Tied() == focused_) return;
+  LeaveFocused();
+  // A box that came with the leaving may have brought the focus here already.
+  if (focused_ == &adapter->Tied()) return;
+  focused_ = &adapter->Tied();
+  EnterFocused();
+}
+
+void ScreenWindow::LeaveFocused() {
+  if (focused_ == nullptr) return;
+  Control& left = *std::exchange(focused_, nullptr);
+  input_.Hand([&](Gestures& user) { user.Leave(left); });
+}
+
+void ScreenWindow::EnterFocused() {
+  if (focused_ == nullptr) return;
+  input_.Hand([this](Gestures& user) { user.Enter(*focused_); });
+}
+
+void ScreenWindow::FromMenu(const std::function<void()>& event) {
+  const QPointer<ScreenWindow> self(this);
+  FinishEditing();
+  LeaveFocused();
+  event();
+  if (self && input_.IsOpen()) FollowFocus(focusWidget());
+}
+
+}  // namespace kvi

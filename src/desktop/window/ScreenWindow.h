@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <map>
+#include <vector>
+
+#include "desktop/controls/AccessKeys.h"
+#include "desktop/controls/ControlAdapter.h"
+#include "desktop/controls/WindowInput.h"
+#include "desktop/layout/LayoutBuilder.h"
+#include "platform/Screen.h"
+
+class QButtonGroup;
+class QMenuBar;
+
+namespace kvi {
+
+// The window of any screen, drawn from the screen's layout. It follows the focus, so that a control
+// is entered and left by the user alone, and asks the system before it closes.
+class ScreenWindow : public QWidget, public ScreenView {
+ public:
+  ScreenWindow(Screen& screen, Gestures& gestures, bool modal);
+
+  Screen& Shown() const { return screen_; }
+  // Keeps the window in front of another one.
+  void StayAbove(QWidget& owner);
+  // Ends the tie to the screen and hides; the window deletes itself when no event of it is under
+  // way any more.
+  void Dismiss();
+  // The widget of a control, or null when the layout has no place for it.
+  QWidget* WidgetOf(const Control& control) const;
+  // As large as its content asks for, or all of the room for a list.
+  void FitInto(const QSize& room);
+  // What the user types goes no further than its editor until this.
+  void FinishEditing();
+  // Brings late changes of grids into the picture.
+  void Settle();
+
+  void CaptionChanged() override;
+  void BackColorChanged() override { ShowColors(); }
+  void Center() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  ControlAdapter* Place(Control& control);
+  void BuildMenus(QMenuBar& bar);
+  QWidget* BuildStatus();
+  void ShowColors();
+  void SetFirstFocus();
+  QButtonGroup* OptionGroup(const std::string& name);
+  ControlAdapter* AdapterOf(const QWidget* widget) const;
+  void FollowFocus(const QWidget* now);
+  void LeaveFocused();
+  void EnterFocused();
+  void FromMenu(const std::function<void()>& event);
+
+  Screen& screen_;
+  AccessKeys keys_;
+  WindowInput input_;
+  WindowContext context_;
+  LayoutBuilder builder_;
+  std::vector<ControlAdapter*> adapters_;  // owned as children
+  std::map<std::string, QButtonGroup*> groups_;
+  Panel* content_ = nullptr;
+  Control* focused_ = nullptr;
+};
+
+}  // namespace kvi
