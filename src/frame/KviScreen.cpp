@@ -51,6 +51,11 @@ bool KviScreen::AskOkCancel(const std::string& text, const std::string& title) {
                               .icon = Icon::Question}) == Answer::Ok;
 }
 
+void KviScreen::SayReadOnly(const std::string& title, const std::string& secondLine) {
+  const std::string refusal = "Current security clearance is READ ONLY.";
+  Inform(secondLine.empty() ? refusal : refusal + "\n\n" + secondLine, title);
+}
+
 bool KviScreen::AskToPrint() {
   return AskYesNo(
       "This is a draft/screen print only. Use the 'print system' for better quality.\n\n"

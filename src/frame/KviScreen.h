@@ -33,6 +33,10 @@ class KviScreen : public Screen {
   void Inform(const std::string& text, const std::string& title = "Kestvar Inventory");
   bool AskYesNo(const std::string& text, const std::string& title = "Kestvar Inventory");
   bool AskOkCancel(const std::string& text, const std::string& title = "Kestvar Inventory");
+  // The refusal of a write. Most screens say in a second line what became of the changes; which do,
+  // and under which title, is as their users know them.
+  void SayReadOnly(const std::string& title = "Kestvar Inventory",
+                   const std::string& secondLine = "Changes NOT Saved");
   // The question that stands before every draft print.
   bool AskToPrint();
   void CloseScreen() { app_.screens.Unload(*this); }

@@ -10,6 +10,7 @@
 #include "items/ItemCosts.h"
 #include "items/ItemPicture.h"
 #include "platform/Surface.h"
+#include "security/CheckAccess.h"
 #include "store/DButils.h"
 #include "valuation/ItemValuation.h"
 
@@ -31,13 +32,18 @@ ItemDetailScreen::ItemDetailScreen(Application& app, const Differences& differen
 }
 
 void ItemDetailScreen::Prepare() {
+  BlankFormulas();
+}
+
+void ItemDetailScreen::BlankFormulas() {
   for (Label* formula : {&HowInvFormula, &HowUsedFormula, &HowPurchasedFormula})
     formula->Caption = "";
 }
 
 void ItemDetailScreen::Unload() {
-  // The next part that is opened is not a changed one.
+  // The next part that is opened is neither a changed one nor a new one.
   itemLoaded_ = false;
+  newItem_ = false;
 }
 
 void ItemDetailScreen::WatchChanges() {
@@ -175,7 +181,7 @@ void ItemDetailScreen::RemoveImage() {
 }
 
 void ItemDetailScreen::PrintReport() {
-  if (Caption() == "Detail - Add New Item") return;
+  if (missing_ || Caption() == "Detail - Add New Item") return;
   if (itemDirty_) {
     if (!AskOkCancel("Changes must be saved before printing.  Save changes and print?")) return;
     SaveItem();
@@ -203,6 +209,9 @@ void ItemDetailScreen::Leave() {
 }
 
 void ItemDetailScreen::ChangeNumber() {
+  if (!CheckAccess(app_.AccessString, kInventoryModule, kWriteAccess))
+    return SayReadOnly("KV Inventory");
+  if (missing_) return Inform("Change not made.");
   if (itemDirty_) {
     SaveItem();
     itemDirty_ = false;

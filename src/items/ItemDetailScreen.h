@@ -26,7 +26,8 @@ class ItemDetailScreen : public KviScreen, public WorkingItem {
   void Activate() override { LoadItemOnActivate(); }
   void Unload() override;
 
-  // Loads the part whose number stands in i_num; whatever cannot be read is shown and passed over.
+  // Loads the part whose number stands in i_num; what fails is shown and passed over. Where the
+  // part is gone or locked the fields are blank, and a save refuses them.
   void LoadItemOnActivate();
   // The same less the drop lists and the vendors' enabling. False when there is no such part.
   bool LoadInvItem_2();
@@ -78,9 +79,15 @@ class ItemDetailScreen : public KviScreen, public WorkingItem {
   void HandleLostFocus();
   void CutWhenLeft(ComboBox& combo, bool isUnit);
 
-  void FillLists(const RunStatement& run);
+  void FillLists(const LoadStatements& run);
+  jet::Recordset ReadRow(const std::string& trimmedKey, const LoadStatements& run);
+  bool ShowRow(const jet::Recordset& row, const LoadStatements& run);
   void LoadItemRecord();
+  void TakeAsLoaded();
+  void ShowNothing();
   void ShowPartGroups();
+  void BlankFields();
+  void BlankFormulas();
   void BlankItem();
   bool NumberIsWanted();
   void WarnOfSharedName();
@@ -107,6 +114,7 @@ class ItemDetailScreen : public KviScreen, public WorkingItem {
   bool itemDirty_ = false;
   bool newItem_ = false;
   bool itemLoaded_ = false;  // from then on a changed used cost makes part group costs stale
+  bool missing_ = false;     // the part under i_num could not be loaded, and is not saved either
 };
 
 }  // namespace kvi

@@ -15,8 +15,7 @@ namespace kvi {
 
 namespace {
 
-// Nothing of what a step itself writes is an edit, also where the part is gone meanwhile or its
-// load fails: the next step would save the part before under this number.
+// Nothing of what a step itself writes is an edit, however its load ends.
 struct EndsUnchanged {
   bool& dirty;
   ~EndsUnchanged() { dirty = false; }
@@ -24,28 +23,44 @@ struct EndsUnchanged {
 
 }  // namespace
 
-void ItemDetailScreen::FillLists(const RunStatement& run) {
+void ItemDetailScreen::FillLists(const LoadStatements& run) {
   for (const DropList& list : DropLists())
     run([&] { FillDropDown(app_.CurrentDatabase, *list.combo, list.table); });
 }
 
+// The row whose trimmed key is the number in i_num, all of it in memory before anything is shown:
+// a lock that comes up half way would leave two parts on the screen. Closed when it cannot be read.
+jet::Recordset ItemDetailScreen::ReadRow(const std::string& trimmedKey, const LoadStatements& run) {
+  jet::Recordset row;
+  run([&] {
+    jet::Recordset found = app_.CurrentDatabase.OpenRecordset(
+        "SELECT * FROM I_Master WHERE " + trimmedKey + " = '" + Trim(i_num.Text()) + "';");
+    FetchWhole(found);
+    row = std::move(found);
+  });
+  return row;
+}
+
 void ItemDetailScreen::LoadItemOnActivate() {
-  FillLists(LoadStatements(app_.desktop));
-  if (!LoadInvItem_2()) return;
+  const LoadStatements run(app_.desktop);
+  const jet::Recordset row = ReadRow("Trim(Inv_ID)", run);
+  if (row.IsOpen()) FillLists(run);
+  if (!ShowRow(row, run)) return;
   for (int n = 1; n <= kVendors; ++n) ApplyVendorAvailability(*this, n);
 }
 
 bool ItemDetailScreen::LoadInvItem_2() {
+  const LoadStatements run(app_.desktop);
+  return ShowRow(ReadRow("Trim(Inv_ID)", run), run);
+}
+
+bool ItemDetailScreen::ShowRow(const jet::Recordset& row, const LoadStatements& run) {
   i_num.Locked = !CaptionSaysNew();
   btnCID.Enabled = !CaptionSaysNew();
-  const LoadStatements run(app_.desktop);
-  jet::Recordset row;
-  run([&] {
-    row = app_.CurrentDatabase.OpenRecordset("SELECT * FROM I_Master WHERE Trim(Inv_ID) = '" +
-                                             Trim(i_num.Text()) + "';");
-  });
   if (!row.IsOpen() || row.Eof()) {
     RecipeList.Clear();
+    // A new part has no row yet, and one without a number is none that stands elsewhere.
+    if (!CaptionSaysNew() && !Trim(i_num.Text()).empty()) ShowNothing();
     return false;
   }
   ShowTexts(*this, row, run);
@@ -56,24 +71,42 @@ bool ItemDetailScreen::LoadInvItem_2() {
   run([&] { ShowPartGroups(); });
   run([&] { Recalc(); });
   itemDirty_ = false;
-  itemLoaded_ = true;
+  TakeAsLoaded();
   return true;
 }
 
-// The lighter reload of a step. It neither touches prices, vendor choice, caption or the number's
-// lock, nor passes over a failure.
+// The lighter reload of a step. It touches neither prices, vendor choice and caption nor the
+// number's lock.
 void ItemDetailScreen::LoadItemRecord() {
-  const RunStatement run = [](const std::function<void()>& statement) { statement(); };
+  const LoadStatements run(app_.desktop);
   CenterForm();
+  const jet::Recordset row = ReadRow("lTrim(rtrim(Inv_ID))", run);
+  if (!row.IsOpen() || row.Eof()) return ShowNothing();
   FillLists(run);
-  const jet::Recordset row = app_.CurrentDatabase.OpenRecordset(
-      "SELECT * FROM I_Master WHERE lTrim(rtrim(Inv_ID)) = '" + Trim(i_num.Text()) + "';");
-  if (row.Eof()) return;
   ShowTexts(*this, row, run);
   ShowPlainNumbers(*this, row, run);
   ShowCorporateFlag(*this, row, run);
-  Recalc();
-  ShowPartGroups();
+  run([&] { Recalc(); });
+  run([&] { ShowPartGroups(); });
+  TakeAsLoaded();
+}
+
+void ItemDetailScreen::TakeAsLoaded() {
+  itemLoaded_ = true;
+  missing_ = false;
+}
+
+// The part is gone, or another desk's lock hides it. Blank fields stand under its number then, and
+// no save takes them: the part before may not be written over this one.
+void ItemDetailScreen::ShowNothing() {
+  itemLoaded_ = false;
+  BlankFields();
+  for (TextBox* box : {&v_id1, &v_id2, &v_id3, &hi_cost_per, &hi_qty, &hu_qty}) box->Text = "";
+  for (int n = 1; n <= kVendors; ++n) VendorOf(n).VendorOpt.Value = false;
+  BlankFormulas();
+  RecipeList.Clear();
+  itemDirty_ = false;
+  missing_ = true;
 }
 
 void ItemDetailScreen::ShowPartGroups() {
@@ -97,13 +130,20 @@ void ItemDetailScreen::StepItem(int direction) {
   ShowName();
 }
 
-void ItemDetailScreen::BlankItem() {
-  for (TextBox* box : {&iname, &i_num, &desc, &qty_on_hand, &hp_cost_per, &re_order, &BarCodeScanId,
-                       &notes, &Price1, &Price2, &Price3, &optimal, &valuation, &hu_cost_per})
+void ItemDetailScreen::BlankFields() {
+  for (TextBox* box : {&iname, &desc, &qty_on_hand, &hp_cost_per, &re_order, &BarCodeScanId, &notes,
+                       &Price1, &Price2, &Price3, &optimal, &valuation, &hu_cost_per})
     box->Text = "";
   for (const DropList& list : DropLists()) list.combo->Text = "";
-  hu_qty.Text = "1";
   ShowPicture(*this, "");
+}
+
+void ItemDetailScreen::BlankItem() {
+  i_num.Text = "";
+  BlankFields();
+  hu_qty.Text = "1";
+  ChooseForNewPart();
+  missing_ = false;
   // Behind the name, whose change writes the caption too.
   SetCaption("Detail - Add New Item");
 }
@@ -124,7 +164,7 @@ void ItemDetailScreen::PrepareNewItem() {
 
 void ItemDetailScreen::AddItem() {
   if (!CheckAccess(app_.AccessString, kInventoryModule, kWriteAccess))
-    return Inform("Current security clearance is READ ONLY.", "KV Inventory");
+    return SayReadOnly("KV Inventory", "");
   if (itemDirty_) {
     if (!AskOkCancel("Changes have been made.  Save before creating new order?", "Detail")) return;
     SaveItem();

@@ -12,10 +12,13 @@ namespace kvi {
 
 void ItemDetailScreen::SaveItem() {
   if (!CheckAccess(app_.AccessString, kInventoryModule, kWriteAccess)) {
-    Inform("Current security clearance is READ ONLY.\n\nChanges NOT Saved", "KV Inventory");
+    SayReadOnly("KV Inventory");
     LoadItemOnActivate();
     return;
   }
+  if (missing_)
+    return Inform("Part " + Trim(i_num.Text()) + " could not be loaded.\n\nChanges NOT Saved",
+                  "KV Inventory");
   bool wanted = true;
   const SaveEnd end = SaveRecord(app_.desktop, [&](SaveStatements& run) {
     run([&] { iname.Text = StripAmpersands(StripQuotes(iname.Text())); });

@@ -38,9 +38,10 @@ std::vector<ShownText> ShownTexts(WorkingItem& item) {
           {"notes", item.notes.Text}};
 }
 
-// A price as it is kept, with two decimals.
+// A price as it is kept, with two decimals. The mask leaves a text that is more than a number as it
+// is ("12.345 each"), so its number goes through it again.
 double Price(const Value& price) {
-  return Val(Format(price, kPriceMask));
+  return Val(Format(Val(Format(price, kPriceMask)), kPriceMask));
 }
 
 std::string Unit(ComboBox& unit) {
@@ -111,7 +112,12 @@ constexpr SavedField kSavedFields[] = {
 
 }  // namespace
 
-void ShowTexts(WorkingItem& item, const jet::Recordset& row, const RunStatement& run) {
+void FetchWhole(const jet::Recordset& row) {
+  if (row.Eof()) return;
+  for (const jet::FieldDef& field : row.Fields()) row[field.Name];
+}
+
+void ShowTexts(WorkingItem& item, const jet::Recordset& row, const LoadStatements& run) {
   for (const ShownText& shown : ShownTexts(item))
     run([&] {
       const std::string text = row.Text(shown.field);
@@ -125,14 +131,14 @@ void ShowTexts(WorkingItem& item, const jet::Recordset& row, const RunStatement&
   run([&] { ShowPicture(item, row.Text("picpath")); });
 }
 
-void ShowCorporateFlag(WorkingItem& item, const jet::Recordset& row, const RunStatement& run) {
+void ShowCorporateFlag(WorkingItem& item, const jet::Recordset& row, const LoadStatements& run) {
   run([&] {
     const bool corporate = row["CorpInventoryItem"].Boolean();
     (corporate ? item.rbCII : item.rbNCII).Value = true;
   });
 }
 
-void ShowNumbers(WorkingItem& item, const jet::Recordset& row, const RunStatement& run) {
+void ShowNumbers(WorkingItem& item, const jet::Recordset& row, const LoadStatements& run) {
   run([&] { item.hp_cost_per.Text = row.Text("cost_per"); });
   run([&] { item.qty_on_hand.Text = Format(row.Number("qty_on_hand"), "####0.00"); });
   run([&] {
@@ -144,7 +150,7 @@ void ShowNumbers(WorkingItem& item, const jet::Recordset& row, const RunStatemen
   run([&] { item.optimal.Text = Str(row.Number("optimal")); });
 }
 
-void ShowPrices(WorkingItem& item, const jet::Recordset& row, const RunStatement& run) {
+void ShowPrices(WorkingItem& item, const jet::Recordset& row, const LoadStatements& run) {
   for (int n = 1; n <= WorkingItem::kVendors; ++n) {
     const WorkingItem::Vendor vendor = item.VendorOf(n);
     run([&] { vendor.Price.Text = Str(Price(row["Price" + Str(n)])); });
@@ -157,7 +163,7 @@ void ShowPrices(WorkingItem& item, const jet::Recordset& row, const RunStatement
   });
 }
 
-void ShowPlainNumbers(WorkingItem& item, const jet::Recordset& row, const RunStatement& run) {
+void ShowPlainNumbers(WorkingItem& item, const jet::Recordset& row, const LoadStatements& run) {
   run([&] { item.hp_cost_per.Text = row.Text("cost_per"); });
   run([&] { item.qty_on_hand.Text = row.Text("qty_on_hand"); });
   run([&] { item.valuation.Text = row.Text("valuation"); });

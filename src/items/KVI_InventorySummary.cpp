@@ -193,6 +193,8 @@ void KVI_InventorySummary::LoadItemGrid() {
     // The rows filled so far stay, and no message comes.
   }
   ShadeGridRows(Spread1, app_.UseColors);
+  // (None is, behind an empty list.)
+  if (Spread1.ActiveRow() < 1) GoToFirstCell(Spread1);
   ShowPosition();
 }
 

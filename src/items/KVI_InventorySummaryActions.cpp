@@ -31,7 +31,7 @@ void KVI_InventorySummary::OpenItem(int row) {
 
 bool KVI_InventorySummary::MayWrite() {
   if (CheckAccess(app_.AccessString, kInventoryModule, kWriteAccess)) return true;
-  Inform("Current security clearance is READ ONLY.", "KV Inventory");
+  SayReadOnly("KV Inventory", "");
   return false;
 }
 

@@ -10,11 +10,17 @@ WorkingItem::WorkingItem(Screen& screen, Vendors vendors)
     LblPurchaseSize.emplace(screen_, "LblPurchaseSize", "Price per unit:");
   notes.Multiline = true;
   hp_qty.Text = "1";
+  ChooseForNewPart();
   for (TextBox* computed : {&hp_qty, &hi_cost_per, &hu_cost_per, &valuation, &picpath})
     computed->Locked = true;
   for (TextBox* number : {&hp_qty, &hi_qty, &hu_qty, &hp_cost_per, &hi_cost_per, &hu_cost_per,
                           &qty_on_hand, &valuation, &re_order, &optimal, &Price1, &Price2, &Price3})
     number->RightAligned = true;
+}
+
+void WorkingItem::ChooseForNewPart() {
+  active_i.Value = true;
+  rbCII.Value = true;
 }
 
 WorkingItem::Vendor WorkingItem::VendorOf(int n) {

@@ -28,6 +28,9 @@ class WorkingItem {
   static constexpr int kVendors = 3;
   Vendor VendorOf(int n);
 
+  // Active and corporate: a part that nobody switched off stands in every list.
+  void ChooseForNewPart();
+
   // The combos that offer a drop list, each with the table of its values.
   struct DropList {
     ComboBox* combo;

@@ -128,7 +128,7 @@ void KVI_Invoice::load_data() {
 
 bool KVI_Invoice::MayWrite() {
   if (CheckAccess(app_.AccessString, kInventoryModule, kWriteAccess)) return true;
-  Inform("Current security clearance is READ ONLY.");
+  SayReadOnly("Kestvar Inventory", "");
   return false;
 }
 

@@ -12,7 +12,7 @@ namespace kvi {
 
 void KVI_UpdateInventory::SaveUpdateGrid() {
   if (!CheckAccess(app_.AccessString, kUpdateModule, kWriteAccess)) {
-    Inform("Current security clearance is READ ONLY.\n\nChanges NOT Saved");
+    SayReadOnly();
     LoadUpdateGrid();
     return;
   }

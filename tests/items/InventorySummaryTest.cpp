@@ -74,6 +74,7 @@ TEST_F(InventorySummaryTest, FiltersByCategoryAndByTheFirstVendorOnly) {
     EXPECT_EQ(screen.StatusBar1.PanelText(1), "0 of 0 records");
     Choose(screen.CatCombo, "(All Categories)");
     EXPECT_EQ(Numbers(), "9\n") << "a second vendor does not count";
+    EXPECT_EQ(screen.Spread1.ActiveRow(), 1);
     EXPECT_EQ(stockroom.App().CurrentOrderVendor, "Alpha");
     Choose(screen.CatCombo, "Seals");
   });

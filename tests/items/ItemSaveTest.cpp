@@ -29,7 +29,7 @@ TEST_P(ItemSaveTest, WritesEveryFieldInTheFormInWhichItIsKept) {
     Enter(part.where3, " Omega ");
     user.Choose(part.VendorOpt3);
     Enter(part.v_id3, "O1");
-    Enter(part.Price1, "2.345");
+    Enter(part.Price1, "2.345 each");
     Enter(part.Price2, "none");
     Enter(part.re_order, "1.5 cases");
     // Not left, so nothing is recomputed: what cannot be saved is set right by the save.
@@ -61,6 +61,9 @@ TEST_P(ItemSaveTest, WithoutTheWriteRightTheStoredValuesComeBack) {
     ExpectBox("Current security clearance is READ ONLY.", Answer::Ok, "KV Inventory");
     Click(part.dai);
     EXPECT_EQ(part.i_num.Text(), "10");
+    ExpectBox("Current security clearance is READ ONLY.\n\nChanges NOT Saved", Answer::Ok,
+              "KV Inventory");
+    Click(part.btnCID);
   });
   EXPECT_EQ(Items("desc", "inv_id = '10'"), "wide\n");
 }
@@ -115,6 +118,21 @@ TEST_P(ItemSaveTest, ANumberThatStandsIsRefusedInItsFieldAndMayBeOverwrittenBySa
   });
   EXPECT_EQ(Count(), "3\n");
   EXPECT_EQ(Items("name, qty_on_hand, how_purchased", "inv_id = '20'"), "Over|0|each\n");
+}
+
+TEST_P(ItemSaveTest, APartThatIsOpenedAfterAnAdditionWasLeftIsNoNewOne) {
+  ASSERT_TRUE(stockroom.Start());
+  InSummary([&] {
+    OpenRow(1, [&](ItemDetailScreen& part) {
+      Click(part.dai);
+      Click(part.exit_lab);
+    });
+    OpenRow(2, [&](ItemDetailScreen& part) {
+      Enter(part.desc, "round");
+      Click(part.save);
+    });
+  });
+  EXPECT_EQ(Items("inv_id, desc"), "10|wide\n20|round\n30|Null\n");
 }
 
 TEST_P(ItemSaveTest, ASharedNameIsWarnedOfAndSavedAllTheSame) {

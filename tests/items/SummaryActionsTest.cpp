@@ -21,6 +21,7 @@ INSTANTIATE_TEST_SUITE_P(Views, SummaryActionsTest, kBothViews, ViewName);
 
 // New makes the tabs ready alone: the one page comes up with its own last part.
 TEST_P(SummaryActionsTest, NewBlanksTheTabsByAListOfItsOwn) {
+  stockroom.Execute("UPDATE I_Master SET active = 'NO', CorpInventoryItem = False");
   ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     OpenRow(1, [](ItemDetailScreen&) {});
@@ -38,10 +39,15 @@ TEST_P(SummaryActionsTest, NewBlanksTheTabsByAListOfItsOwn) {
       Enter(part.i_num, "15");
       Enter(part.iname, "Cap");
       Click(part.save);
+      Click(part.next_lab);
+      Enter(part.hp_cost_per, "9");
+      Click(part.save);
     });
     Click(Summary().new_lab);
     EXPECT_EQ(GridText(Summary().Spread1, 4, 4), OnePage() ? "10\n20\n30\n" : "10\n15\n20\n30\n");
   });
+  EXPECT_EQ(Items("inv_id", "active = 'YES' and CorpInventoryItem"), OnePage() ? "" : "15\n");
+  EXPECT_EQ(stale, !OnePage()) << "by the cost of the part that was stepped to";
 }
 
 TEST_P(SummaryActionsTest, OpeningTellsTheNumberToTheLayoutOfThePreferences) {
