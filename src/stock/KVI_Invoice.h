@@ -25,9 +25,10 @@ class KVI_Invoice : public KviScreen {
   ActionLabel print_lab{*this, "print_lab", "&Print"};
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
   Menu m_file{*this, "m_file", "&File"};
-  MenuItem m_delete{m_file, "m_delete", "Delete ALL Invoices"};
   MenuItem M_export{m_file, "M_export", "Export to spreadsheet"};
   MenuItem m_exit{m_file, "m_exit", "Exit this screen"};
+  MenuItem m_line{m_file, "m_line", "-"};
+  MenuItem m_delete{m_file, "m_delete", "Delete ALL Invoices"};
 
  protected:
   void Prepare() override;

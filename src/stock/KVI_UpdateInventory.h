@@ -76,13 +76,14 @@ class KVI_UpdateInventory : public KviScreen {
   void PrintList();
   void Leave();
 
-  // The loading half, in LoadUpdateGrid.cpp.
+  // The loading half, in KVI_UpdateInventoryLoad.cpp.
   void SetUpColumns();
   std::string Query() const;
   void FillGrid();
+  bool CanShow(const jet::Recordset& part) const;
   void FillRow(int row, const jet::Recordset& part);
 
-  // The saving half, in SaveUpdateGrid.cpp.
+  // The saving half, in KVI_UpdateInventorySave.cpp.
   bool SaveRow(int row, SaveStatements& run);
   Booking BookingOf(int row, const PartLevel& part) const;
   void AddPurchase(const std::string& number, const Booking& booking);

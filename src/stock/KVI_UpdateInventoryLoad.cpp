@@ -94,16 +94,21 @@ void KVI_UpdateInventory::LoadUpdateGrid() {
   changed_ = false;
 }
 
-// A part that cannot be shown ends the walk. The rows behind it stay blank then, so that none of
-// them shows another list's part.
+// Rows that a failing walk did not reach stay blank, so that none shows another list's part.
 void KVI_UpdateInventory::FillGrid() {
   Spread1.ClearText(Block::All());
   int row = 0;
   for (app_.ItemSet.MoveFirst(); !app_.ItemSet.Eof(); app_.ItemSet.MoveNext()) {
     const double below = app_.ItemSet.Number("qty_on_hand") - app_.ItemSet.Number("re_order");
-    if (show_all.Value || below < 0) FillRow(++row, app_.ItemSet);
+    if ((show_all.Value || below < 0) && CanShow(app_.ItemSet)) FillRow(++row, app_.ItemSet);
   }
   Spread1.SetMaxRows(row);
+}
+
+// Without a factor there is no cost per inventoried unit. Such a part stands in the list of
+// purchased units alone: a line of it here would stop every save in its middle.
+bool KVI_UpdateInventory::CanShow(const jet::Recordset& part) const {
+  return tab_ == Tab::Count || Units() == ShownAs::Purchased || part.Number("hi_qty") != 0;
 }
 
 void KVI_UpdateInventory::FillRow(int row, const jet::Recordset& part) {
