@@ -1,6 +1,7 @@
 #include "frame/GENERAL.h"
 
 #include <fstream>
+#include <optional>
 
 #include "base/Format.h"
 #include "base/Number.h"
@@ -55,7 +56,7 @@ void ListPartGroupsOfItem(jet::Database& database, ListBox& list, const std::str
       "ON R_Master.Rec_ID = Inv_Recipe.Rec_ID "
       "WHERE Inv_Recipe.Inv_ID = \"" +
       inv_id + "\" ORDER BY R_Master.name;");
-  std::string last;
+  std::optional<std::string> last;
   for (; !groups.Eof(); groups.MoveNext()) {
     const std::string name = groups.Text("name");
     if (name != last) list.AddItem(name);

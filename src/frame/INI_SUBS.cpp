@@ -127,24 +127,29 @@ std::string ReadKey(const IniFile& file, const char* section, const char* key) {
   return ClipToNul(file.Read(section, key, " "));
 }
 
+[[noreturn]] void SayInvalidAndEnd(Application& app) {
+  app.desktop.MsgBox({.text = "Invalid KVI.INI file. KVI must close down."});
+  throw EndOfProcess{};
+}
+
 void WriteKeys(Application& app, const std::vector<std::pair<std::string, std::string>>& keys) {
   try {
     IniFile(app.InProgramFolder("KVI.INI")).Write(kOwnSection, keys);
   } catch (const RunTimeError&) {
-    app.desktop.MsgBox({.text = "Invalid KVI.INI file. KVI must close down."});
-    throw EndOfProcess{};
+    SayInvalidAndEnd(app);
   }
 }
 
 // A file with content but without a section of ours is somebody's, or damaged: it is set aside
-// under another name before the defaults take its place.
-void KeepForeignFile(const Application& app) {
+// under a free name before the defaults take its place. One that cannot be is not touched.
+void KeepForeignFile(Application& app) {
   const std::string path = app.InProgramFolder("KVI.INI");
   if (!FileHasContent(path) || IniFile(path).HasSection(kOwnSection)) return;
-  std::error_code ignored;
-  std::filesystem::copy_file(path, path + ".old", std::filesystem::copy_options::overwrite_existing,
-                             ignored);
-  std::filesystem::remove(path, ignored);
+  std::string aside = path + ".old";
+  std::error_code failure;
+  for (int n = 2; std::filesystem::exists(aside, failure); ++n) aside = path + ".old" + Str(n);
+  std::filesystem::rename(path, aside, failure);
+  if (failure) SayInvalidAndEnd(app);
 }
 
 void CreateDefaultSettings(Application& app) {
@@ -156,6 +161,15 @@ void CreateDefaultSettings(Application& app) {
       if (key == setting.key && setting.read != nullptr) setting.read(app, text);
   app.settings.DatabasePath = app.ProgramFolder;
   WriteKeys(app, keys);
+}
+
+// A number that is too large reads as a key that is missing.
+void ReadSetting(Application& app, const Setting& setting, const std::string& text) {
+  try {
+    setting.read(app, text);
+  } catch (const RunTimeError&) {
+    setting.read(app, "");
+  }
 }
 
 void ReadSuiteSettings(Application& app) {
@@ -192,7 +206,7 @@ void ReadSettings(Application& app) {
     return;
   }
   for (const Setting& setting : kSettings)
-    if (setting.read != nullptr) setting.read(app, ReadKey(own, kOwnSection, setting.key));
+    if (setting.read != nullptr) ReadSetting(app, setting, ReadKey(own, kOwnSection, setting.key));
 }
 
 void WriteSettings(Application& app) {

@@ -110,15 +110,18 @@ void SaveColumnWidths(const Spread& grid, const Screen& screen, jet::Database& d
   batch.Finish();
 }
 
-void ResetColumnWidths(jet::Database& database) {
+bool ResetColumnWidths(jet::Database& database) {
   jet::WriteBatch batch(database);
+  bool whole = true;
   for (const WidthTable& entry : kWidthTables) {
     auto widths = OpenWidths(database, entry.table);
     // The walk goes on from table to table only while there are rows.
-    if (widths.Eof()) break;
+    whole = !widths.Eof();
+    if (!whole) break;
     for (; !widths.Eof(); widths.MoveNext()) KeepWidth(widths, kResetWidth);
   }
   batch.Finish();
+  return whole;
 }
 
 }  // namespace kvi

@@ -69,6 +69,8 @@ void KVI_Utilities::ShowSettings() {
 void KVI_Utilities::TakeProfitCenter() {
   app_.CurrentProfitCenter = app_.profitCenters.NumberAt(pcenter.ListIndex());
   RefreshMasterRecordsets(app_);
+  // Which switches the sign-in off where there is nobody to sign in.
+  use_security.Value = app_.settings.UseSecurity;
 }
 
 // Leaving the combo takes the position for the number, and Main's combo follows.
@@ -103,8 +105,8 @@ void KVI_Utilities::AskToResetWidths() {
                 "Inventory Summary, \nPart Group, and Par Order screens.  Continue?",
                 "Utilities"))
     return;
-  ResetColumnWidths(app_.CurrentDatabase);
-  Inform("Columns widths have been reset.", "Utilities");
+  if (ResetColumnWidths(app_.CurrentDatabase))
+    Inform("Columns widths have been reset.", "Utilities");
 }
 
 void KVI_Utilities::Leave() {

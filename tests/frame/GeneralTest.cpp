@@ -61,8 +61,8 @@ TEST_F(GeneralTest, YieldAndCostOfAPart) {
 }
 
 TEST_F(GeneralTest, PartGroupsOfAPartAreListedOnceByName) {
-  stockroom.Fill("R_Master", "rec_id | name\n 1 | Pump kit\n 2 | Door kit\n 3 | Other");
-  stockroom.Fill("Inv_Recipe", "rec_id | inv_id\n 1 | 7\n 1 | 7\n 2 | 7\n 3 | 8");
+  stockroom.Fill("R_Master", "rec_id | name\n 1 | Pump kit\n 2 | Door kit\n 3 | Other\n 4 |");
+  stockroom.Fill("Inv_Recipe", "rec_id | inv_id\n 1 | 7\n 1 | 7\n 2 | 7\n 3 | 8\n 4 | 7");
   jet::Database& database = Open();
   struct Form : Screen {
     Form() : Screen("Form") {}
@@ -72,7 +72,7 @@ TEST_F(GeneralTest, PartGroupsOfAPartAreListedOnceByName) {
   ListPartGroupsOfItem(database, form.list, " ");
   EXPECT_TRUE(form.list.Items().empty());
   ListPartGroupsOfItem(database, form.list, "7");
-  EXPECT_EQ(form.list.Items(), (std::vector<std::string>{"Door kit", "Pump kit"}));
+  EXPECT_EQ(form.list.Items(), (std::vector<std::string>{"", "Door kit", "Pump kit"}));
 }
 
 }  // namespace

@@ -48,11 +48,9 @@ TEST_F(StartUpTest, TheStoredProfitCenterServesAsAPosition) {
     const char* stored;
     int number;
     const char* name;
-  } cases[] = {{"2", 9, "Garage"},
-               {"1", 4, "Annex"},
-               {"text", 0, "Stores"},
-               {"9", 0, "Stores"},
-               {"-1", 0, "Stores"}};
+  } cases[] = {{"2", 9, "Garage"},           {"1", 4, "Annex"},
+               {"text", 0, "Stores"},        {"9", 0, "Stores"},
+               {"99999999999", 0, "Stores"}, {"-1", 0, "Stores"}};
   for (const auto& [stored, number, name] : cases) {
     stockroom.Set("ProfitCenterNo", stored);
     ASSERT_TRUE(stockroom.Start()) << stored;
@@ -136,6 +134,12 @@ TEST_F(StartUpTest, AnInactiveSettingsFileIsReplacedByTheDefaults) {
   }
   EXPECT_EQ(ReadFile(stockroom.folder / "KVI.INI.old"), "\xFF\xFE\x01 noise \x02")
       << "a foreign file is set aside, not lost";
+
+  WriteFile(own, "somebody's");
+  const std::string cannotTakeOne = stockroom.folder / "KVI.INI.old2";
+  std::filesystem::create_directory(cannotTakeOne);
+  ASSERT_TRUE(stockroom.Start());
+  EXPECT_EQ(ReadFile(stockroom.folder / "KVI.INI.old3"), "somebody's");
 }
 
 TEST_F(StartUpTest, ValuesOfTheFileAreCutAt127CharactersAndUnknownMethodsChangeNothing) {

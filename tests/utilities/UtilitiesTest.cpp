@@ -43,7 +43,9 @@ TEST_F(UtilitiesTest, AClickTakesTheNumberOfTheProfitCenterAndLeavingItsPosition
   stockroom.Fill("I_Master", "inv_id | pcenter | name\n 1 | 4 | Bolt\n 2 | 1 | Nut");
   ASSERT_TRUE(stockroom.Start());
   Open([&](auto& screen) {
+    stockroom.user().Tick(screen.use_security);
     stockroom.user().Choose(screen.pcenter, 1);
+    EXPECT_FALSE(screen.use_security.Value) << "nobody could sign in";
     EXPECT_EQ(stockroom.App().CurrentProfitCenter, 4);
     EXPECT_EQ(stockroom.App().ItemSet.Text("name"), "Bolt");
     stockroom.user().Leave(screen.pcenter);
@@ -77,6 +79,9 @@ TEST_F(UtilitiesTest, ColumnWidthsAreResetAfterAQuestion) {
     stockroom.user().Click(screen.cmdColWidth);
     stockroom.desktop.ExpectBox(question, Answer::Yes, "Utilities");
     stockroom.desktop.ExpectBox("Columns widths have been reset.", Answer::Ok, "Utilities");
+    stockroom.user().Click(screen.cmdColWidth);
+    stockroom.Execute("DELETE * FROM CW_Recipes");
+    stockroom.desktop.ExpectBox(question, Answer::Yes, "Utilities");
     stockroom.user().Click(screen.cmdColWidth);
   });
   EXPECT_EQ(stockroom.Rows("SELECT DISTINCT ColWidth FROM CW_Orders"), "1500\n");
