@@ -44,6 +44,14 @@ bool KviScreen::AskYesNo(const std::string& text, const std::string& title) {
          Answer::Yes;
 }
 
+bool KviScreen::AskToRemove(const std::string& text, const std::string& title) {
+  return app_.desktop.MsgBox({.text = text,
+                              .title = title,
+                              .buttons = Buttons::YesNo,
+                              .icon = Icon::Question,
+                              .defaultAnswer = Answer::No}) == Answer::Yes;
+}
+
 bool KviScreen::AskOkCancel(const std::string& text, const std::string& title) {
   return app_.desktop.MsgBox({.text = text,
                               .title = title,

@@ -32,6 +32,8 @@ class KviScreen : public Screen {
   // Shows a box with one button.
   void Inform(const std::string& text, const std::string& title = "Kestvar Inventory");
   bool AskYesNo(const std::string& text, const std::string& title = "Kestvar Inventory");
+  // The same of what takes something away for good: Enter is No.
+  bool AskToRemove(const std::string& text, const std::string& title = "Kestvar Inventory");
   bool AskOkCancel(const std::string& text, const std::string& title = "Kestvar Inventory");
   // The refusal of a write. Most screens say in a second line what became of the changes; which do,
   // and under which title, is as their users know them.
@@ -39,7 +41,6 @@ class KviScreen : public Screen {
                    const std::string& secondLine = "Changes NOT Saved");
   // The question that stands before every draft print.
   bool AskToPrint();
-  void CloseScreen() { app_.screens.Unload(*this); }
 
   Application& app_;
   ProductBanner banner_;

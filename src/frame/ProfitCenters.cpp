@@ -1,5 +1,7 @@
 #include "frame/ProfitCenters.h"
 
+#include <algorithm>
+
 #include "base/RunTimeError.h"
 #include "platform/Controls.h"
 
@@ -24,6 +26,11 @@ void ProfitCenters::Add(const std::string& name, int number) {
 int ProfitCenters::NumberAt(int position) const {
   if (position < 0 || position >= Count()) throw RunTimeError(kSubscriptOutOfRange);
   return numbers_[static_cast<std::size_t>(position)];
+}
+
+int ProfitCenters::PositionOf(int number) const {
+  const auto found = std::ranges::find(numbers_, number);
+  return found == numbers_.end() ? number : static_cast<int>(found - numbers_.begin());
 }
 
 void ProfitCenters::Select(int position) {

@@ -21,6 +21,8 @@ class ProfitCenters {
   void Add(const std::string& name, int number);  // raises 9 past the last position
   int Count() const { return static_cast<int>(numbers_.size()); }
   int NumberAt(int position) const;  // raises 9 outside
+  // Where the number stands; the number itself when no profit center has it.
+  int PositionOf(int number) const;
   // Selects the position in every combo; raises 380 when there is none such.
   void Select(int position);
 

@@ -4,19 +4,17 @@
 
 namespace kvi {
 
-// Stops painting for the length of a routine, however it ends; afterwards it is as it was before.
+// Stops painting for the length of a routine, however it ends. Within another one it changes
+// nothing.
 class PaintingOff {
  public:
-  explicit PaintingOff(Spread& grid) : grid_(grid), before_(grid.ReDraw()) {
-    grid_.SetReDraw(false);
-  }
-  ~PaintingOff() { grid_.SetReDraw(before_); }
+  explicit PaintingOff(Spread& grid) : grid_(grid) { grid_.SetReDraw(false); }
+  ~PaintingOff() { grid_.SetReDraw(true); }
   PaintingOff(const PaintingOff&) = delete;
   PaintingOff& operator=(const PaintingOff&) = delete;
 
  private:
   Spread& grid_;
-  const bool before_;
 };
 
 }  // namespace kvi

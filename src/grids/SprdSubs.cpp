@@ -5,6 +5,7 @@
 
 #include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "grids/PaintingOff.h"
 
 namespace kvi {
 namespace {
@@ -66,9 +67,7 @@ void GoToRow(Spread& grid, int row) {
 }
 
 void GoToCell(Spread& grid, int row, int col) {
-  grid.Row = row;
-  grid.Col = col;
-  grid.SetActiveCell(row, col);
+  grid.GoToCell(row, col);
 }
 
 void GoToFirstLetter(Spread& grid, int column, const std::string& key) {
@@ -85,11 +84,10 @@ void LockGrid(Spread& grid) {
 }
 
 void ShadeGridRows(Spread& grid, bool useColors) {
-  grid.SetReDraw(false);
+  const PaintingOff hidden(grid);
   for (int row = 1; row <= grid.MaxRows(); ++row)
     grid.SetBackColor(Block::Row(row), useColors && row % 2 == 0 ? kLightGrey : kWhite);
   grid.Row = std::max(grid.ActiveRow(), 1);
-  grid.SetReDraw(true);
 }
 
 void LoadColumnWidths(Spread& grid, const Screen& screen, jet::Database& database) {

@@ -28,7 +28,7 @@ void LockGrid(Spread& grid);
 
 // White rows, or with colours light grey ones at every even row number. Runs after each load and
 // each sort, so that the stripes stay right. The code's cursor goes to the active row (1 when none
-// is), and painting is on afterwards.
+// is).
 void ShadeGridRows(Spread& grid, bool useColors);
 
 // The kept column widths of KVI_InventorySummary, KVI_PGSummary and KVI_OrderSystem, for the whole

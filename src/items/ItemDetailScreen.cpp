@@ -40,10 +40,9 @@ void ItemDetailScreen::BlankFormulas() {
     formula->Caption = "";
 }
 
-void ItemDetailScreen::Unload() {
-  // The next part that is opened is neither a changed one nor a new one.
-  itemLoaded_ = false;
-  newItem_ = false;
+void ItemDetailScreen::EndVisit() {
+  // The next part that is opened is no new one, and its load no change.
+  itemLoaded_ = newItem_ = false;
 }
 
 void ItemDetailScreen::WatchChanges() {
@@ -205,7 +204,7 @@ void ItemDetailScreen::Leave() {
     SaveItem();
     itemDirty_ = false;
   }
-  CloseScreen();
+  Exit();
 }
 
 void ItemDetailScreen::ChangeNumber() {

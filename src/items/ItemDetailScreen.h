@@ -24,7 +24,7 @@ class ItemDetailScreen : public KviScreen, public WorkingItem {
   };
 
   void Activate() override { LoadItemOnActivate(); }
-  void Unload() override;
+  void EndVisit() override;
 
   // Loads the part whose number stands in i_num; what fails is shown and passed over. Where the
   // part is gone or locked the fields are blank, and a save refuses them.
@@ -105,6 +105,7 @@ class ItemDetailScreen : public KviScreen, public WorkingItem {
   void RemoveImage();
   void PrintReport();
   void PrintImage();
+  // Asks about unsaved changes. The window's own box is the Exit without the question.
   void Leave();
   // A part that was never loaded; typing a name ends it, since the caption then shows the name.
   bool CaptionSaysNew() const;

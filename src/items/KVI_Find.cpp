@@ -55,7 +55,7 @@ KVI_Find::KVI_Find(Application& app)
     : KviScreen(app, "KVI_Find", "Quick Find", "Inventory - Quick Find") {
   Label12.Default = true;
   Label12.Click = [this] { SearchAndClose(); };
-  Label11.Click = [this] { CloseScreen(); };
+  Label11.Click = [this] { Exit(); };
 }
 
 void KVI_Find::FindIn(const FindRequest& request) {

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "base/Counter16.h"
+#include "base/Flag.h"
 #include "base/Format.h"
 #include "base/Number.h"
 #include "base/Text.h"
@@ -129,12 +130,11 @@ void KVI_InventorySummary::Prepare() {
   for (int col = 1; col <= static_cast<int>(std::size(kShares)); ++col)
     Spread1.SetColWidth(col, kGridWidth / kShares[col - 1]);
 
-  fillingFilters_ = true;
+  const Flag filling(fillingFilters_);
   SortCombo.Clear();
   for (int choice = 0; choice < kOfferedSortChoices; ++choice)
     SortCombo.AddItem(kSortChoices[choice].text);
   SortCombo.SetListIndex(0);
-  fillingFilters_ = false;
   app_.PartGroupCostsStale = false;
 }
 
@@ -159,7 +159,7 @@ void KVI_InventorySummary::Activate() {
 
 void KVI_InventorySummary::FillFilters() {
   // Filling is not choosing: neither the list nor the order system's vendor changes by it.
-  fillingFilters_ = true;
+  const Flag filling(fillingFilters_);
   FillDropDown(app_.CurrentDatabase, CatCombo, "DD_category");
   CatCombo.AddItem(kAllCategories);
   if (CatCombo.IndexOf(app_.CurrentCategory) < 0) app_.CurrentCategory = kAllCategories;
@@ -167,7 +167,6 @@ void KVI_InventorySummary::FillFilters() {
   FillDropDown(app_.CurrentDatabase, VendorCombo, "Vendor_Info");
   VendorCombo.AddItem(kAllVendors);
   VendorCombo.Text = kAllVendors;
-  fillingFilters_ = false;
 }
 
 std::string KVI_InventorySummary::Query() const {
@@ -250,7 +249,7 @@ void KVI_InventorySummary::exit_is() {
       UpdatePartGroupCosts(app_);
     app_.PartGroupCostsStale = false;
   }
-  CloseScreen();
+  Exit();
 }
 
 void KVI_InventorySummary::Unload() {

@@ -25,7 +25,7 @@ class KVI_InventorySummary : public KviScreen {
   // Fills the grid by the filters and the sort order. A failure ends it without a word; the rows
   // filled so far stay.
   void LoadItemGrid();
-  // Leaves the screen.
+  // Leaves the screen by its own actions; the window's own box asks nothing.
   void exit_is();
 
   ComboBox CatCombo{*this, "CatCombo", ComboBox::Style::ListOnly};
@@ -45,7 +45,7 @@ class KVI_InventorySummary : public KviScreen {
   StatusBar StatusBar1{*this, "StatusBar1"};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_export{m_file, "m_export", "Export to spreadsheet"};
-  MenuItem m_f_exit{m_file, "m_f_exit", "Exit this screen"};
+  MenuItem m_f_exit{m_file, "m_f_exit", "E&xit this screen"};
 
  protected:
   void Prepare() override;
@@ -70,7 +70,7 @@ class KVI_InventorySummary : public KviScreen {
   void ReopenItemSet();
   bool MayWrite();
 
-  bool fillingFilters_ = false;
+  bool fillingFilters_ = false;  // filters are being set, not chosen
 };
 
 }  // namespace kvi

@@ -67,7 +67,7 @@ void KVI_InventorySummary::RemoveActive() {
   if (!MayWrite()) return;
   const int row = Spread1.ActiveRow();
   if (row < 1) return Inform("Cannot remove. No records were selected.");
-  if (!AskYesNo("Are you sure you want to remove this item?", "- Remove")) return;
+  if (!AskToRemove("Are you sure you want to remove this item?", "- Remove")) return;
   if (!RemoveItem(Spread1.Text(row, kNumberColumn))) return;
   ReopenItemSet();
   if (AutoRefresh.Value) LoadItemGrid();

@@ -14,7 +14,10 @@ Control::~Control() {
 }
 
 void Control::SetFocus() {
-  if (view_ != nullptr) view_->TakeFocus();
+  if (view_ != nullptr)
+    view_->TakeFocus();
+  else
+    screen_.focused_ = this;
 }
 
 void Control::Changed(Property property) {

@@ -90,6 +90,7 @@ class Control {
 
   // Controls without colours (menus, status bars) are passed over by a colour scheme.
   virtual bool HasColors() const { return true; }
+  // Gives it the keyboard; without a view no event comes with it.
   void SetFocus();
 
   // The view is owned by the window; a control knows one at most.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Flag.h"
 #include "base/RunTimeError.h"
 #include "platform/Screen.h"
 
@@ -84,9 +85,8 @@ void ComboBox::Clear() {
 
 // Picking an entry is a Click alone; Change belongs to typed and assigned texts.
 void ComboBox::OnIndexChanged() {
-  choosing_ = true;
+  const Flag choosing(choosing_);
   Text = ListIndex() < 0 ? std::string() : List(ListIndex());
-  choosing_ = false;
 }
 
 void ComboBox::OnChanged(Property property) {
@@ -99,9 +99,10 @@ void ComboBox::OnChanged(Property property) {
     SetListIndex(index);
   } else if (!Text().empty()) {
     ResetIndex();
-    choosing_ = true;
-    Text = "";
-    choosing_ = false;
+    {
+      const Flag choosing(choosing_);
+      Text = "";
+    }
     throw RunTimeError(kInvalidPropertyValue);
   }
 }

@@ -16,11 +16,13 @@ enum class Icon { None, Information, Question, Warning, Error };
 enum class Answer { Ok, Cancel, Yes, No };
 enum class MousePointer { Default, Hourglass };
 
+// A question of Yes and No alone is answered by one of the two: no Escape and no close box.
 struct Box {
   std::string text;
   std::string title = "Kestvar Inventory";
   Buttons buttons = Buttons::Ok;
   Icon icon = Icon::Information;
+  std::optional<Answer> defaultAnswer = std::nullopt;  // of Enter; else the first button's
 };
 
 struct FileFilter {
@@ -37,7 +39,7 @@ struct FileDialog {
 // The one interface to the outside: what the system asks of the machine it runs on. The Qt desktop
 // and the scripted desktop of the tests implement it. Before it waits for the user (a box, an input
 // box, a file dialog, a modal screen) it calls BeforeWait, so that nothing stays locked while a
-// person thinks.
+// person thinks; a box shows the usual pointer, and the one that stood comes back behind it.
 class Desktop {
  public:
   virtual ~Desktop() = default;

@@ -1,5 +1,7 @@
 #include "platform/Gestures.h"
 
+#include <utility>
+
 #include "base/Text.h"
 #include "platform/Controls.h"
 #include "platform/Screen.h"
@@ -21,83 +23,100 @@ void Fire(const Event& event, Arguments... arguments) {
 
 }  // namespace
 
-bool Gestures::Click(ActionLabel& label) {
-  if (!Reachable(stack_, label)) return false;
-  stack_.Guard([&] { Fire(label.Click); });
+template <class Act>
+bool Gestures::Do(Control& control, Act act) {
+  if (!Reachable(stack_, control)) return false;
+  if (control.View() == nullptr) Enter(control);
+  // Leaving the field before may have taken this one away.
+  if (!Reachable(stack_, control)) return false;
+  stack_.Guard(act);
   return true;
 }
 
+template <class Act>
+void Gestures::Away(Screen& screen, const Control* goesTo, Act act) {
+  Control* const before = screen.focused_;
+  LeaveFocused(screen, goesTo);
+  act();
+  if (before != nullptr && screen.focused_ == nullptr) Enter(*before);
+}
+
+void Gestures::LeaveFocused(Screen& screen, const Control* goesTo) {
+  Control* const left = std::exchange(screen.focused_, nullptr);
+  if (left == nullptr || !Reachable(stack_, *left)) return;
+  screen.focusGoesTo_ = goesTo;
+  stack_.Guard([&] { Fire(left->LostFocus); });
+  screen.focusGoesTo_ = nullptr;
+}
+
+bool Gestures::Click(ActionLabel& label) {
+  return Do(label, [&] { Fire(label.Click); });
+}
+
 bool Gestures::Click(Button& button) {
-  if (!Reachable(stack_, button)) return false;
-  stack_.Guard([&] { Fire(button.Click); });
-  return true;
+  return Do(button, [&] { Fire(button.Click); });
 }
 
 bool Gestures::Click(MenuItem& item) {
   if (!Reachable(stack_, item)) return false;
-  stack_.Guard([&] { Fire(item.Click); });
+  Away(item.Owner(), &item, [&] { stack_.Guard([&] { Fire(item.Click); }); });
   return true;
 }
 
 bool Gestures::Tick(CheckBox& box) {
-  if (!Reachable(stack_, box)) return false;
-  stack_.Guard([&] { box.Value = box.Value == 0 ? 1 : 0; });
-  return true;
+  return Do(box, [&] { box.Value = box.Value == 0 ? 1 : 0; });
 }
 
 bool Gestures::Choose(OptionButton& option) {
-  if (!Reachable(stack_, option)) return false;
-  stack_.Guard([&] { option.Value = true; });
-  return true;
+  return Do(option, [&] { option.Value = true; });
 }
 
 bool Gestures::Choose(ComboBox& combo, int index) {
-  if (!Reachable(stack_, combo) || index < 0 || index >= combo.ListCount()) return false;
-  stack_.Guard([&] { combo.SetListIndex(index); });
-  return true;
+  if (index < 0 || index >= combo.ListCount()) return false;
+  return Do(combo, [&] { combo.SetListIndex(index); });
 }
 
 bool Gestures::Choose(ListBox& list, int index) {
-  if (!Reachable(stack_, list) || index < 0 || index >= list.ListCount()) return false;
-  stack_.Guard([&] { list.SetListIndex(index); });
-  return true;
+  if (index < 0 || index >= list.ListCount()) return false;
+  return Do(list, [&] { list.SetListIndex(index); });
 }
 
 bool Gestures::Choose(TabStrip& strip, int tab) {
-  if (!Reachable(stack_, strip)) return false;
-  stack_.Guard([&] { strip.Tab = tab; });
-  return true;
+  return Do(strip, [&] { strip.Tab = tab; });
 }
 
 bool Gestures::DoubleClick(ListBox& list) {
-  if (!Reachable(stack_, list)) return false;
-  stack_.Guard([&] { Fire(list.DblClick); });
-  return true;
+  return Do(list, [&] { Fire(list.DblClick); });
 }
 
 bool Gestures::Type(TextBox& box, const std::string& text) {
-  if (!Reachable(stack_, box) || box.Locked) return false;
+  if (box.Locked) return false;
   const bool bounded = box.MaxLength > 0;
-  stack_.Guard(
-      [&] { box.Text = bounded ? Left(text, static_cast<std::size_t>(box.MaxLength)) : text; });
-  return true;
+  return Do(box, [&] {
+    box.Text = bounded ? Left(text, static_cast<std::size_t>(box.MaxLength)) : text;
+  });
 }
 
 bool Gestures::Type(ComboBox& combo, const std::string& text) {
-  if (!Reachable(stack_, combo) || combo.GetStyle() != ComboBox::Style::Editable) return false;
-  stack_.Guard([&] { combo.Text = text; });
-  return true;
+  if (combo.GetStyle() != ComboBox::Style::Editable) return false;
+  return Do(combo, [&] { combo.Text = text; });
 }
 
 bool Gestures::Enter(Control& control) {
+  Screen& screen = control.Owner();
   if (!Reachable(stack_, control)) return false;
+  if (screen.focused_ == &control) return true;
+  LeaveFocused(screen, &control);
+  // Whoever was left may have given the keyboard to another control, or shown another screen.
+  if (screen.focused_ != nullptr || !Reachable(stack_, control)) return false;
+  screen.focused_ = &control;
   stack_.Guard([&] { Fire(control.GotFocus); });
   return true;
 }
 
 bool Gestures::Leave(Control& control) {
-  if (!Reachable(stack_, control)) return false;
-  stack_.Guard([&] { Fire(control.LostFocus); });
+  if (control.Owner().focused_ != &control || !Reachable(stack_, control)) return false;
+  LeaveFocused(control.Owner(), nullptr);
   return true;
 }
 
@@ -116,55 +135,43 @@ void Gestures::MoveOver(Screen& screen) {
 }
 
 bool Gestures::GoToCell(Spread& grid, int row, int col) {
-  if (!Reachable(stack_, grid) || row < 1 || row > grid.MaxRows()) return false;
-  stack_.Guard([&] {
-    grid.Row = row;
-    grid.Col = col;
-    grid.SetActiveCell(row, col);
-  });
-  return true;
+  if (row < 1 || row > grid.MaxRows()) return false;
+  return Do(grid, [&] { grid.GoToCell(row, col); });
 }
 
 bool Gestures::PressKey(Spread& grid, const std::string& character) {
   const int row = grid.ActiveRow(), col = grid.ActiveCol();
-  if (!Reachable(stack_, grid) || grid.TakesTyping(row, col)) return false;
-  stack_.Guard([&] { Fire(grid.KeyPress, row, col, character); });
-  return true;
+  if (grid.TakesTyping(row, col)) return false;
+  return Do(grid, [&] { Fire(grid.KeyPress, row, col, character); });
 }
 
 bool Gestures::TypeIntoCell(Spread& grid, int row, int col, const std::string& text) {
-  if (!Reachable(stack_, grid) || row < 1 || row > grid.MaxRows()) return false;
+  if (row < 1 || row > grid.MaxRows()) return false;
   bool taken = false;
-  stack_.Guard([&] { taken = grid.TypeText(row, col, text); });
+  Do(grid, [&] { taken = grid.TypeText(row, col, text); });
   return taken;
 }
 
 bool Gestures::DoubleClick(Spread& grid, int row, int col) {
-  if (!Reachable(stack_, grid)) return false;
-  stack_.Guard([&] { Fire(grid.DblClick, row, col); });
-  return true;
+  return Do(grid, [&] { Fire(grid.DblClick, row, col); });
 }
 
 bool Gestures::ClickHeading(Spread& grid, int col) {
-  if (!Reachable(stack_, grid)) return false;
-  stack_.Guard([&] { Fire(grid.HeadingClick, col); });
-  return true;
+  return Do(grid, [&] { Fire(grid.HeadingClick, col); });
 }
 
 bool Gestures::AdvancePastLastCell(Spread& grid) {
-  if (!Reachable(stack_, grid)) return false;
-  stack_.Guard([&] { Fire(grid.AdvancedPastLastCell); });
-  return true;
+  return Do(grid, [&] { Fire(grid.AdvancedPastLastCell); });
 }
 
 bool Gestures::Paste(Spread& grid, const std::string& text) {
-  if (!Reachable(stack_, grid) || grid.ActiveRow() < 1) return false;
-  stack_.Guard([&] { grid.PasteText(grid.ActiveRow(), grid.ActiveCol(), text); });
-  return true;
+  if (grid.ActiveRow() < 1) return false;
+  return Do(grid, [&] { grid.PasteText(grid.ActiveRow(), grid.ActiveCol(), text); });
 }
 
 void Gestures::CloseWindow(Screen& screen) {
-  if (stack_.Top() == &screen) stack_.CloseByUser(screen);
+  if (stack_.Top() != &screen) return;
+  Away(screen, nullptr, [&] { stack_.CloseByUser(screen); });
 }
 
 }  // namespace kvi

@@ -22,6 +22,9 @@ class TextBox;
 // these, so that a test meets the same rules as a person: nothing happens on a disabled or hidden
 // control, a locked box takes no typing, a cell's text is cut to its length. Each gesture enters
 // through the stack's event guard and returns whether it was possible.
+//
+// An act on a control takes the keyboard there first: the control before is left, then this one
+// entered. Where a window shows the screen, its widgets have done so by then.
 class Gestures {
  public:
   explicit Gestures(ScreenStack& stack) : stack_(stack) {}
@@ -39,6 +42,7 @@ class Gestures {
   bool Type(ComboBox& combo, const std::string& text);
 
   bool Enter(Control& control);
+  // The keyboard goes away from a control that has it, to none other.
   bool Leave(Control& control);
   bool MoveOver(Control& control);
   void MoveOver(Screen& screen);
@@ -52,9 +56,18 @@ class Gestures {
   bool AdvancePastLastCell(Spread& grid);
   bool Paste(Spread& grid, const std::string& text);
 
+  // By the window's own box: the field is left, then the screen exits.
   void CloseWindow(Screen& screen);
 
  private:
+  // Acts on a control that can be reached, once it has the keyboard.
+  template <class Act>
+  bool Do(Control& control, Act act);
+  // Acts while no control has the keyboard; the one that had it gets it back.
+  template <class Act>
+  void Away(Screen& screen, const Control* goesTo, Act act);
+  void LeaveFocused(Screen& screen, const Control* goesTo);
+
   ScreenStack& stack_;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/Controls.h"
+#include "platform/ScreenStack.h"
 
 namespace kvi {
 
@@ -37,6 +38,10 @@ void Screen::Hover(ActionLabel& label) {
 void Screen::clear_labels() {
   for (Control* control : controls_)
     if (control->Kind() == ControlKind::ActionLabel) control->ForeColor = RestingColor();
+}
+
+void Screen::CloseScreen() {
+  if (stack_ != nullptr) stack_->Unload(*this);
 }
 
 void Screen::CenterForm() {

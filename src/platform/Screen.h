@@ -9,6 +9,7 @@
 namespace kvi {
 
 class ActionLabel;
+class ScreenStack;
 
 // The window's side of a screen; the desktop attaches one while the screen has a window.
 class ScreenView {
@@ -21,7 +22,8 @@ class ScreenView {
 
 // A window of the system: its controls in their order, its layout and its events. A screen object
 // lives as long as the program; Unload takes its window away and lets Load run again at the next
-// show, but the texts in its controls stay until a Load or a caller sets them.
+// show, but the texts in its controls stay until a Load or a caller sets them. Whatever else
+// belongs to one visit ends in EndVisit.
 class Screen {
  public:
   explicit Screen(std::string name, std::string caption = "");
@@ -38,6 +40,12 @@ class Screen {
   const std::vector<Control*>& Controls() const { return controls_; }
   Control* Find(const std::string& name) const;
 
+  // The control that has the keyboard, or null.
+  Control* Focused() const { return focused_; }
+  // While LostFocus runs: the control or menu entry that takes the keyboard, or null where none of
+  // this screen does. Null at any other time.
+  const Control* FocusGoesTo() const { return focusGoesTo_; }
+
   // Where the controls stand; asked once for each window.
   virtual Layout Arrange() = 0;
 
@@ -45,11 +53,16 @@ class Screen {
   virtual bool TakesWholeDisplay() const { return false; }
 
   // The events. Load comes before the first showing after the start or an Unload; Activate each
-  // time the screen comes to the front; QueryUnload may refuse the closing by its window's own box.
+  // time the screen comes to the front; EndVisit whenever it goes away, hidden or unloaded: the one
+  // place for state that the next visit must not find.
   virtual void Load() {}
   virtual void Activate() {}
-  virtual bool QueryUnload() { return true; }
   virtual void Unload() {}
+  virtual void EndVisit() {}
+  // What the window's own box does: the action of the Exit label, which may ask and stay.
+  virtual void Exit() { CloseScreen(); }
+  // Takes the window away by an Unload.
+  void CloseScreen();
 
   // The hover rule: the label under the mouse is painted bright green, all others rest in the
   // HighlightColor.
@@ -66,6 +79,7 @@ class Screen {
 
  private:
   friend class Control;
+  friend class Gestures;
   friend class ScreenStack;
   void Register(Control& control) { controls_.push_back(&control); }
   void Remove(Control& control);
@@ -74,6 +88,9 @@ class Screen {
   int backColor_ = kToolkitColor;
   std::vector<Control*> controls_;
   ScreenView* view_ = nullptr;
+  ScreenStack* stack_ = nullptr;  // from the first load on
+  Control* focused_ = nullptr;
+  const Control* focusGoesTo_ = nullptr;
   bool loaded_ = false;
 };
 

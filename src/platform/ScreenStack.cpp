@@ -11,6 +11,7 @@ namespace kvi {
 
 void ScreenStack::Load(Screen& screen) {
   if (screen.loaded_) return;
+  screen.stack_ = this;
   screen.loaded_ = true;
   try {
     screen.Load();
@@ -57,9 +58,7 @@ void ScreenStack::Unload(Screen& screen) {
 }
 
 void ScreenStack::CloseByUser(Screen& screen) {
-  Guard([&] {
-    if (screen.QueryUnload()) Unload(screen);
-  });
+  Guard([&] { screen.Exit(); });
 }
 
 Screen* ScreenStack::Top() const {
@@ -96,7 +95,11 @@ void ScreenStack::Activate(Screen& screen) {
 }
 
 void ScreenStack::Leave(Screen& screen) {
-  if (std::erase(shown_, &screen) > 0) desktop_.CloseWindow(screen);
+  if (std::erase(shown_, &screen) == 0) return;
+  desktop_.CloseWindow(screen);
+  screen.focused_ = nullptr;
+  screen.clear_labels();
+  screen.EndVisit();
 }
 
 }  // namespace kvi

@@ -23,11 +23,12 @@ class ScreenStack {
   void Hide(Screen& screen);
   // Runs the Unload event and takes the window away.
   void Unload(Screen& screen);
-  // The window's own box: asks QueryUnload first.
+  // The window's own box: the screen's Exit action.
   void CloseByUser(Screen& screen);
 
   Screen* Top() const;
   bool IsShown(const Screen& screen) const;
+  const std::vector<Screen*>& Shown() const { return shown_; }  // the one in front last
   // The same of a screen that lies above the caller's floor.
   bool IsShown(std::string_view name) const;
   bool Ending() const { return ending_; }

@@ -181,6 +181,12 @@ void Spread::SetActiveCell(int row, int col) {
   if (moved && ActiveCellChanged) ActiveCellChanged();
 }
 
+void Spread::GoToCell(int row, int col) {
+  Row = row;
+  Col = col;
+  SetActiveCell(row, col);
+}
+
 void Spread::RowsChanged() {
   selection_.clear();
   Tell(Property::Cells);
@@ -191,15 +197,15 @@ void Spread::RowsChanged() {
 }
 
 void Spread::SetReDraw(bool on) {
-  reDraw_ = on;
-  if (!on) return;
+  paintingOff_ = std::max(0, paintingOff_ + (on ? -1 : 1));
+  if (!ReDraw()) return;
   if (std::exchange(staleCells_, false)) TellView(Property::Cells);
   if (std::exchange(staleActiveCell_, false)) TellView(Property::ActiveCell);
 }
 
 void Spread::Tell(Property property) {
   if (property == Property::Cells) ++revision_;
-  if (reDraw_)
+  if (ReDraw())
     TellView(property);
   else
     (property == Property::Cells ? staleCells_ : staleActiveCell_) = true;

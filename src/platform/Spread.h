@@ -86,6 +86,8 @@ class Spread : public Control {
   int ActiveCol() const { return activeCol_; }
   // Scrolls to the cell, or to the nearest one inside; fires ActiveCellChanged when it moved.
   void SetActiveCell(int row, int col);
+  // Takes both cursors to a cell.
+  void GoToCell(int row, int col);
 
   // The user's multiple selection from the top down; blocks that share a row are one, so that no
   // row comes twice. A single cell is none. Ends when rows come, go or move.
@@ -102,8 +104,9 @@ class Spread : public Control {
   std::string BlockText(Block block) const;
   void PasteText(int row, int col, const std::string& text);
 
-  // False stops painting during bulk work: the view is told nothing; true again tells it once.
-  bool ReDraw() const { return reDraw_; }
+  // False stops painting during bulk work: the view is told nothing, until each false has met its
+  // true; then it is told once.
+  bool ReDraw() const { return paintingOff_ == 0; }
   void SetReDraw(bool on);
 
   std::function<void(int row, int col)> DblClick;  // row 0 is a heading
@@ -146,7 +149,8 @@ class Spread : public Control {
   std::uint32_t columnSettings_ = 1;
   std::vector<Block> selection_;
   int activeRow_ = 0, activeCol_ = 1;
-  bool reDraw_ = true, staleCells_ = false, staleActiveCell_ = false;
+  int paintingOff_ = 0;
+  bool staleCells_ = false, staleActiveCell_ = false;
   std::uint64_t revision_ = 0;
 };
 

@@ -45,8 +45,7 @@ Main::Main(Application& app) : Screen("Main", "Kestvar Inventory"), app_(app) {
     if (MayOpen(kUtilityModule)) app_.screens.ShowModal(app_.Get<KVI_Utilities>());
   };
   vendors.Click = [this] { SayNotBuiltYet(app_.desktop, "Vendors"); };
-  Label9.Click = [this] { app_.screens.Unload(*this); };
-  m_f_exit.Click = [this] { app_.screens.Unload(*this); };
+  Label9.Click = m_f_exit.Click = [this] { Exit(); };
   m_help_sm.Click = [this] { OpenHelp(); };
 }
 

@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "base/Flag.h"
 #include "base/Format.h"
 #include "base/Number.h"
 #include "grids/ExportGridToSpreadsheet.h"
@@ -68,7 +69,7 @@ KVI_Invoice::KVI_Invoice(Application& app)
   M_export.Click = [this] {
     ExportGridToSpreadsheet(Spread1, app_.SpreadsheetPath, app_.ProgramFolder, app_.desktop);
   };
-  m_exit.Click = [this] { Leave(kUnsaved); };
+  m_exit.Click = [this] { Exit(); };
 }
 
 void KVI_Invoice::Prepare() {
@@ -86,11 +87,10 @@ void KVI_Invoice::Prepare() {
   for (; !set.Eof(); set.MoveNext()) vendors.push_back(set.Text("name"));
   Spread1.SetChoices(kVendor, std::move(vendors));
 
-  filling_ = true;
+  const Flag filling(filling_);
   SortCombo.Clear();
   for (const SortChoice& choice : kSortChoices) SortCombo.AddItem(choice.text);
   SortCombo.SetListIndex(0);
-  filling_ = false;
 }
 
 void KVI_Invoice::Activate() {
@@ -209,7 +209,7 @@ void KVI_Invoice::RemoveActive() {
   if (Spread1.ActiveRow() < 1) return;
   if (!SaveIfWanted("Spreadsheet changes have been made.  Save before deleting current record?"))
     return;
-  if (!AskYesNo("Are you sure you want to remove this 'Invoice?'?", "Invoices")) return;
+  if (!AskToRemove("Are you sure you want to remove this 'Invoice?'?", "Invoices")) return;
   Spread1.DeleteRow(Spread1.ActiveRow());
   changed_ = true;
   ShadeGridRows(Spread1, app_.UseColors);
@@ -217,7 +217,7 @@ void KVI_Invoice::RemoveActive() {
 }
 
 void KVI_Invoice::RemoveAll() {
-  if (!AskYesNo("Are you sure you want to remove all 'Invoices?'?", "Invoices")) return;
+  if (!AskToRemove("Are you sure you want to remove all 'Invoices?'?", "Invoices")) return;
   ClearGrid(Spread1);
   Spread1.SetMaxRows(0);
   changed_ = loaded_ = true;
@@ -236,8 +236,8 @@ void KVI_Invoice::Leave(const std::string& question) {
   if (SaveIfWanted(question)) CloseScreen();
 }
 
-bool KVI_Invoice::QueryUnload() {
-  return SaveIfWanted(kUnsaved);
+void KVI_Invoice::Exit() {
+  Leave(kUnsaved);
 }
 
 Layout KVI_Invoice::Arrange() {

@@ -14,7 +14,7 @@ class KVI_Invoice : public KviScreen {
   explicit KVI_Invoice(Application& app);
 
   void Activate() override;
-  bool QueryUnload() override;
+  void Exit() override;
   Layout Arrange() override;
 
   ComboBox SortCombo{*this, "SortCombo", ComboBox::Style::ListOnly};
@@ -26,8 +26,9 @@ class KVI_Invoice : public KviScreen {
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem M_export{m_file, "M_export", "Export to spreadsheet"};
-  MenuItem m_exit{m_file, "m_exit", "Exit this screen"};
+  MenuItem m_exit{m_file, "m_exit", "E&xit this screen"};
   MenuItem m_line{m_file, "m_line", "-"};
+  // Behind a line at the end, where nobody meets it on the way to another entry.
   MenuItem m_delete{m_file, "m_delete", "Delete ALL Invoices"};
 
  protected:

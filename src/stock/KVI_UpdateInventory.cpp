@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Flag.h"
 #include "base/Format.h"
 #include "base/Number.h"
 #include "grids/ExportGridToSpreadsheet.h"
@@ -59,11 +60,10 @@ void KVI_UpdateInventory::HandleEvents() {
   find_lab.Click = [this] { FindItem(); };
   // Coming back from there loads the grid again.
   ei.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_Invoice>()); };
-  exit_lab.Click = [this] { Leave(); };
+  exit_lab.Click = m_f_exit.Click = [this] { Exit(); };
   m_export.Click = [this] {
     ExportGridToSpreadsheet(Spread1, app_.SpreadsheetPath, app_.ProgramFolder, app_.desktop);
   };
-  m_f_exit.Click = [this] { Leave(); };
   Spread1.CellEdited = [this](int, int) { changed_ = true; };
   Spread1.ActiveCellChanged = [this] { ShowPosition(); };
   Spread1.KeyPress = [this](int, int col, const std::string& key) {
@@ -73,7 +73,7 @@ void KVI_UpdateInventory::HandleEvents() {
 }
 
 void KVI_UpdateInventory::Prepare() {
-  settingUp_ = true;
+  const Flag settingUp(settingUp_);
   SetUpColumns();
   OptPurchased.Value = true;
   show_all.Value = true;
@@ -83,7 +83,6 @@ void KVI_UpdateInventory::Prepare() {
   TabStrip1.Tab = 0;
   SetUpTab();
   changed_ = false;
-  settingUp_ = false;
 }
 
 void KVI_UpdateInventory::Activate() {
@@ -95,9 +94,10 @@ void KVI_UpdateInventory::Activate() {
   ClearGrid(Spread1);
   Spread1.SetMaxRows(kRowsBeforeLoad);
   ShadeGridRows(Spread1, app_.UseColors);
-  settingUp_ = true;
-  SortCombo.SetListIndex(0);
-  settingUp_ = false;
+  {
+    const Flag settingUp(settingUp_);
+    SortCombo.SetListIndex(0);
+  }
   GoToFirstCell(Spread1);
   LoadUpdateGrid();
 }
@@ -182,7 +182,6 @@ void KVI_UpdateInventory::SortByVariance(bool ascending) {
   Spread1.SetAlign(variances, CellAlign::Right);
   Spread1.Sort(kPercentColumn, ascending);
   ShadeGridRows(Spread1, app_.UseColors);
-  Spread1.SetReDraw(false);
   for (int row = 1; row <= Spread1.MaxRows(); ++row) {
     Spread1.SetBackColor(Block::Cell(row, kQuantityColumn), kWhite);
     Spread1.SetBackColor(Block::Cell(row, kEntryColumn), kBrightCyan);
@@ -203,7 +202,7 @@ void KVI_UpdateInventory::PrintList() {
   PrintScreenGrid(app_, *this, Spread1);
 }
 
-bool KVI_UpdateInventory::QueryUnload() {
+void KVI_UpdateInventory::Exit() {
   if (changed_ && AskYesNo("Changes have been made.  Save before exiting?")) {
     SaveUpdateGrid();
     changed_ = false;
@@ -213,11 +212,7 @@ bool KVI_UpdateInventory::QueryUnload() {
       AskYesNo("Variances must be printed before exiting.  Once you exit, any record of the actual "
                "variance is gone.  Print before exiting?"))
     PrintList();
-  return true;
-}
-
-void KVI_UpdateInventory::Leave() {
-  if (QueryUnload()) CloseScreen();
+  CloseScreen();
 }
 
 Layout KVI_UpdateInventory::Arrange() {

@@ -24,7 +24,7 @@ class KVI_UpdateInventory : public KviScreen {
   explicit KVI_UpdateInventory(Application& app);
 
   void Activate() override;
-  bool QueryUnload() override;
+  void Exit() override;
   bool TakesWholeDisplay() const override { return true; }
   Layout Arrange() override;
 
@@ -57,7 +57,7 @@ class KVI_UpdateInventory : public KviScreen {
   StatusBar StatusBar1{*this, "StatusBar1"};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_export{m_file, "m_export", "Export to spreadsheet"};
-  MenuItem m_f_exit{m_file, "m_f_exit", "E&xit"};
+  MenuItem m_f_exit{m_file, "m_f_exit", "E&xit this screen"};
 
  protected:
   void Prepare() override;
@@ -74,7 +74,6 @@ class KVI_UpdateInventory : public KviScreen {
   void RecalculateVariance();
   void FindItem();
   void PrintList();
-  void Leave();
 
   // The loading half, in KVI_UpdateInventoryLoad.cpp.
   void SetUpColumns();

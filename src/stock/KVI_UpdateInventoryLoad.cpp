@@ -87,7 +87,6 @@ void KVI_UpdateInventory::LoadUpdateGrid() {
   }
   FillGrid();
   ShadeGridRows(Spread1, app_.UseColors);
-  Spread1.SetReDraw(false);
   SetupSpreadsheet();
   if (Spread1.ActiveRow() < 1) GoToFirstCell(Spread1);
   ShowPosition();

@@ -10,6 +10,7 @@ class KVI_GetILocation : public KviScreen {
  public:
   explicit KVI_GetILocation(Application& app);
 
+  void Exit() override { Answer(true); }
   Layout Arrange() override;
 
   TextBox txtPath{*this, "txtPath"};

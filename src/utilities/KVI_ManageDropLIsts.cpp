@@ -38,7 +38,7 @@ KVI_ManageDropLIsts::KVI_ManageDropLIsts(Application& app)
   sort_lab.Click = [this] { SortRows(); };
   print_lab.Click = [this] { PrintList(); };
   vendors.Click = [this] { SayNotBuiltYet(app_.desktop, "Vendors"); };
-  exit_lab.Click = [this] { Leave(); };
+  exit_lab.Click = [this] { Exit(); };
   PaperGoodsCombo.Change = [this] {
     if (Trim(PaperGoodsCombo.Text()).empty()) PaperGoodsCombo.Text = "Paper Goods";
   };
@@ -119,7 +119,7 @@ void KVI_ManageDropLIsts::SaveIfWanted() {
 
 void KVI_ManageDropLIsts::RemoveRow() {
   if (Spread1.ActiveRow() < 1) return;
-  if (!AskYesNo("Are you sure you want to remove this row?", "Set Drop Info")) return;
+  if (!AskToRemove("Are you sure you want to remove this row?", "Set Drop Info")) return;
   Spread1.DeleteRow(Spread1.ActiveRow());
   save_changes();
 }
@@ -138,7 +138,7 @@ void KVI_ManageDropLIsts::PrintList() {
              .footer = "/cPage: /p"});
 }
 
-void KVI_ManageDropLIsts::Leave() {
+void KVI_ManageDropLIsts::Exit() {
   SaveIfWanted();
   CloseScreen();
   LoadDropLists(app_);

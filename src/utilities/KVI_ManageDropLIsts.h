@@ -15,6 +15,7 @@ class KVI_ManageDropLIsts : public KviScreen {
   explicit KVI_ManageDropLIsts(Application& app);
 
   void Activate() override;
+  void Exit() override;
   Layout Arrange() override;
 
   OptionButton o_iil{*this, "o_iil", "Inventory location"};
@@ -50,7 +51,6 @@ class KVI_ManageDropLIsts : public KviScreen {
   void RemoveRow();
   void SortRows();
   void PrintList();
-  void Leave();
 
   const std::array<List, 7> lists_;
   const List* shown_ = nullptr;

@@ -1,7 +1,9 @@
 #include "utilities/KVI_Utilities.h"
 
+#include <algorithm>
 #include <filesystem>
 
+#include "base/Flag.h"
 #include "base/Text.h"
 #include "frame/ApplyColorScheme.h"
 #include "frame/INI_SUBS.h"
@@ -17,9 +19,11 @@ namespace kvi {
 KVI_Utilities::KVI_Utilities(Application& app)
     : KviScreen(app, "KVI_Utilities", "Utilities", "Inventory - Utilities") {
   app_.profitCenters.ShowIn(pcenter);
-  pcenter.Click = [this] { TakeProfitCenter(); };
+  pcenter.Click = [this] {
+    if (!showing_) TakeProfitCenter();
+  };
   pcenter.LostFocus = [this] { LeaveProfitCenter(); };
-  exit_lab.Click = [this] { Leave(); };
+  exit_lab.Click = [this] { Exit(); };
   HandleSettings();
   HandleTasks();
 }
@@ -50,6 +54,7 @@ void KVI_Utilities::HandleTasks() {
 void KVI_Utilities::Activate() {
   ApplyColorScheme(app_, *this);
   ShowSettings();
+  ShowProfitCenter();
   directoryChanged_ = false;
 }
 
@@ -64,6 +69,14 @@ void KVI_Utilities::ShowSettings() {
   OptUseFIFO.Value = method == ValuationMethod::FIFO;
   OptUseAvg.Value = method == ValuationMethod::Weighted;
   OptUseLast.Value = method == ValuationMethod::LastPrice;
+}
+
+// Showing is not choosing. A number that no profit center has is the position that Main's combo was
+// left at.
+void KVI_Utilities::ShowProfitCenter() {
+  const Flag showing(showing_);
+  const int position = app_.profitCenters.PositionOf(app_.CurrentProfitCenter);
+  pcenter.SetListIndex(std::clamp(position, -1, pcenter.ListCount() - 1));
 }
 
 void KVI_Utilities::TakeProfitCenter() {
@@ -109,7 +122,7 @@ void KVI_Utilities::AskToResetWidths() {
     Inform("Columns widths have been reset.", "Utilities");
 }
 
-void KVI_Utilities::Leave() {
+void KVI_Utilities::Exit() {
   app_.settings.DatabasePath = dir_loc.Text;
   WriteSettings(app_);
   app_.DatabaseDirectory = dir_loc.Text;

@@ -12,6 +12,7 @@ class KVI_Utilities : public KviScreen {
   explicit KVI_Utilities(Application& app);
 
   void Activate() override;
+  void Exit() override;
   Layout Arrange() override;
 
   ComboBox pcenter{*this, "pcenter", ComboBox::Style::ListOnly};
@@ -52,14 +53,15 @@ class KVI_Utilities : public KviScreen {
   void HandleSettings();
   void HandleTasks();
   void ShowSettings();
+  void ShowProfitCenter();
   void TakeProfitCenter();
   void LeaveProfitCenter();
   void CheckDirectory();
   void AskToRevalue();
   void AskToResetWidths();
-  void Leave();
 
   bool directoryChanged_ = false;
+  bool showing_ = false;  // the combo is being set, not clicked
 };
 
 }  // namespace kvi

@@ -16,9 +16,9 @@ class SampleScreen : public Screen {
 
   Layout Arrange() override;
   void Activate() override { log.push_back("activate"); }
-  bool QueryUnload() override {
-    log.push_back("query");
-    return mayClose;
+  void Exit() override {
+    log.push_back("exit");
+    if (mayClose) CloseScreen();
   }
   void Unload() override { log.push_back("unload"); }
 

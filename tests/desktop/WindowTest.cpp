@@ -111,12 +111,12 @@ TEST_F(WindowTest, TheCloseBoxCommitsAsksAndMayBeRefused) {
   Type("9");
   sample.mayClose = false;
   desktop.WindowOf(sample)->close();
-  EXPECT_EQ(sample.TakeLog(), "edit 9, query");
+  EXPECT_EQ(sample.TakeLog(), "edit 9, leave grid, exit");
   ASSERT_NE(desktop.WindowOf(sample), nullptr);
   EXPECT_TRUE(desktop.WindowOf(sample)->isVisible());
   sample.mayClose = true;
   desktop.WindowOf(sample)->close();
-  EXPECT_EQ(sample.TakeLog(), "query, unload");
+  EXPECT_EQ(sample.TakeLog(), "leave grid, exit, unload");
   EXPECT_EQ(desktop.WindowOf(sample), nullptr);
 }
 
@@ -187,29 +187,29 @@ TEST_F(WindowTest, TheEndOfTheProcessLeavesAllLoops) {
   EXPECT_EQ(desktop.WindowOf(sample), nullptr);
 }
 
-TEST_F(WindowTest, ABoxAnswersWhatWasPressedAndEscapeIsTheCarefulAnswer) {
+TEST_F(WindowTest, ABoxIsAnsweredByItsButtonsAndEscapeOnlyWhereNothingIsLost) {
   struct {
     Buttons buttons;
-    std::optional<QMessageBox::StandardButton> press;
+    std::vector<Qt::Key> keys;
     Answer answer;
-  } const cases[] = {{Buttons::YesNo, QMessageBox::Yes, Answer::Yes},
-                     {Buttons::YesNo, std::nullopt, Answer::No},
-                     {Buttons::YesNoCancel, QMessageBox::No, Answer::No},
-                     {Buttons::YesNoCancel, std::nullopt, Answer::Cancel},
-                     {Buttons::OkCancel, std::nullopt, Answer::Cancel},
-                     {Buttons::Ok, std::nullopt, Answer::Ok}};
+    std::optional<Answer> byDefault = std::nullopt;
+  } const cases[] = {{Buttons::YesNo, {Qt::Key_Escape, Qt::Key_Return}, Answer::Yes},
+                     {Buttons::YesNo, {Qt::Key_Return}, Answer::No, Answer::No},
+                     {Buttons::YesNoCancel, {Qt::Key_Escape}, Answer::Cancel},
+                     {Buttons::OkCancel, {Qt::Key_Escape}, Answer::Cancel},
+                     {Buttons::Ok, {Qt::Key_Escape}, Answer::Ok}};
   ShowSample();
   desktop.SetPointer(MousePointer::Hourglass);
   for (const auto& test : cases) {
     Later([&] {
-      EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
-      auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
-      if (test.press)
-        box->button(*test.press)->click();
-      else
-        QTest::keyClick(box, Qt::Key_Escape);
+      EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "a box shows the usual pointer";
+      auto* box = QApplication::activeModalWidget();
+      if (test.buttons == Buttons::YesNo) box->close();
+      for (const Qt::Key key : test.keys) QTest::keyClick(box, key);
     });
-    EXPECT_EQ(desktop.MsgBox({.text = "Sure?", .buttons = test.buttons}), test.answer);
+    EXPECT_EQ(
+        desktop.MsgBox({.text = "Sure?", .buttons = test.buttons, .defaultAnswer = test.byDefault}),
+        test.answer);
   }
   EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
 }

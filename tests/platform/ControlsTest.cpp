@@ -17,7 +17,9 @@ class FormScreen : public Screen {
   Layout Arrange() override { return Column({}); }
   void Load() override { log += "load "; }
   void Activate() override { log += "activate "; }
-  bool QueryUnload() override { return mayClose; }
+  void Exit() override {
+    if (mayClose) CloseScreen();
+  }
   void Unload() override { log += "unload "; }
 
   std::string log;

@@ -6,6 +6,7 @@
 #include <QShortcutEvent>
 #include <QWidget>
 
+#include "base/Flag.h"
 #include "desktop/controls/WindowInput.h"
 #include "desktop/look/Panel.h"
 #include "desktop/look/QtText.h"
@@ -124,9 +125,8 @@ bool ControlAdapter::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ControlAdapter::Showing(const std::function<void()>& show) {
-  const bool before = std::exchange(showing_, true);
+  const Flag showing(showing_);
   show();
-  showing_ = before;
 }
 
 }  // namespace kvi

@@ -27,8 +27,8 @@ struct WindowContext {
   QWidget& window;
   std::function<QButtonGroup*(const std::string& name)> optionGroup;
   std::function<void()> colorsChanged;  // of a control; bands take theirs from their labels
-  // Runs a menu's event as if the focus had gone to the menu: edit, leave, click.
-  std::function<void(const std::function<void()>& event)> fromMenu;
+  // A menu takes no focus by itself, so that what is being typed must be handed over.
+  std::function<void()> finishEditing;
 };
 
 // Ties one widget to its control, both ways. What the control tells is shown without an echo; what

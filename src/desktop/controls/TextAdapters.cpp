@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <QWheelEvent>
 
+#include "base/Flag.h"
 #include "desktop/look/Look.h"
 #include "desktop/look/QtText.h"
 #include "platform/Gestures.h"
@@ -23,9 +24,8 @@ class QuietComboBox : public QComboBox {
  protected:
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }
   void focusOutEvent(QFocusEvent* event) override {
-    leaving_ = true;
+    const Flag leaving(leaving_);
     QComboBox::focusOutEvent(event);
-    leaving_ = false;
   }
 
  private:

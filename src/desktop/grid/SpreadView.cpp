@@ -4,9 +4,9 @@
 #include <QEvent>
 #include <QLineEdit>
 #include <QPainter>
-#include <QTimer>
 #include <algorithm>
 
+#include "base/Flag.h"
 #include "desktop/grid/GridHeading.h"
 #include "desktop/grid/SpreadDelegate.h"
 #include "desktop/look/Look.h"
@@ -60,6 +60,8 @@ SpreadView::SpreadView(Spread& grid, Hand hand, QWidget* parent)
   setWordWrap(false);
   if (auto* corner = findChild<QAbstractButton*>()) new FlatCorner(*corner);
   setFrameShape(QFrame::StyledPanel);
+  settle_.setSingleShot(true);
+  connect(&settle_, &QTimer::timeout, this, [this] { Settle(); });
   WireHeadings();
 }
 
@@ -88,18 +90,17 @@ int SpreadView::Pixels(double twips) const {
 }
 
 void SpreadView::Stale() {
-  if (std::exchange(stale_, true)) return;
-  QTimer::singleShot(0, this, [this] { Settle(); });
+  settle_.start();
 }
 
 void SpreadView::Settle() {
-  if (gone_ || !grid_.ReDraw() || (!stale_ && shownRevision_ == grid_.Revision())) return;
-  stale_ = false;
+  if (gone_ || !grid_.ReDraw() || shownRevision_ == grid_.Revision()) return;
   shownRevision_ = grid_.Revision();
-  const bool before = std::exchange(showing_, true);
-  model_.Sync();
-  SyncSizes();
-  showing_ = before;
+  {
+    const Flag showing(showing_);
+    model_.Sync();
+    SyncSizes();
+  }
   if (currentIndex() != ActiveIndex()) ShowActiveCell();
   if (grid_.SelectedBlocks().empty()) ShowSelection();
   viewport()->update();
@@ -128,26 +129,24 @@ QModelIndex SpreadView::ActiveIndex() const {
 
 void SpreadView::ShowActiveCell() {
   if (gone_) return;
-  const bool before = std::exchange(showing_, true);
+  const Flag showing(showing_);
   const QModelIndex active = ActiveIndex();
   const bool several = !grid_.SelectedBlocks().empty();
   selectionModel()->setCurrentIndex(
       active, several ? QItemSelectionModel::NoUpdate : QItemSelectionModel::ClearAndSelect);
   if (active.isValid()) scrollTo(active);
-  showing_ = before;
   viewport()->update();
 }
 
 void SpreadView::ShowSelection() {
   if (gone_) return;
-  const bool before = std::exchange(showing_, true);
+  const Flag showing(showing_);
   QItemSelection cells;
   for (const Block& block : grid_.SelectedBlocks())
     cells.select(model_.index(block.row - 1, block.col - 1),
                  model_.index(block.row2 - 1, block.col2 - 1));
   if (cells.isEmpty() && currentIndex().isValid()) cells.select(currentIndex(), currentIndex());
   selectionModel()->select(cells, QItemSelectionModel::ClearAndSelect);
-  showing_ = before;
 }
 
 void SpreadView::Forget() {

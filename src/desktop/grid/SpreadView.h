@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <QTimer>
 #include <functional>
 #include <optional>
 
@@ -81,8 +82,8 @@ class SpreadView : public QTableView {
   SpreadModel model_;
   GridHeading& headings_;
   std::optional<TypedText> typed_;
-  std::uint64_t shownRevision_ = 0;
-  bool stale_ = true;
+  std::optional<std::uint64_t> shownRevision_;  // none before the first showing
+  QTimer settle_;
   bool replacing_ = false;
   bool showing_ = false;
   bool gone_ = false;

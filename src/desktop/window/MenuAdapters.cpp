@@ -30,7 +30,8 @@ MenuItemAdapter::MenuItemAdapter(MenuItem& item, QMenu& menu, WindowContext& con
     : ControlAdapter(item, nullptr, context), item_(item), shown_(*menu.addAction("")) {
   shown_.setObjectName(ToQt(item.Name()));
   connect(&shown_, &QAction::triggered, this, [this] {
-    context_.fromMenu([this] { Hand([this](Gestures& user) { user.Click(item_); }); });
+    context_.finishEditing();
+    Hand([this](Gestures& user) { user.Click(item_); });
   });
 }
 

@@ -1,6 +1,8 @@
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -31,7 +33,48 @@ QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
   return QMessageBox::Ok;
 }
 
-// A box that is closed without a button is the most careful answer that it offers.
+QMessageBox::StandardButton ButtonOf(Answer answer) {
+  switch (answer) {
+    case Answer::Ok:
+      return QMessageBox::Ok;
+    case Answer::Cancel:
+      return QMessageBox::Cancel;
+    case Answer::Yes:
+      return QMessageBox::Yes;
+    case Answer::No:
+      break;
+  }
+  return QMessageBox::No;
+}
+
+// The toolkit takes Escape and the close box for No where there is no Cancel. No may throw away
+// what was typed, so here it is said by its button alone.
+class UsualBox : public QMessageBox {
+ public:
+  UsualBox(const Box& box, QWidget* parent)
+      : QMessageBox(NoIcon, ToQt(box.title), ToQt(box.text), ButtonsOf(box.buttons), parent),
+        needsAnswer_(box.buttons == Buttons::YesNo) {
+    if (needsAnswer_) setWindowFlag(Qt::WindowCloseButtonHint, false);
+    if (box.defaultAnswer) setDefaultButton(ButtonOf(*box.defaultAnswer));
+  }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (!needsAnswer_ || !event->matches(QKeySequence::Cancel)) QMessageBox::keyPressEvent(event);
+  }
+  void closeEvent(QCloseEvent* event) override {
+    if (needsAnswer_)
+      event->ignore();
+    else
+      QMessageBox::closeEvent(event);
+  }
+
+ private:
+  const bool needsAnswer_;
+};
+
+// A box that ends without a button, as all do when the process ends, is the most careful answer
+// that it offers.
 Answer AnswerOf(int button, Buttons offered) {
   switch (button) {
     case QMessageBox::Ok:
@@ -55,21 +98,16 @@ QWidget* QtDesktop::DialogParent() const {
   return shown_.empty() ? nullptr : shown_.back().window;
 }
 
-// A question shows the normal pointer whatever the routine that asks has set.
 int QtDesktop::RunDialog(QDialog& dialog) {
-  const bool busy = pointer_ == MousePointer::Hourglass;
-  if (busy) QApplication::setOverrideCursor(Qt::ArrowCursor);
   dialogs_.push_back(&dialog);
   const int result = dialog.exec();
   std::erase(dialogs_, &dialog);
-  if (busy) QApplication::restoreOverrideCursor();
   if (QWidget* owner = DialogParent()) owner->activateWindow();
   return result;
 }
 
 Answer QtDesktop::ShowBox(const Box& box) {
-  QMessageBox dialog(QMessageBox::NoIcon, ToQt(box.title), ToQt(box.text), ButtonsOf(box.buttons),
-                     DialogParent());
+  UsualBox dialog(box, DialogParent());
   dialog.setTextFormat(Qt::PlainText);
   dialog.setIconPixmap(BoxIcon(box.icon, dialog.devicePixelRatioF()));
   return AnswerOf(RunDialog(dialog), box.buttons);

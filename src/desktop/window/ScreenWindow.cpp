@@ -23,14 +23,16 @@ namespace kvi {
 
 namespace {
 
-// How much a control wants to be the first one; 0 is not at all.
+// How much a control wants to be the first one; 0 is not at all. What is typed into comes before
+// what is chosen from: a choice that nobody made shall not be left either.
 int FocusRank(const Control& control, bool isList) {
   switch (control.Kind()) {
     case ControlKind::Spread:
-      return isList ? 3 : 2;
+      return isList ? 4 : 3;
     case ControlKind::TextBox:
-      return static_cast<const TextBox&>(control).Locked ? 0 : 2;
+      return static_cast<const TextBox&>(control).Locked ? 0 : 3;
     case ControlKind::ComboBox:
+      return static_cast<const ComboBox&>(control).GetStyle() == ComboBox::Style::Editable ? 3 : 2;
     case ControlKind::ListBox:
     case ControlKind::OptionButton:
     case ControlKind::CheckBox:
@@ -54,7 +56,7 @@ ScreenWindow::ScreenWindow(Screen& screen, Gestures& gestures, bool modal)
                *this,
                [this](const std::string& name) { return OptionGroup(name); },
                [this] { ShowColors(); },
-               [this](const std::function<void()>& event) { FromMenu(event); }},
+               [this] { FinishEditing(); }},
       builder_(
           *this, [this](Control& control) { return Place(control); },
           [this] { input_.Hand([this](Gestures& user) { user.MoveOver(screen_); }); }) {
@@ -190,7 +192,9 @@ void ScreenWindow::SetFirstFocus() {
   for (ControlAdapter* adapter : adapters_) {
     const Control& control = adapter->Tied();
     const int rank = FocusRank(control, screen_.TakesWholeDisplay());
-    if (rank <= bestRank || !control.Visible || !control.Enabled) continue;
+    if (rank <= bestRank || !control.Enabled || adapter->Widget() == nullptr ||
+        !adapter->Widget()->isVisibleTo(this))
+      continue;
     best = adapter;
     bestRank = rank;
   }
@@ -241,32 +245,8 @@ ControlAdapter* ScreenWindow::AdapterOf(const QWidget* widget) const {
 // Another window in front, a popup or the menu bar take no focus from a control.
 void ScreenWindow::FollowFocus(const QWidget* now) {
   if (now == nullptr || now->window() != this) return;
-  const ControlAdapter* adapter = AdapterOf(now);
-  if (adapter == nullptr || &adapter->Tied() == focused_) return;
-  LeaveFocused();
-  // A box that came with the leaving may have brought the focus here already.
-  if (focused_ == &adapter->Tied()) return;
-  focused_ = &adapter->Tied();
-  EnterFocused();
-}
-
-void ScreenWindow::LeaveFocused() {
-  if (focused_ == nullptr) return;
-  Control& left = *std::exchange(focused_, nullptr);
-  input_.Hand([&](Gestures& user) { user.Leave(left); });
-}
-
-void ScreenWindow::EnterFocused() {
-  if (focused_ == nullptr) return;
-  input_.Hand([this](Gestures& user) { user.Enter(*focused_); });
-}
-
-void ScreenWindow::FromMenu(const std::function<void()>& event) {
-  const QPointer<ScreenWindow> self(this);
-  FinishEditing();
-  LeaveFocused();
-  event();
-  if (self && input_.IsOpen()) FollowFocus(focusWidget());
+  if (const ControlAdapter* adapter = AdapterOf(now))
+    input_.Hand([&](Gestures& user) { user.Enter(adapter->Tied()); });
 }
 
 }  // namespace kvi

@@ -55,9 +55,6 @@ class ScreenWindow : public QWidget, public ScreenView {
   QButtonGroup* OptionGroup(const std::string& name);
   ControlAdapter* AdapterOf(const QWidget* widget) const;
   void FollowFocus(const QWidget* now);
-  void LeaveFocused();
-  void EnterFocused();
-  void FromMenu(const std::function<void()>& event);
 
   Screen& screen_;
   AccessKeys keys_;
@@ -67,7 +64,6 @@ class ScreenWindow : public QWidget, public ScreenView {
   std::vector<ControlAdapter*> adapters_;  // owned as children
   std::map<std::string, QButtonGroup*> groups_;
   Panel* content_ = nullptr;
-  Control* focused_ = nullptr;
 };
 
 }  // namespace kvi
