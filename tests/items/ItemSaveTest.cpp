@@ -40,9 +40,10 @@ TEST_P(ItemSaveTest, WritesEveryFieldInTheFormInWhichItIsKept) {
     EXPECT_EQ(Texts(part.how_used, part.hi_qty, part.hi_cost_per), "each|1|0.00");
     EXPECT_FALSE(part.ItemDirty());
   });
-  EXPECT_EQ(Items(kAllSaved, "inv_id = '10'"),
-            "0|Loose|Bin 2|10|VBelt  Co| as it stands |box|each|case|10|1|12.5|14.5|0|1.5| |Nord|"
-            "Alpha|Omega|N7|A7|O1|dry place|20|NO|False| |2.35|0|0|0\n");
+  EXPECT_EQ(
+      Items(kAllSaved, "inv_id = '10'"),
+      "0|Loose|Bin 2|10|VBelt  Co| as it stands |box|each|case|10|1|12.5|14.5|181.25|1.5| |Nord|"
+      "Alpha|Omega|N7|A7|O1|dry place|20|NO|False| |2.35|0|0|0\n");
   WithPart(1, [&](ItemDetailScreen& part) {
     EXPECT_FALSE(part.VendorOpt3.Value) << "the third vendor is never stored as chosen";
     EXPECT_EQ(part.BarCodeScanId.Text(), "");
@@ -120,7 +121,7 @@ TEST_P(ItemSaveTest, ANumberThatStandsIsRefusedInItsFieldAndMayBeOverwrittenBySa
     }
   });
   EXPECT_EQ(Count(), "5\n");
-  EXPECT_EQ(Items("inv_id, name, how_purchased", "inv_id > '3'"), "50|Theirs|Null\n60|Over|each\n");
+  EXPECT_EQ(Items("inv_id, name, how_purchased", "inv_id > '4'"), "50|Theirs|Null\n60|Over|each\n");
 }
 
 TEST_P(ItemSaveTest, APartThatIsOpenedAfterAnAdditionWasLeftIsNoNewOne) {
