@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string>
 
-#include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "frame/BulkWalk.h"
 #include "grids/PaintingOff.h"
 
 namespace kvi {
@@ -39,15 +39,9 @@ int GridColumn(const Spread& grid, const jet::Recordset& widths) {
   return ordinal >= 1 && ordinal <= grid.MaxCols() ? static_cast<int>(ordinal) : 0;
 }
 
-void KeepWidth(jet::Recordset& widths, double width) {
-  try {
-    widths.Edit();
-  } catch (const RunTimeError& error) {
-    // Another desk kept its width since the walk read the row; the last one wins.
-    if (error.Number != 3197) throw;
-  }
+RowEnd SetWidth(jet::Recordset& widths, double width) {
   widths.Set("ColWidth", width);
-  widths.Update();
+  return RowEnd::Write;
 }
 
 }  // namespace
@@ -101,25 +95,21 @@ void LoadColumnWidths(Spread& grid, const Screen& screen, jet::Database& databas
 void SaveColumnWidths(const Spread& grid, const Screen& screen, jet::Database& database) {
   const std::string table = WidthTableOf(screen);
   if (table.empty()) return;
-  jet::WriteBatch batch(database);
-  for (auto widths = OpenWidths(database, table); !widths.Eof(); widths.MoveNext())
-    if (const int col = GridColumn(grid, widths); col > 0)
-      KeepWidth(widths, std::max(grid.ColWidth(col), kNarrowestKept));
-  batch.Finish();
+  auto widths = OpenWidths(database, table);
+  WalkAndChange(database, widths, [&](jet::Recordset& row) {
+    const int col = GridColumn(grid, row);
+    return col > 0 ? SetWidth(row, std::max(grid.ColWidth(col), kNarrowestKept)) : RowEnd::Leave;
+  });
 }
 
 bool ResetColumnWidths(jet::Database& database) {
-  jet::WriteBatch batch(database);
-  bool whole = true;
   for (const WidthTable& entry : kWidthTables) {
     auto widths = OpenWidths(database, entry.table);
     // The walk goes on from table to table only while there are rows.
-    whole = !widths.Eof();
-    if (!whole) break;
-    for (; !widths.Eof(); widths.MoveNext()) KeepWidth(widths, kResetWidth);
+    if (widths.Eof()) return false;
+    WalkAndChange(database, widths, [](jet::Recordset& row) { return SetWidth(row, kResetWidth); });
   }
-  batch.Finish();
-  return whole;
+  return true;
 }
 
 }  // namespace kvi

@@ -37,7 +37,7 @@ void ShadeGridRows(Spread& grid, bool useColors);
 void LoadColumnWidths(Spread& grid, const Screen& screen, jet::Database& database);
 // A width under 150 twips is kept as 150: a column dragged shut comes back visible.
 void SaveColumnWidths(const Spread& grid, const Screen& screen, jet::Database& database);
-// All kept widths become 1500. Stops at the first of the three tables that is empty: false then.
-bool ResetColumnWidths(jet::Database& database);
+// All kept widths become 1500. Stops at the first of the three tables that is empty; false then.
+[[nodiscard]] bool ResetColumnWidths(jet::Database& database);
 
 }  // namespace kvi

@@ -3,6 +3,7 @@
 #include "base/Number.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "frame/BulkWalk.h"
 
 namespace kvi {
 
@@ -33,20 +34,27 @@ constexpr Repair kRepairs[] = {
     {"cost_per", IsMissing, "0"},
 };
 
+// Each hole is a write of its own: one that fails leaves the row its other fillings. A row without
+// a hole is not locked.
+void RepairRow(jet::Recordset& items) {
+  for (const Repair& repair : kRepairs) {
+    const auto hasHole = [&](const jet::Recordset& row) { return repair.hole(row[repair.field]); };
+    const auto fill = [&](jet::Recordset& row) {
+      if (!hasHole(row)) return RowEnd::Leave;
+      row.Set(repair.field, repair.filling);
+      return RowEnd::Write;
+    };
+    ChangeRow(items, fill, hasHole);
+  }
+}
+
 }  // namespace
 
 void RepairItemDefaults(jet::Database& database, Desktop& desktop) {
   try {
     jet::Recordset items = database.OpenRecordset("SELECT * FROM I_Master;");
     jet::WriteBatch batch(database);
-    for (; !items.Eof(); items.MoveNext()) {
-      for (const Repair& repair : kRepairs) {
-        if (!repair.hole(items[repair.field])) continue;
-        items.Edit();
-        items.Set(repair.field, repair.filling);
-        items.Update();
-      }
-    }
+    for (; !items.Eof(); items.MoveNext()) RepairRow(items);
     batch.Finish();
   } catch (const RunTimeError& error) {
     desktop.MsgBox({.text = Str(error.Number) + " " + error.Description, .icon = Icon::Error});

@@ -4,6 +4,7 @@
 
 #include "base/Number.h"
 #include "base/RunTimeError.h"
+#include "frame/BulkWalk.h"
 #include "platform/Hourglass.h"
 
 namespace kvi {
@@ -93,12 +94,19 @@ double ValueOf(jet::Recordset& receipts, ValuationMethod method, double qty, dou
   return 0;
 }
 
-void Revalue(jet::Database& database, std::optional<ValuationMethod> method, jet::Recordset& item) {
+// A part with a history keeps its figure when no method is on.
+RowEnd Revalue(jet::Database& database, std::optional<ValuationMethod> method,
+               jet::Recordset& item) {
   const double qty = item.Number("qty_on_hand"), cost = item.Number("cost_per");
-  if (IsNothing(qty)) return item.Set("valuation", 0.0);
-  jet::Recordset receipts = Receipts(database, item.Text("Inv_id"));
-  if (receipts.Eof()) return item.Set("valuation", cost * qty);
-  if (method) item.Set("valuation", ValueOf(receipts, *method, qty, cost, LastTake::Counted));
+  double valuation = 0;
+  if (!IsNothing(qty)) {
+    jet::Recordset receipts = Receipts(database, item.Text("Inv_id"));
+    if (!receipts.Eof() && !method) return RowEnd::Leave;
+    valuation =
+        receipts.Eof() ? cost * qty : ValueOf(receipts, *method, qty, cost, LastTake::Counted);
+  }
+  item.Set("valuation", valuation);
+  return RowEnd::Write;
 }
 
 }  // namespace
@@ -123,13 +131,8 @@ void UpdateAllValuations(jet::Database& database, std::optional<ValuationMethod>
     jet::Recordset items =
         database.OpenRecordset(std::string("SELECT * FROM I_Master WHERE ") +
                                " Pcenter = " + Str(profitCenter) + " order by inv_id");
-    jet::WriteBatch batch(database);
-    for (; !items.Eof(); items.MoveNext()) {
-      items.Edit();
-      Revalue(database, method, items);
-      items.Update();
-    }
-    batch.Finish();
+    WalkAndChange(database, items,
+                  [&](jet::Recordset& item) { return Revalue(database, method, item); });
   } catch (const RunTimeError& error) {
     desktop.SetPointer(MousePointer::Default);
     Report(desktop, error);

@@ -156,10 +156,10 @@ TEST_F(ColumnWidthsTest, TheResetStopsAtTheFirstEmptyTable) {
   SetTable("CW_Inventory", {500, 600});
   SetTable("CW_Recipes", {});
   SetTable("CW_Orders", {700});
-  ResetColumnWidths(database);
+  EXPECT_FALSE(ResetColumnWidths(database));
   EXPECT_EQ(Kept("CW_Inventory") + "| " + Kept("CW_Orders"), "1500 1500 | 700 ");
   SetTable("CW_Recipes", {100});
-  ResetColumnWidths(database);
+  EXPECT_TRUE(ResetColumnWidths(database));
   EXPECT_EQ(Kept("CW_Recipes") + "| " + Kept("CW_Orders"), "1500 | 1500 ");
 }
 
