@@ -32,6 +32,7 @@ bool MakeDatabase() {
 }
 
 ScratchCopy::ScratchCopy(std::string path) : path_(std::move(path)) {
+  fs::remove(path_ + "-journal");  // of a run that was killed: it would be played back
   fs::copy_file(kDatabase, path_, fs::copy_options::overwrite_existing);
 }
 
