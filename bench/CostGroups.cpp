@@ -166,7 +166,7 @@ void CostGroups(benchmark::State& state) {
   ourSide.run();
   floorSide.run();
   if (Sum(ours.Path()) != Sum(other.Path())) return state.SkipWithError("the costs differ");
-  RunPair(state, {ourSide, floorSide, 2.0});
+  RunPair(state, {ourSide, floorSide, 1.5});
 }
 BENCHMARK(CostGroups)->Name("Cost 2,000 part groups of 20 lines")->Apply(AsPair);
 

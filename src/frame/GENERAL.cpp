@@ -29,13 +29,15 @@ std::string NextInvId(jet::Database& database) {
   return Trim(Str(items.Number("inv_id") + 1));
 }
 
+double YieldOf(const Value& stored) {
+  const double yield = ValOf(stored);
+  return yield <= 0 ? kWholeYield : yield;
+}
+
 double GetItemYield(jet::Database& database, const std::string& inv_id) {
-  constexpr double kWhole = 100;
   const jet::Recordset items =
       database.OpenRecordset("SELECT * FROM I_Master WHERE Inv_ID = '" + inv_id + "' ;");
-  if (items.Eof()) return kWhole;
-  const double yield = items.Number("Yield");
-  return yield <= 0 ? kWhole : yield;
+  return items.Eof() ? kWholeYield : YieldOf(items["Yield"]);
 }
 
 double GetItemCostPer(jet::Database& database, const std::string& inv_id) {

@@ -19,6 +19,10 @@ bool FileHasContent(const std::string& path);
 // letters counts as 0; the base record 999999 makes the next one 1000000.
 std::string NextInvId(jet::Database& database);
 
+// What a stored yield counts as, in percent: 100 for one of 0 or below.
+inline constexpr double kWholeYield = 100;
+double YieldOf(const Value& stored);
+
 // The part's yield in percent; 100 for a missing part and for a yield of 0 or below.
 double GetItemYield(jet::Database& database, const std::string& inv_id);
 

@@ -1,28 +1,40 @@
 #include "partgroups/UpdatePartGroupCosts.h"
 
 #include <functional>
-#include <optional>
 #include <string>
 
 #include "base/Number.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "frame/Application.h"
+#include "frame/BulkWalk.h"
 #include "frame/GENERAL.h"
+#include "jet/KeyedRows.h"
+#include "partgroups/PartGroupLine.h"
 #include "security/CheckAccess.h"
 
 namespace kvi {
 
 namespace {
 
-using ExtendedCost = std::function<double(const jet::Recordset& line)>;
-
 constexpr int kInvalidUseOfNull = 94;
-constexpr const char* kNestedLine = "RECIPE IN RECIPE";
 
-bool IsNested(const jet::Recordset& line) {
-  return EqualsNoCase(Trim(line.Text("desc")), kNestedLine);
-}
+// What the passes need of a part. Its cost per used unit is worked out where a line asks for it: a
+// part that has none stops nobody before.
+struct Part {
+  Value cost_per, hi_qty, hu_qty;
+  std::string how_used;
+  double yield;
+};
+using Parts = jet::KeyedRows<Part>;
+
+struct Line {
+  Value qty, cost_per;
+  std::string inv_id;
+};
+using Lines = jet::KeyedRows<Line>;
+
+using ExtendedCost = std::function<double(const Line& line)>;
 
 bool MayUpdate(const Application& app) {
   if (CheckAccess(app.AccessString, kPartGroupModule, kWriteAccess)) return true;
@@ -41,48 +53,54 @@ bool WantsToUpdate(Desktop& desktop) {
   return false;
 }
 
-// The item's cost per used unit; nothing when its units do not give one. The first quotient goes
-// through its text and keeps 15 digits.
-std::optional<double> CostPerUsedUnit(const jet::Recordset& item) {
-  if (item.Number("hu_qty") <= 0 || item["hi_qty"].IsNull()) return std::nullopt;
-  if (item["cost_per"].IsNull()) return 0;
-  const double inventoried = ValOf(Divide(item.Number("cost_per"), item.Number("hi_qty")));
-  return Divide(inventoried, ValOf(item["hu_qty"]));
+// By number, whatever the profit center: of two parts of one number the first wins.
+Parts ReadParts(jet::Recordset& items) {
+  Parts parts;
+  for (; !items.Eof(); items.MoveNext())
+    parts.Add(items["INV_ID"], {items["cost_per"], items["hi_qty"], items["hu_qty"],
+                                items.Text("how_used"), YieldOf(items["Yield"])});
+  return parts;
+}
+
+// By the number of their group alone, so groups of one number in two profit centers share them.
+Lines ReadLines(jet::Database& database) {
+  Lines lines;
+  jet::Recordset rows = database.OpenRecordset("SELECT * FROM INV_RECIPE");
+  for (; !rows.Eof(); rows.MoveNext())
+    lines.Add(rows["REC_ID"], {rows["qty"], rows["cost_per"], rows.Text("inv_id")});
+  return lines;
 }
 
 // The cost lives across the lines: one whose item gives none takes the cost of the line before it.
 // Before the first cost there is Null.
-void CostPartLines(jet::Recordset& lines, jet::Recordset& items) {
+void CostPartLines(jet::Database& database, jet::Recordset& lines, const Parts& parts) {
   Value cost;
-  for (; !lines.Eof(); lines.MoveNext()) {
-    if (IsNested(lines)) continue;
-    lines.Edit();
-    items.FindFirst("INV_ID = '" + Trim(lines.Text("inv_id")) + "'");
-    std::string unit;
-    if (items.NoMatch()) {
+  WalkAndChange(database, lines, [&](jet::Recordset& line) {
+    if (IsNestedLine(line.Text("desc"))) return RowEnd::Leave;
+    const Part* part = parts.FirstOf(Trim(line.Text("inv_id")));
+    if (!part)
       cost = 0.0;
-    } else {
-      if (const auto own = CostPerUsedUnit(items)) cost = *own;
-      unit = items.Text("how_used");
-    }
-    lines.Set("cost_per", cost);
-    lines.Set("how_used", unit);
-    lines.Update();
-  }
+    else if (const auto own = CostPerUsedUnit(part->cost_per, part->hi_qty, part->hu_qty))
+      cost = *own;
+    line.Set("cost_per", cost);
+    line.Set("how_used", part ? part->how_used : "");
+    return RowEnd::Write;
+  });
 }
 
-// Writes to each group the sum over its lines. They belong to it by their number alone, so groups
-// of one number in two profit centers share them.
-void RollUp(jet::Database& database, jet::Recordset& groups, const ExtendedCost& extendedCost) {
-  for (; !groups.Eof(); groups.MoveNext()) {
-    groups.Edit();
-    jet::Recordset lines = database.OpenRecordset("SELECT * FROM INV_RECIPE WHERE REC_ID = '" +
-                                                  groups.Text("REC_ID") + "'");
+// Writes to each group the sum over its lines, and tells the sums by the groups' numbers.
+jet::KeyedRows<double> RollUp(jet::Database& database, const ExtendedCost& extendedCost) {
+  const Lines lines = ReadLines(database);
+  jet::KeyedRows<double> costs;
+  jet::Recordset groups = database.OpenRecordset("SELECT * FROM R_MASTER");
+  WalkAndChange(database, groups, [&](jet::Recordset& group) {
     double sum = 0;
-    for (; !lines.Eof(); lines.MoveNext()) sum += extendedCost(lines);
-    groups.Set("cost", sum);
-    groups.Update();
-  }
+    for (const Line& line : lines.Of(group.Text("REC_ID"))) sum += extendedCost(line);
+    group.Set("cost", sum);
+    costs.Add(group["REC_ID"], sum);
+    return RowEnd::Write;
+  });
+  return costs;
 }
 
 double Amount(const Value& value) {
@@ -90,47 +108,37 @@ double Amount(const Value& value) {
   return value.Number();
 }
 
-// The yield enters here alone, and so reaches only what nested lines are given.
-ExtendedCost WithYield(jet::Database& database) {
-  return [&database](const jet::Recordset& line) {
-    constexpr double kWhole = 100;
-    const double plain = Amount(line["qty"]) * Amount(line["cost_per"]);
-    return plain * kWhole / GetItemYield(database, line.Text("inv_id"));
+// The yield enters here alone, and so reaches only what nested lines are given. It is found by the
+// number as it stands, where the cost is found by the trimmed one.
+ExtendedCost WithYield(const Parts& parts) {
+  return [&parts](const Line& line) {
+    const double plain = Amount(line.qty) * Amount(line.cost_per);
+    const Part* part = parts.FirstOf(line.inv_id);
+    return plain * kWholeYield / (part ? part->yield : kWholeYield);
   };
 }
 
-double WithoutYield(const jet::Recordset& line) {
-  return ValOf(line["cost_per"]) * ValOf(line["qty"]);
+double WithoutYield(const Line& line) {
+  return ValOf(line.cost_per) * ValOf(line.qty);
 }
 
-// The number of the group nested in a line. The cut is four characters short of the marker, so a
-// line that carries it finds no group and costs 0; only a bare number resolves.
-std::string NestedNumber(const std::string& inv_id) {
-  constexpr std::size_t kCut = 11;
-  const bool marked = inv_id.find(" (part group #)") != std::string::npos;
-  return marked ? Left(inv_id, Len(inv_id) - kCut) : inv_id;
-}
-
-void CostNestedLines(jet::Database& database, jet::Recordset& groups) {
+void CostNestedLines(jet::Database& database, const jet::KeyedRows<double>& groupCosts) {
   jet::Recordset lines =
       database.OpenRecordset("SELECT * FROM Inv_Recipe where desc = 'RECIPE IN RECIPE'");
-  for (; !lines.Eof(); lines.MoveNext()) {
-    lines.Edit();
-    groups.FindFirst("REC_ID = '" + NestedNumber(lines.Text("inv_id")) + "'");
-    lines.Set("cost_per", groups.NoMatch() ? Value(0.0) : groups["cost"]);
-    lines.Update();
-  }
+  WalkAndChange(database, lines, [&](jet::Recordset& line) {
+    const double* cost = groupCosts.FirstOf(NestedNumber(line.Text("inv_id")));
+    line.Set("cost_per", cost ? *cost : 0);
+    return RowEnd::Write;
+  });
 }
 
 // One roll-up, one copy into the nested lines, one roll-up: a fixed sequence, without recursion.
 void RunPasses(jet::Database& database, jet::Recordset& lines, jet::Recordset& items) {
+  const Parts parts = ReadParts(items);
   jet::WriteBatch batch(database);
-  CostPartLines(lines, items);
-  jet::Recordset groups = database.OpenRecordset("SELECT * FROM R_MASTER");
-  RollUp(database, groups, WithYield(database));
-  CostNestedLines(database, groups);
-  groups = database.OpenRecordset("SELECT * FROM R_MASTER");
-  RollUp(database, groups, WithoutYield);
+  CostPartLines(database, lines, parts);
+  CostNestedLines(database, RollUp(database, WithYield(parts)));
+  RollUp(database, WithoutYield);
   batch.Finish();
 }
 
