@@ -85,7 +85,7 @@ class KVI_UpdateInventory : public KviScreen {
   // The saving half, in KVI_UpdateInventorySave.cpp.
   bool SaveRow(int row, SaveStatements& run);
   Booking BookingOf(int row, const PartLevel& part) const;
-  void AddPurchase(const std::string& number, const Booking& booking);
+  void BookReceipt(const std::string& number, const Booking& booking);
   void FinishPurchases(bool partChanged);
 
   ShownAs Units() const { return OptPurchased.Value ? ShownAs::Purchased : ShownAs::Inventoried; }

@@ -6,6 +6,7 @@
 #include "security/CheckAccess.h"
 #include "stock/KVI_UpdateInventory.h"
 #include "store/SaveRecord.h"
+#include "valuation/AddPurchase.h"
 
 // The save of both tabs. Every listed row is written, changed or not, from the texts of its cells.
 namespace kvi {
@@ -54,7 +55,7 @@ bool KVI_UpdateInventory::SaveRow(int row, SaveStatements& run) {
     items.Set("valuation", booking.valuation);
     items.Update();
   });
-  if (tab_ == Tab::Purchase && booking.bought > 0) run([&] { AddPurchase(number, booking); });
+  if (tab_ == Tab::Purchase && booking.bought > 0) run([&] { BookReceipt(number, booking); });
   return true;
 }
 
@@ -66,16 +67,14 @@ Booking KVI_UpdateInventory::BookingOf(int row, const PartLevel& part) const {
 }
 
 // Without a profit center, and without an ordered quantity and price: those come with orders alone.
-void KVI_UpdateInventory::AddPurchase(const std::string& number, const Booking& booking) {
+void KVI_UpdateInventory::BookReceipt(const std::string& number, const Booking& booking) {
   constexpr std::size_t kToTheMinute = 10;
-  jet::Recordset& purchases = app_.PurchaseSet;
-  purchases.AddNew();
-  purchases.Set("INV_ID", number);
-  purchases.Set("p_date", app_.clock.Now().WithoutTime());
-  purchases.Set("p_qty", booking.bought);
-  purchases.Set("TRANS_NUM", "Spdy:" + Left(MakeTimeStamp(app_.clock), kToTheMinute));
-  purchases.Set("price", booking.cost_per);
-  purchases.Update();
+  AddPurchase(app_.PurchaseSet,
+              {.inv_id = number,
+               .day = app_.clock.Now(),
+               .quantity = booking.bought,
+               .price = booking.cost_per,
+               .transaction = "Spdy:" + Left(MakeTimeStamp(app_.clock), kToTheMinute)});
 }
 
 // The grid is not loaded again: the costs stay as they were typed.
