@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "base/Number.h"
 #include "base/Text.h"
 #include "frame/BulkWalk.h"
 #include "grids/PaintingOff.h"
@@ -64,6 +65,12 @@ void GoToCell(Spread& grid, int row, int col) {
   grid.GoToCell(row, col);
 }
 
+bool TakesFirstLetter(const std::string& heading) {
+  constexpr const char* kHeadings[] = {"Name",     "Category", "Description",
+                                       "Location", "#",        "Account #"};
+  return std::ranges::count(kHeadings, heading) > 0;
+}
+
 void GoToFirstLetter(Spread& grid, int column, const std::string& key) {
   const std::string letter = UCase(key);
   for (int row = 1; row <= grid.MaxRows(); ++row) {
@@ -71,6 +78,10 @@ void GoToFirstLetter(Spread& grid, int column, const std::string& key) {
     if (!Trim(cell).empty() && UCase(Left(cell, 1)) == letter)
       return GoToCell(grid, row, grid.ActiveCol());
   }
+}
+
+void ShowGridPosition(const Spread& grid, StatusBar& bar) {
+  bar.SetPanelText(1, Str(grid.ActiveRow()) + " of " + Str(grid.MaxRows()) + " records");
 }
 
 void LockGrid(Spread& grid) {

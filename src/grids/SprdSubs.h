@@ -3,6 +3,7 @@
 #include <string>
 
 #include "jet/Database.h"
+#include "platform/Controls.h"
 #include "platform/Screen.h"
 #include "platform/Spread.h"
 
@@ -19,9 +20,15 @@ void GoToFirstCell(Spread& grid);
 void GoToRow(Spread& grid, int row);
 void GoToCell(Spread& grid, int row, int col);
 
+// Whether a typed letter searches in a column of this heading, in the lists of parts. A list that
+// heads a column otherwise ("Number") has no such search in it.
+bool TakesFirstLetter(const std::string& heading);
 // Goes to the first row whose cell in the column begins with the letter of the key, whatever the
 // case of either; the active column stays. No such cell leaves everything where it is.
 void GoToFirstLetter(Spread& grid, int column, const std::string& key);
+
+// "3 of 12 records" in the first panel: the active row and the count.
+void ShowGridPosition(const Spread& grid, StatusBar& bar);
 
 // Read-only as a whole, also for rows that come later.
 void LockGrid(Spread& grid);

@@ -31,6 +31,12 @@ ItemDetailScreen::ItemDetailScreen(Application& app, const Differences& differen
   HandleLostFocus();
 }
 
+void ItemDetailScreen::OpenPart(const std::string& number) {
+  i_num.Text = number;
+  SetCaption("Detail");
+  app_.screens.ShowModal(*this);
+}
+
 void ItemDetailScreen::Prepare() {
   BlankFormulas();
 }
@@ -191,12 +197,6 @@ void ItemDetailScreen::PrintReport() {
                     {.companyTitle = app_.settings.CompanyName,
                      .today = app_.clock.Now().WithoutTime(),
                      .moneyMask = differences_.reportMask});
-}
-
-void ItemDetailScreen::PrintImage() {
-  if (!AskToPrint()) return;
-  const Hourglass busy(app_.desktop);
-  app_.desktop.PrintScreenImage(*this);
 }
 
 void ItemDetailScreen::Leave() {

@@ -23,6 +23,9 @@ class ItemDetailScreen : public KviScreen, public WorkingItem {
     const char* reportMask;    // of cost and valuation on the Detail Report; "" as shown
   };
 
+  // Shows the part until the user leaves it.
+  void OpenPart(const std::string& number);
+
   void Activate() override { LoadItemOnActivate(); }
   void EndVisit() override;
 
@@ -104,7 +107,6 @@ class ItemDetailScreen : public KviScreen, public WorkingItem {
   void SelectImage();
   void RemoveImage();
   void PrintReport();
-  void PrintImage();
   // Asks about unsaved changes. The window's own box is the Exit without the question.
   void Leave();
   // A part that was never loaded; typing a name ends it, since the caption then shows the name.

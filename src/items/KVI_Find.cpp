@@ -20,13 +20,6 @@ constexpr CallerPrompt kCallerPrompts[] = {
     {"KVI_UPDATEINVENTORY", "Enter search item to locate:"},
 };
 
-struct SortColumn {
-  const char* choice;
-  int column;
-};
-constexpr SortColumn kSortColumns[] = {
-    {"Name", 1}, {"Category", 2}, {"Location", 3}, {"#", 4}, {"Description", 5}};
-
 // Takes a grid out of sight, since each move on a visible one repaints it.
 class OutOfSight {
  public:
@@ -44,12 +37,6 @@ class OutOfSight {
 };
 
 }  // namespace
-
-int ColumnOfSortChoice(const std::string& choice) {
-  for (const SortColumn& sort : kSortColumns)
-    if (choice == sort.choice) return sort.column;
-  return 0;
-}
 
 KVI_Find::KVI_Find(Application& app)
     : KviScreen(app, "KVI_Find", "Quick Find", "Inventory - Quick Find") {

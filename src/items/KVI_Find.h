@@ -19,9 +19,6 @@ struct FindRequest {
   bool sortNote = true;  // the search follows a sort field
 };
 
-// The column of a list of parts that its sort choice names; 0 for any other text.
-int ColumnOfSortChoice(const std::string& choice);
-
 // Moves the active cell of its caller's grid to the next row whose column holds the text given. It
 // reads the cells that are there, searches once and closes; nothing of it is kept. However it is
 // left, ReturnedFromFind is set, by which the caller's activation leaves the grid alone.

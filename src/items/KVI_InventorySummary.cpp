@@ -8,7 +8,9 @@
 #include "base/Format.h"
 #include "base/Number.h"
 #include "base/Text.h"
+#include "frame/Wording.h"
 #include "grids/ExportGridToSpreadsheet.h"
+#include "grids/ItemSorts.h"
 #include "grids/PaintingOff.h"
 #include "grids/PrintScreenGrid.h"
 #include "grids/SprdSubs.h"
@@ -54,20 +56,6 @@ constexpr Column21 kColumns[] = {
 };
 constexpr int kColumnCount = static_cast<int>(std::size(kColumns));
 constexpr int kActiveColumn = 15;
-
-struct SortChoice {
-  const char *text, *order;
-};
-// "Line #" is not offered by this screen's list.
-constexpr SortChoice kSortChoices[] = {
-    {"Name", " ORDER BY name;"},
-    {"Description", " ORDER BY [desc], name;"},
-    {"Location", " ORDER BY location, name;"},
-    {"Category", " ORDER BY category, name;"},
-    {"#", " ORDER BY i_master.inv_id, name;"},
-    {"Line #", " ORDER BY account, name;"},
-};
-constexpr int kOfferedSortChoices = 5;
 
 std::string CellText(int column, const Value& value) {
   if (column == kActiveColumn) return UCase(value.Text()) == "YES" ? "Active" : "Not-Active";
@@ -131,9 +119,7 @@ void KVI_InventorySummary::Prepare() {
     Spread1.SetColWidth(col, kGridWidth / kShares[col - 1]);
 
   const Flag filling(fillingFilters_);
-  SortCombo.Clear();
-  for (int choice = 0; choice < kOfferedSortChoices; ++choice)
-    SortCombo.AddItem(kSortChoices[choice].text);
+  OfferItemSorts(SortCombo);
   SortCombo.SetListIndex(0);
   app_.PartGroupCostsStale = false;
 }
@@ -177,9 +163,7 @@ std::string KVI_InventorySummary::Query() const {
   // Only the first vendor slot is filtered.
   const std::string vendor = Trim(VendorCombo.Text());
   if (!vendor.empty() && vendor != kAllVendors) sql += " AND where1 = '" + vendor + "' ";
-  for (const SortChoice& choice : kSortChoices)
-    if (SortCombo.Text() == choice.text) return sql + choice.order;
-  return sql + kSortChoices[0].order;
+  return sql + ItemOrder(SortCombo.Text) + ";";
 }
 
 void KVI_InventorySummary::LoadItemGrid() {
@@ -224,8 +208,7 @@ void KVI_InventorySummary::ShowRefreshMode() {
 }
 
 void KVI_InventorySummary::ShowPosition() {
-  StatusBar1.SetPanelText(1,
-                          Str(Spread1.ActiveRow()) + " of " + Str(Spread1.MaxRows()) + " records");
+  ShowGridPosition(Spread1, StatusBar1);
 }
 
 void KVI_InventorySummary::FindItem() {
@@ -243,9 +226,10 @@ void KVI_InventorySummary::PrintList() {
 
 void KVI_InventorySummary::exit_is() {
   if (app_.PartGroupCostsStale) {
-    if (AskYesNo("You have made changes that could affect part group costs.\n\n"
-                 "Would you like to update part group costs at this time?",
-                 "Update Part Group Costs"))
+    if (AskYesNo("You have made changes that could affect " + kPartGroupLower +
+                     " costs.\n\nWould you like to update " + kPartGroupLower +
+                     " costs at this time?",
+                 "Update " + kPartGroup + " Costs"))
       UpdatePartGroupCosts(app_);
     app_.PartGroupCostsStale = false;
   }

@@ -23,10 +23,7 @@ void KVI_InventorySummary::OpenItem(int row) {
   app_.CurrentCategory = CatCombo.Text;
   // The detail screen steps from the active row.
   Spread1.SetActiveCell(row, Spread1.ActiveCol());
-  ItemDetailScreen& detail = DetailScreen();
-  detail.i_num.Text = Spread1.Text(row, kNumberColumn);
-  detail.SetCaption("Detail");
-  app_.screens.ShowModal(detail);
+  DetailScreen().OpenPart(Spread1.Text(row, kNumberColumn));
 }
 
 bool KVI_InventorySummary::MayWrite() {

@@ -5,7 +5,7 @@
 namespace kvi {
 
 WorkingItem::WorkingItem(Screen& screen, Vendors vendors)
-    : screen_(screen), Label24(screen, "Label24", std::string("Used in ") + kPartGroup + ":") {
+    : screen_(screen), Label24(screen, "Label24", "Used in " + kPartGroup + ":") {
   if (vendors == Vendors::WithPurchaseSize)
     LblPurchaseSize.emplace(screen_, "LblPurchaseSize", "Price per unit:");
   notes.Multiline = true;

@@ -7,8 +7,7 @@
 #include "base/Number.h"
 #include "grids/ExportGridToSpreadsheet.h"
 #include "grids/PaintingOff.h"
-#include "grids/PrintCodes.h"
-#include "grids/PrintGrid.h"
+#include "grids/PrintScreenGrid.h"
 #include "grids/SprdSubs.h"
 #include "security/CheckAccess.h"
 #include "store/SaveRecord.h"
@@ -224,12 +223,9 @@ void KVI_Invoice::RemoveAll() {
   save_changes();
 }
 
+// (An empty line stands under the title.)
 void KVI_Invoice::PrintRegister() {
-  const Hourglass busy(app_.desktop);
-  PrintGrid(app_.desktop, Spread1,
-            {.jobName = "Printing - Click Cancel to Quit",
-             .header = "/fn\"Arial\"/fz\"14\"/c" + PlainPrintText(Caption()) + "/n/c",
-             .footer = "/cPage: /p"});
+  PrintGridUnder(app_.desktop, Spread1, {Caption(), ""});
 }
 
 void KVI_Invoice::Leave(const std::string& question) {

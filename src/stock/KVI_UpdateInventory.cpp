@@ -1,11 +1,10 @@
 #include "stock/KVI_UpdateInventory.h"
 
-#include <algorithm>
-
 #include "base/Flag.h"
 #include "base/Format.h"
 #include "base/Number.h"
 #include "grids/ExportGridToSpreadsheet.h"
+#include "grids/ItemSorts.h"
 #include "grids/PaintingOff.h"
 #include "grids/PrintScreenGrid.h"
 #include "grids/SprdSubs.h"
@@ -21,14 +20,6 @@ constexpr int kRowsBeforeLoad = 500;
 // Twips.
 constexpr double kVarianceWidth = 800;
 constexpr double kNarrowVarianceWidth = 750;
-
-// Columns in which a typed letter goes to the first cell that begins with it. This screen heads its
-// part numbers otherwise, and so has no such search in them.
-bool TakesFirstLetter(const std::string& heading) {
-  constexpr const char* kHeadings[] = {"Name",     "Category", "Description",
-                                       "Location", "#",        "Account #"};
-  return std::ranges::count(kHeadings, heading) > 0;
-}
 
 }  // namespace
 
@@ -108,8 +99,7 @@ void KVI_UpdateInventory::ShowUnits() {
 }
 
 void KVI_UpdateInventory::ShowPosition() {
-  StatusBar1.SetPanelText(1,
-                          Str(Spread1.ActiveRow()) + " of " + Str(Spread1.MaxRows()) + " records");
+  ShowGridPosition(Spread1, StatusBar1);
 }
 
 // What was typed on the other tab is gone without a question.

@@ -1,8 +1,6 @@
-#include <algorithm>
-#include <iterator>
-
 #include "base/Format.h"
 #include "base/Number.h"
+#include "grids/ItemSorts.h"
 #include "grids/PaintingOff.h"
 #include "grids/SprdSubs.h"
 #include "stock/KVI_UpdateInventory.h"
@@ -28,21 +26,6 @@ constexpr TextColumn kTextColumns[] = {
     {"Description", "desc", kUsualWidth},
 };
 
-struct SortChoice {
-  const char *text, *order;
-};
-// "Line #" is not offered by this screen's list.
-constexpr SortChoice kSortChoices[] = {
-    {"Name", " ORDER BY name"},
-    {"Description", " ORDER BY [desc], name"},
-    {"Location", " ORDER BY location, name"},
-    {"Category", " ORDER BY category, name"},
-    {"#", " ORDER BY inv_id, name"},
-    {"Line #", " ORDER BY account, name"},
-};
-constexpr int kOfferedSortChoices = 5;
-constexpr const char* kLineNumber = "Line #";
-
 }  // namespace
 
 void KVI_UpdateInventory::SetUpColumns() {
@@ -57,20 +40,12 @@ void KVI_UpdateInventory::SetUpColumns() {
   for (col = kPercentColumn + 1; col <= kColumns; ++col) Spread1.SetColWidth(col, 0);
   Spread1.SetKind({1, 1, -1, kUnitColumn}, CellKind::Static);
 
-  SortCombo.Clear();
-  for (int choice = 0; choice < kOfferedSortChoices; ++choice)
-    SortCombo.AddItem(kSortChoices[choice].text);
+  OfferItemSorts(SortCombo);
 }
 
 std::string KVI_UpdateInventory::Query() const {
-  const std::string center = Str(app_.CurrentProfitCenter);
-  const std::string& choice = SortCombo.Text();
-  if (choice == kSortChoices[0].text)
-    return "SELECT * FROM I_Master where pcenter = " + center + " and active = 'YES'" +
-           kSortChoices[0].order;
-  const std::string sql = "SELECT * FROM I_Master where active = 'YES' and pcenter = " + center;
-  const auto* found = std::ranges::find(kSortChoices, choice, &SortChoice::text);
-  return found == std::end(kSortChoices) ? sql : sql + found->order;
+  return "SELECT * FROM I_Master where active = 'YES' and pcenter = " +
+         Str(app_.CurrentProfitCenter) + ItemOrder(SortCombo.Text);
 }
 
 void KVI_UpdateInventory::LoadUpdateGrid() {
@@ -114,7 +89,7 @@ void KVI_UpdateInventory::FillRow(int row, const jet::Recordset& part) {
   int col = 0;
   for (const TextColumn& column : kTextColumns)
     Spread1.SetText(row, ++col, part.Text(column.field));
-  if (SortCombo.Text() == kLineNumber)
+  if (SortCombo.Text() == kSortByLine)
     Spread1.SetText(row, kNumberColumn, part.Text("account") + "/" + part.Text("inv_id"));
   Spread1.SetText(row, kUnitColumn,
                   part.Text(Units() == ShownAs::Purchased ? "how_purchased" : "how_inv"));

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "grids/ItemSorts.h"
 #include "grids/SprdSubs.h"
 #include "items/KVI_Find.h"
 #include "items/KVI_InventorySummary.h"
