@@ -64,11 +64,14 @@ void KviScreen::SayReadOnly(const std::string& title, const std::string& secondL
   Inform(secondLine.empty() ? refusal : refusal + "\n\n" + secondLine, title);
 }
 
-bool KviScreen::AskToPrint() {
-  return AskYesNo(
-      "This is a draft/screen print only. Use the 'print system' for better quality.\n\n"
-      "Are you sure you want to print this report?",
-      "Print");
+bool KviScreen::AskToPrint(const std::string& warning) {
+  return AskYesNo(warning + "\n\nAre you sure you want to print this report?", "Print");
+}
+
+void KviScreen::PrintImage() {
+  if (!AskToPrint()) return;
+  const Hourglass busy(app_.desktop);
+  app_.desktop.PrintScreenImage(*this);
 }
 
 }  // namespace kvi

@@ -39,8 +39,12 @@ class KviScreen : public Screen {
   // and under which title, is as their users know them.
   void SayReadOnly(const std::string& title = "Kestvar Inventory",
                    const std::string& secondLine = "Changes NOT Saved");
-  // The question that stands before every draft print.
-  bool AskToPrint();
+  // The question that stands before every draft print; a few screens warn in other words.
+  bool AskToPrint(const std::string& warning =
+                      "This is a draft/screen print only. Use the 'print system' for better "
+                      "quality.");
+  // Asks, and prints the screen as it stands.
+  void PrintImage();
 
   Application& app_;
   ProductBanner banner_;

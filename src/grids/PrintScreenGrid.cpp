@@ -7,13 +7,19 @@
 
 namespace kvi {
 
+void PrintGridUnder(Desktop& desktop, const Spread& grid, const std::vector<std::string>& lines) {
+  const Hourglass busy(desktop);
+  std::string header = "/fn\"Arial\"/fz\"14\"/c";
+  for (std::size_t line = 0; line < lines.size(); ++line)
+    header += (line == 0 ? "" : "/n/c") + PlainPrintText(lines[line]);
+  PrintGrid(
+      desktop, grid,
+      {.jobName = "Printing - Click Cancel to Quit", .header = header, .footer = "/cPage: /p"});
+}
+
 void PrintScreenGrid(Application& app, const Screen& screen, const Spread& grid) {
-  const Hourglass busy(app.desktop);
-  PrintGrid(app.desktop, grid,
-            {.jobName = "Printing - Click Cancel to Quit",
-             .header = "/fn\"Arial\"/fz\"14\"/c" + PlainPrintText(app.settings.CompanyName) +
-                       "/n/c" + screen.Caption() + "/n/c" + Str(app.clock.Now().WithoutTime()),
-             .footer = "/cPage: /p"});
+  PrintGridUnder(app.desktop, grid,
+                 {app.settings.CompanyName, screen.Caption(), Str(app.clock.Now().WithoutTime())});
 }
 
 }  // namespace kvi
