@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "frame/Application.h"
+#include "store/SaveRecord.h"
 
 namespace kvi {
 
@@ -35,10 +36,11 @@ void FillDropDown(jet::Database& database, ComboBox& combo, const std::string& t
 }
 
 void LoadDropLists(Application& app) {
+  const LoadStatements run(app.desktop);
   for (const char* table : kListTables)
     for (const auto& held : app.DropListCombos)
-      if (held.table == table) FillDropDown(app.CurrentDatabase, *held.combo, table);
-  FillVendors(app);
+      if (held.table == table) run([&] { FillDropDown(app.CurrentDatabase, *held.combo, table); });
+  run([&] { FillVendors(app); });
 }
 
 }  // namespace kvi

@@ -14,7 +14,8 @@ class Application;
 void FillDropDown(jet::Database& database, ComboBox& combo, const std::string& table);
 
 // Fills the combos that hold a drop list for as long as the program runs. The vendors stand there
-// in table order, unlike those of FillDropDown.
+// in table order, unlike those of FillDropDown. A table that cannot be read is told, and costs its
+// own combos alone.
 void LoadDropLists(Application& app);
 
 }  // namespace kvi

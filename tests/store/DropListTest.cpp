@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "base/RunTimeError.h"
 #include "items/KVI_ChooseVendors.h"
+#include "items/KVI_InventoryDetail.h"
 #include "store/DropDown.h"
+#include "store/Schema.h"
 #include "support/TestStockroom.h"
 #include "utilities/KVI_GetILocation.h"
 #include "utilities/KVI_ManageDropLIsts.h"
@@ -20,18 +23,14 @@ class DropListTest : public ::testing::Test {
   // Opens the screen as a user does, through Utilities, and closes both afterwards.
   void Manage(std::function<void(KVI_ManageDropLIsts&)> user, const std::string& rights = "") {
     ASSERT_TRUE(stockroom.Start(rights));
-    stockroom.desktop.ExpectScreen("KVI_Utilities", [this, user] {
-      auto& utilities = stockroom.App().Get<KVI_Utilities>();
+    stockroom.InUtilities([this, user](auto& utilities) {
       stockroom.desktop.ExpectScreen("KVI_ManageDropLIsts", [this, user] {
         auto& screen = stockroom.App().Get<KVI_ManageDropLIsts>();
         user(screen);
         stockroom.user().Click(screen.exit_lab);
       });
       stockroom.user().Click(utilities.Command1);
-      stockroom.user().Click(utilities.exit_lab);
     });
-    stockroom.user().Click(stockroom.MainScreen().Label7);
-    stockroom.desktop.AllCame();
   }
   std::string First(const KVI_ManageDropLIsts& screen, int rows) {
     std::string text;
@@ -53,6 +52,20 @@ TEST_F(DropListTest, ALongListIsFilledDistinctTrimmedAndInOrder) {
   const auto& standing = stockroom.App().Get<KVI_ChooseVendors>().where1;
   EXPECT_EQ(standing.Items(), (std::vector<std::string>{"Zeta", "Alpha", "Nord"}))
       << "standing vendor combos keep the table's order";
+}
+
+TEST_F(DropListTest, AListThatCannotBeReadCostsItsOwnCombosAlone) {
+  ASSERT_TRUE(stockroom.Start());
+  std::vector<jet::TableDef> tables = Schema();
+  std::erase_if(tables, [](const jet::TableDef& table) { return table.Name == "DD_category"; });
+  stockroom.App().CurrentDatabase = jet::Database::Create(stockroom.folder / "old.mdb", tables);
+  stockroom.Fill("DD_inv_loc", "Description\n Shelf");
+  stockroom.Fill("Vendor_Info", "Name\n Omega");
+  stockroom.desktop.ExpectBox("3078 " + DescriptionOf(3078) + " (DD_category)");
+  LoadDropLists(stockroom.App());
+  auto& part = stockroom.App().Get<KVI_InventoryDetail>();
+  EXPECT_EQ(part.category.ListCount(), 0);
+  EXPECT_EQ(part.location.List(0) + part.where1.List(0), "ShelfOmega");
 }
 
 TEST_F(DropListTest, TheScreenOpensOnLocationsAndSavesTheListWhole) {
