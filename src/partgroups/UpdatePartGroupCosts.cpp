@@ -9,6 +9,7 @@
 #include "frame/Application.h"
 #include "frame/BulkWalk.h"
 #include "frame/GENERAL.h"
+#include "frame/Wording.h"
 #include "jet/KeyedRows.h"
 #include "partgroups/PartGroupLine.h"
 #include "security/CheckAccess.h"
@@ -38,14 +39,14 @@ using ExtendedCost = std::function<double(const Line& line)>;
 
 bool MayUpdate(const Application& app) {
   if (CheckAccess(app.AccessString, kPartGroupModule, kWriteAccess)) return true;
-  app.desktop.MsgBox({.text = "Current security clearance is READ ONLY for part groups.\n\n"
-                              "Changes NOT Saved"});
+  app.desktop.MsgBox({.text = "Current security clearance is READ ONLY for " + kPartGroupsLower +
+                              ".\n\nChanges NOT Saved"});
   return false;
 }
 
 bool WantsToUpdate(Desktop& desktop) {
-  if (desktop.MsgBox({.text = "This option will update all of your part groups to the latest "
-                              "costs.  \n\nAre you sure you want to continue?",
+  if (desktop.MsgBox({.text = "This option will update all of your " + kPartGroupsLower +
+                              " to the latest costs.  \n\nAre you sure you want to continue?",
                       .buttons = Buttons::YesNo,
                       .icon = Icon::Question}) == Answer::Yes)
     return true;
@@ -153,7 +154,7 @@ void UpdatePartGroupCosts(Application& app) {
   const bool hasLines = !(lines.Bof() && lines.Eof());
   if (hasLines) RunPasses(app.CurrentDatabase, lines, app.ItemSet);
   app.desktop.SetPointer(MousePointer::Default);
-  if (hasLines) app.desktop.MsgBox({.text = "Part Groups updated."});
+  if (hasLines) app.desktop.MsgBox({.text = kPartGroups + " updated."});
 }
 
 }  // namespace kvi

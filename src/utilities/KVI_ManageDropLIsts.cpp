@@ -4,7 +4,7 @@
 #include "frame/NotBuiltYet.h"
 #include "frame/Wording.h"
 #include "grids/PaintingOff.h"
-#include "grids/PrintGrid.h"
+#include "grids/PrintScreenGrid.h"
 #include "grids/SprdSubs.h"
 #include "security/CheckAccess.h"
 #include "store/DropDown.h"
@@ -58,7 +58,7 @@ void KVI_ManageDropLIsts::Prepare() {
 
 void KVI_ManageDropLIsts::Activate() {
   o_iil.Value = true;
-  o_rc.Caption = std::string(kPartGroup) + " Category";
+  o_rc.Caption = kPartGroup + " Category";
 }
 
 void KVI_ManageDropLIsts::ShowList(const List& list) {
@@ -130,12 +130,7 @@ void KVI_ManageDropLIsts::SortRows() {
 }
 
 void KVI_ManageDropLIsts::PrintList() {
-  if (!AskToPrint()) return;
-  const Hourglass busy(app_.desktop);
-  PrintGrid(app_.desktop, Spread1,
-            {.jobName = "Printing - Click Cancel to Quit",
-             .header = "/fn\"Arial\"/fz\"14\"/cKestvar Inventory",
-             .footer = "/cPage: /p"});
+  if (AskToPrint()) PrintGridUnder(app_.desktop, Spread1, {"Kestvar Inventory"});
 }
 
 void KVI_ManageDropLIsts::Exit() {

@@ -8,6 +8,7 @@
 #include "frame/ApplyColorScheme.h"
 #include "frame/INI_SUBS.h"
 #include "frame/NotBuiltYet.h"
+#include "frame/Wording.h"
 #include "grids/SprdSubs.h"
 #include "partgroups/UpdatePartGroupCosts.h"
 #include "store/OpenInventoryDatabase.h"
@@ -115,7 +116,8 @@ void KVI_Utilities::AskToRevalue() {
 
 void KVI_Utilities::AskToResetWidths() {
   if (!AskYesNo("This will reset the spreadsheet column widths to default values for the "
-                "Inventory Summary, \nPart Group, and Par Order screens.  Continue?",
+                "Inventory Summary, \n" +
+                    kPartGroup + ", and Par Order screens.  Continue?",
                 "Utilities"))
     return;
   if (ResetColumnWidths(app_.CurrentDatabase))

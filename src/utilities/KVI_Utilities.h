@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/KviScreen.h"
+#include "frame/Wording.h"
 
 namespace kvi {
 
@@ -39,9 +40,11 @@ class KVI_Utilities : public KviScreen {
   Button Command4{*this, "Command4", "Switch all inv. items to non-active"};
   Button Command6{*this, "Command6", "Switch all inv. items to corp."};
   Button Command7{*this, "Command7", "Switch all inv. items to non-corp."};
-  Button cmdUpdateRecipeCosts{*this, "cmdUpdateRecipeCosts", "Update all part group costs"};
-  Button cmdUpdateRecipeItems{*this, "cmdUpdateRecipeItems", "Update part group items"};
-  Button cmdDeleteAllRecipes{*this, "cmdDeleteAllRecipes", "Delete all part groups"};
+  Button cmdUpdateRecipeCosts{*this, "cmdUpdateRecipeCosts",
+                              "Update all " + kPartGroupLower + " costs"};
+  Button cmdUpdateRecipeItems{*this, "cmdUpdateRecipeItems",
+                              "Update " + kPartGroupLower + " items"};
+  Button cmdDeleteAllRecipes{*this, "cmdDeleteAllRecipes", "Delete all " + kPartGroupsLower};
   Button cmdDeleteAllItems{*this, "cmdDeleteAllItems", "Delete inventory"};
   Button ZeroBtn{*this, "ZeroBtn", "Zero out all inventory"};
   Button cmdColWidth{*this, "cmdColWidth", "Reset spreadsheet column widths"};

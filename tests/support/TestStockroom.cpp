@@ -6,6 +6,7 @@
 #include "platform/IniFile.h"
 #include "store/Schema.h"
 #include "support/TableText.h"
+#include "utilities/KVI_Utilities.h"
 
 namespace kvi::test {
 
@@ -71,6 +72,16 @@ Application& TestStockroom::App() {
 Gestures& TestStockroom::user() {
   EXPECT_TRUE(user_) << "the program was not started";
   return *user_;
+}
+
+void TestStockroom::InUtilities(const std::function<void(KVI_Utilities&)>& act) {
+  auto& utilities = App().Get<KVI_Utilities>();
+  desktop.ExpectScreen("KVI_Utilities", [&] {
+    act(utilities);
+    user().Click(utilities.exit_lab);
+  });
+  user().Click(MainScreen().Label7);
+  desktop.AllCame();
 }
 
 bool TestStockroom::Exit() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -9,6 +10,10 @@
 #include "start/Main.h"
 #include "support/ScriptedDesktop.h"
 #include "support/TemporaryFolder.h"
+
+namespace kvi {
+class KVI_Utilities;
+}
 
 namespace kvi::test {
 
@@ -46,6 +51,8 @@ class TestStockroom {
   Main& MainScreen() { return App().Get<Main>(); }
   // Ends the process by the Exit tile; true when it did.
   bool Exit();
+  // Opens Utilities by its tile, runs the user's acts there and leaves it by its label.
+  void InUtilities(const std::function<void(KVI_Utilities&)>& act);
 
   TemporaryFolder folder;
   ScriptedDesktop desktop;

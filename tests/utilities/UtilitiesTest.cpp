@@ -9,20 +9,12 @@ namespace {
 
 class UtilitiesTest : public ::testing::Test {
  protected:
-  void Open(std::function<void(KVI_Utilities&)> user) {
-    stockroom.desktop.ExpectScreen("KVI_Utilities", [this, user] {
-      user(stockroom.App().Get<KVI_Utilities>());
-      stockroom.user().Click(stockroom.App().Get<KVI_Utilities>().exit_lab);
-    });
-    stockroom.user().Click(stockroom.MainScreen().Label7);
-    stockroom.desktop.AllCame();
-  }
   TestStockroom stockroom;
 };
 
 TEST_F(UtilitiesTest, EachChangeCountsAtOnceAndIsInTheFileOnLeaving) {
   ASSERT_TRUE(stockroom.Start());
-  Open([&](auto& screen) {
+  stockroom.InUtilities([&](auto& screen) {
     EXPECT_TRUE(screen.OptUseFIFO.Value);
     EXPECT_EQ(screen.co_title.Text(), "Harbour Works");
     stockroom.user().Type(screen.co_title, "Quay 7");
@@ -42,7 +34,7 @@ TEST_F(UtilitiesTest, EachChangeCountsAtOnceAndIsInTheFileOnLeaving) {
 TEST_F(UtilitiesTest, AClickTakesTheNumberOfTheProfitCenterAndLeavingItsPosition) {
   stockroom.Fill("I_Master", "inv_id | pcenter | name\n 1 | 4 | Bolt\n 2 | 1 | Nut");
   ASSERT_TRUE(stockroom.Start());
-  Open([&](auto& screen) {
+  stockroom.InUtilities([&](auto& screen) {
     stockroom.user().Tick(screen.use_security);
     stockroom.user().Choose(screen.pcenter, 1);
     EXPECT_FALSE(screen.use_security.Value) << "nobody could sign in";
@@ -56,7 +48,7 @@ TEST_F(UtilitiesTest, AClickTakesTheNumberOfTheProfitCenterAndLeavingItsPosition
 
 TEST_F(UtilitiesTest, AFolderWithoutTheDatabaseIsNotTaken) {
   ASSERT_TRUE(stockroom.Start());
-  Open([&](auto& screen) {
+  stockroom.InUtilities([&](auto& screen) {
     stockroom.user().Type(screen.dir_loc, "/nowhere");
     stockroom.desktop.ExpectBox("There is a problem locating KV_Inventory.mdb.");
     stockroom.user().Leave(screen.dir_loc);
@@ -74,7 +66,7 @@ TEST_F(UtilitiesTest, ColumnWidthsAreResetAfterAQuestion) {
   const std::string question =
       "This will reset the spreadsheet column widths to default values for the Inventory Summary, "
       "\nPart Group, and Par Order screens.  Continue?";
-  Open([&](auto& screen) {
+  stockroom.InUtilities([&](auto& screen) {
     stockroom.desktop.ExpectBox(question, Answer::No, "Utilities");
     stockroom.user().Click(screen.cmdColWidth);
     stockroom.desktop.ExpectBox(question, Answer::Yes, "Utilities");

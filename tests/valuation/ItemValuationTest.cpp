@@ -172,8 +172,7 @@ TEST(Valuations, UtilitiesRenewThemAfterAQuestionByTheMethodOfTheMoment) {
       "This option will update all valuations using the selected valuation method.  \n\n"
       "Are you sure you want to continue?";
   const auto valuation = [&] { return stockroom.Rows("SELECT valuation FROM I_Master"); };
-  stockroom.desktop.ExpectScreen("KVI_Utilities", [&] {
-    auto& screen = stockroom.App().Get<KVI_Utilities>();
+  stockroom.InUtilities([&](auto& screen) {
     stockroom.desktop.ExpectBox(question, Answer::No, "KV Inventory");
     stockroom.user().Click(screen.cmdUpdateAllValuations);
     EXPECT_EQ(valuation(), "0\n");
@@ -183,10 +182,7 @@ TEST(Valuations, UtilitiesRenewThemAfterAQuestionByTheMethodOfTheMoment) {
     stockroom.user().Click(screen.cmdUpdateAllValuations);
     EXPECT_EQ(valuation(), "7\n");
     stockroom.user().Choose(screen.OptUseFIFO);
-    stockroom.user().Click(screen.exit_lab);
   });
-  stockroom.user().Click(stockroom.MainScreen().Label7);
-  stockroom.desktop.AllCame();
   // Opening the reports renews them without a word.
   stockroom.desktop.ExpectBox("\"Reports & Analysis\" is not part of this version yet.");
   stockroom.desktop.Meanwhile([&] { EXPECT_EQ(valuation(), "4\n"); });
