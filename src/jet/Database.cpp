@@ -91,17 +91,12 @@ long Database::Execute(std::string_view sql) {
   const auto query = engine.QueryOf(sql);
   if (query->translation.kind != Translation::Kind::Action) throw RunTimeError(3065);
   long count = 0;
-  engine.lock.Begin();
-  try {
+  engine.lock.Run([&] {
     StatementRun run(engine.connection, query->translation.Sql);
     run.BindAll(query->translation.Parameters);
     run.Step();
     count = sqlite3_changes(engine.connection.Handle());
-  } catch (...) {
-    engine.lock.Abandon();
-    throw;
-  }
-  engine.lock.End();
+  });
   if (count > 0) engine.watch.Distrust();
   return count;
 }
@@ -115,15 +110,28 @@ std::vector<TableDef> Database::TableDefs() {
 void Database::AppendField(std::string_view table, const FieldDef& field) {
   Engine& engine = Required(engine_);
   engine.Look();
-  engine.lock.Begin();
-  try {
-    engine.schema.AppendField(table, field);
-  } catch (...) {
-    engine.lock.Abandon();
-    throw;
-  }
-  engine.lock.End();
+  engine.lock.Run([&] { engine.schema.AppendField(table, field); });
   engine.ForgetSchema();
+}
+
+void Database::WriteAtOnce(const std::function<void()>& work) {
+  Engine& engine = Required(engine_);
+  if (engine.lock.InBatch()) throw RunTimeError(5);
+  for (;;) {
+    try {
+      engine.lock.EnterBatch(true);
+      const LeavingBatch leaving{engine.lock};
+      work();
+      engine.lock.CommitGroup();
+      return;
+    } catch (const RunTimeError& error) {
+      if (error.Number != 3260 || !engine.connection.AskToWait()) throw;
+    }
+  }
+}
+
+void Database::OnLocked(std::function<bool()> ask) {
+  Required(engine_).connection.OnLocked = std::move(ask);
 }
 
 void Database::GiveBackLocks() {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "jet/NotWaiting.h"
 #include "jet/Recordset.h"
 #include "jet/TableDef.h"
 
@@ -52,8 +53,20 @@ class Database {
   // Appends a field; raises 3191 when the table has it already, 3265 for an unknown table.
   void AppendField(std::string_view table, const FieldDef& field);
 
+  // Writes what belongs together: all of it or nothing. A lock that lasts takes back what `work`
+  // wrote and, where OnLocked goes on waiting, runs it again, on what the other desk left. Not
+  // within a WriteBatch or another one (5).
+  void WriteAtOnce(const std::function<void()>& work);
+
+  // Who is asked when another desk's lock lasts, in every statement that may meet one: true goes
+  // on waiting, without a limit; false raises NotWaiting. Nothing is held meanwhile. While it is
+  // set, Edit raises no 3197: whoever waits for others writes over what they left. An empty
+  // function asks nobody: then a lock that lasts is 3260.
+  void OnLocked(std::function<bool()> ask);
+
   // Called before the program waits for a person: whatever is held in the file is given back. An
-  // open WriteBatch commits what it has; an edit in progress gives its lock up and takes it again
+  // open WriteBatch commits what it has, and fails later where it cannot; what is written at once
+  // is taken back, and its writing fails. An edit in progress gives its lock up and takes it again
   // at Update. If the row changed meanwhile, the last writer wins: Update writes the fields that
   // were set over the other desk's, and leaves the others as they are now.
   void GiveBackLocks();
@@ -70,16 +83,12 @@ bool IsJetFile(const std::string& path);
 
 // A bulk pass: while one lives, rows are committed in groups of at most 100 ms, with a pause of
 // 5 ms between groups for the other desks. What was written stays when the pass fails: the
-// destructor commits the rest (a failure there is swallowed; call Finish() to see it). Nesting
-// joins the outer batch.
-//
-// One that rewrites a table AtOnce is a single group: a table is never left emptied or half
-// written. Without Finish() it is as it was.
+// destructor commits the rest (a failure there takes the last group back and is swallowed; call
+// Finish() to see it). Nesting joins the outer batch. A lock that lasts is 3260 and asks nobody
+// once a group has begun.
 class WriteBatch {
  public:
-  enum class Commit { InGroups, AtOnce };
-
-  explicit WriteBatch(Database& database, Commit commit = Commit::InGroups);
+  explicit WriteBatch(Database& database);
   ~WriteBatch();
   WriteBatch(const WriteBatch&) = delete;
   WriteBatch& operator=(const WriteBatch&) = delete;
@@ -89,7 +98,6 @@ class WriteBatch {
 
  private:
   std::shared_ptr<Engine> engine_;
-  const Commit commit_;
   bool finished_ = false;
 };
 

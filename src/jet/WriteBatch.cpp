@@ -4,29 +4,25 @@
 
 namespace kvi::jet {
 
-WriteBatch::WriteBatch(Database& database, Commit commit)
-    : engine_(database.engine_), commit_(commit) {
+WriteBatch::WriteBatch(Database& database) : engine_(database.engine_) {
   if (!engine_) throw RunTimeError(3420);
   engine_->RequireOpen();
-  engine_->lock.EnterBatch(commit_ == Commit::AtOnce);
+  engine_->lock.EnterBatch(false);
 }
 
 WriteBatch::~WriteBatch() {
-  if (finished_) return;
   try {
-    if (commit_ == Commit::AtOnce) engine_->lock.DropGroup();
     Finish();
   } catch (const RunTimeError&) {
     // What Finish() would have told; the pass failed already or did not care.
   }
-  if (!finished_) engine_->lock.LeaveBatch();
 }
 
 void WriteBatch::Finish() {
   if (finished_) return;
-  if (engine_->IsOpen() && engine_->lock.IsOutermostBatch()) engine_->lock.CommitGroup();
-  engine_->lock.LeaveBatch();
   finished_ = true;
+  const LeavingBatch leaving{engine_->lock};
+  if (engine_->IsOpen() && engine_->lock.IsOutermostBatch()) engine_->lock.CommitGroup();
 }
 
 }  // namespace kvi::jet

@@ -116,17 +116,99 @@ TEST_F(SharingTest, WhileAPersonThinksNothingIsHeldAndTheLastWriterWins) {
   EXPECT_EQ(ErrorOf([&] { set.Update(); }), 3167);
 }
 
-TEST_F(SharingTest, ARowWrittenDuringAnEditIsCommittedAndTheEditKeepsItsLock) {
+TEST_F(SharingTest, ARowWrittenDuringAnEditIsCommittedAndTheEditTakesItsLockAgain) {
   AddParts(1);
   Recordset edited = db_.OpenRecordset(kParts), added = db_.OpenRecordset(kParts);
   edited.Edit();
+  edited.Set("name", "Ours");
   added.AddNew();
   added.Set("inv_id", "2");
   added.Update();
-  EXPECT_EQ(RawFile(path_).Ask("BEGIN IMMEDIATE"), "database is locked");
+  EXPECT_EQ(other_.Execute("UPDATE I_Master SET qty = 100 WHERE inv_id = '1'"), 1);
+  edited.Update();
+  EXPECT_EQ(Rows(kParts, "name qty"), "Null|Null\nOurs|100\n");
+  other_.Execute("UPDATE I_Master SET qty = 200 WHERE inv_id = '1'");
+  EXPECT_EQ(ErrorOf([&] { edited.Edit(); }), 3197) << "no change of theirs goes unnoticed";
   edited.CancelUpdate();
-  EXPECT_EQ(RowsOf(other_, kParts, "inv_id"), "2\n1\n");
-  EXPECT_EQ(other_.Execute("DELETE * FROM I_Master"), 2);
+}
+
+// Whoever waits is asked with nothing held, and what they write adds to what the others left.
+TEST_F(SharingTest, ALockThatLastsAsksAndTheStatementRunsAgain) {
+  AddParts(2);
+  const auto reader = std::make_unique<RawFile>(path_);
+  const auto asks = [&](auto&& write) {
+    reader->Ask("BEGIN;SELECT * FROM I_Master");  // no commit passes it
+    int questions = 0;
+    db_.OnLocked([&] {
+      reader->Ask("ROLLBACK");
+      EXPECT_EQ(RawFile(path_).Ask("UPDATE I_Master SET qty = 100 WHERE inv_id = '1'"), "");
+      return ++questions == 1;
+    });
+    write();
+    db_.OnLocked({});
+    return questions;
+  };
+  Recordset set = db_.OpenRecordset(kParts);
+  const auto add = [&] {
+    set.MoveFirst();
+    set.Edit();
+    set.Set("qty", set.Number("qty") + 1);
+    set.Update();
+  };
+  EXPECT_EQ(asks([&] { db_.WriteAtOnce(add); }), 1);
+  EXPECT_EQ(Rows(kParts, "qty"), "101\n10\n");
+  EXPECT_EQ(asks([&] { db_.Execute("UPDATE I_Master SET qty = qty + 1"); }), 1);
+  EXPECT_EQ(Rows(kParts, "qty"), "101\n11\n");
+  EXPECT_EQ(asks(add), 1);  // computed before the lock was met: the last writer wins
+  EXPECT_EQ(Rows(kParts, "qty"), "102\n11\n");
+
+  RawFile writer(path_);
+  writer.Ask("PRAGMA cache_size=1;BEGIN EXCLUSIVE");
+  db_.OnLocked([] { return false; });
+  EXPECT_THROW(db_.OpenRecordset("SELECT * FROM I_Master WHERE qty = 3"), NotWaiting);
+  EXPECT_THROW(db_.WriteAtOnce(add), NotWaiting);
+}
+
+TEST_F(SharingTest, ABatchThatCannotCommitHoldsNothingAndTells) {
+  AddParts(2);
+  RawFile reader(path_);
+  reader.Ask("BEGIN;SELECT * FROM I_Master");
+  Recordset set = db_.OpenRecordset(kParts);
+  const auto write = [&] {
+    set.Edit();
+    set.Set("qty", 1);
+    set.Update();
+  };
+  {
+    WriteBatch batch(db_);
+    write();
+    EXPECT_EQ(ErrorOf([&] { batch.Finish(); }), 3260);
+    EXPECT_EQ(RawFile(path_).Ask("BEGIN IMMEDIATE;SELECT qty FROM I_Master"), "10.0\n10.0\n");
+  }
+  {
+    WriteBatch batch(db_);
+    write();
+    db_.GiveBackLocks();
+    EXPECT_EQ(RawFile(path_).Ask("BEGIN IMMEDIATE"), "");
+    EXPECT_EQ(ErrorOf(write), 3260) << "the batch cannot go on as if it had written";
+  }
+  reader.Ask("ROLLBACK");
+  // A box amid what belongs together leaves nothing of it.
+  EXPECT_EQ(ErrorOf([&] {
+              db_.WriteAtOnce([&] {
+                write();
+                db_.GiveBackLocks();
+              });
+            }),
+            3034);
+  EXPECT_EQ(ErrorOf([&] {
+              const WriteBatch batch(db_);
+              db_.WriteAtOnce(write);
+            }),
+            5);
+  EXPECT_EQ(Rows(kParts, "qty"), "10\n10\n");
+  write();
+  EXPECT_EQ(RowsOf(other_, kParts, "qty"), "1\n10\n");
 }
 
 TEST_F(SharingTest, ABatchKeepsWhatWasWrittenBeforeItFailed) {

@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "base/RunTimeError.h"
+#include "jet/NotWaiting.h"
 #include "jet/engine/EngineError.h"
 #include "jet/engine/JetFile.h"
 #include "jet/functions/JetFunctions.h"
@@ -162,6 +163,16 @@ bool Connection::InTransaction() const {
   return sqlite3_get_autocommit(db_) == 0;
 }
 
+bool Connection::HoldsNothing() const {
+  return sqlite3_txn_state(db_, "main") == SQLITE_TXN_NONE;
+}
+
+bool Connection::AskToWait() const {
+  if (!OnLocked || !HoldsNothing()) return false;
+  if (!OnLocked()) throw NotWaiting{};
+  return true;
+}
+
 void Connection::Finalize::operator()(sqlite3_stmt* statement) const {
   sqlite3_finalize(statement);
 }
@@ -173,8 +184,12 @@ sqlite3_stmt* Connection::Prepared(std::string_view sql) {
     std::erase_if(statements_,
                   [](const auto& entry) { return sqlite3_stmt_busy(entry.second.get()) == 0; });
   sqlite3_stmt* statement = nullptr;
-  const int code = sqlite3_prepare_v3(db_, sql.data(), static_cast<int>(sql.size()),
-                                      SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+  int code = SQLITE_OK;
+  // (Where another desk changed tables, the first use reads the file.)
+  do
+    code = sqlite3_prepare_v3(db_, sql.data(), static_cast<int>(sql.size()),
+                              SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+  while (IsBusy(code) && AskToWait());
   if (code != SQLITE_OK) Fail(code);
   return statements_.emplace(sql, Statement(statement)).first->second.get();
 }

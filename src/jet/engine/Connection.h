@@ -47,7 +47,15 @@ class Connection {
   bool IsReadOnly() const { return readOnly_; }
   bool IsExclusive() const { return exclusive_; }
   bool InTransaction() const;
+  // No lock on the file, whether a transaction was begun or not.
+  bool HoldsNothing() const;
   void Close();
+
+  // Asked when a lock that another desk holds has lasted for kLockWait: true goes on waiting.
+  std::function<bool()> OnLocked;
+  // False where nobody is to be asked, or must not be as we hold a lock ourselves. Raises
+  // NotWaiting for a No.
+  bool AskToWait() const;
 
   sqlite3* Handle() const { return db_; }
   sqlite3_file* File() const { return file_; }

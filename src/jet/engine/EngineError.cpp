@@ -114,6 +114,10 @@ int NumberOf(sqlite3* connection, int code) {
 
 }  // namespace
 
+bool IsBusy(int code) {
+  return (code & 0xFF) == SQLITE_BUSY;
+}
+
 void RaiseEngineError(sqlite3* connection, int code) {
   const int extended = sqlite3_extended_errcode(connection);
   if ((extended & 0xFF) == (code & 0xFF)) code = extended;

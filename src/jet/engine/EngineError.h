@@ -6,6 +6,9 @@ struct sqlite3;
 
 namespace kvi::jet {
 
+// Another desk holds a lock.
+bool IsBusy(int code);
+
 // The engine's answers as classic errors. `code` is what the failing call gave; the connection
 // tells the rest.
 [[noreturn]] void RaiseEngineError(sqlite3* connection, int code);

@@ -5,6 +5,9 @@
 #include <cmath>
 #include <string>
 
+#include "base/RunTimeError.h"
+#include "jet/engine/EngineError.h"
+
 namespace kvi::jet {
 namespace {
 
@@ -72,7 +75,13 @@ void StatementRun::BindAll(const std::vector<Value>& parameters) {
 }
 
 bool StatementRun::Step() {
-  const int code = sqlite3_step(statement_);
+  int code = sqlite3_step(statement_);
+  // Only the first step takes the lock, so running the statement again gives no row twice.
+  while (IsBusy(code)) {
+    sqlite3_reset(statement_);
+    if (!connection_.AskToWait()) throw RunTimeError(3260);
+    code = sqlite3_step(statement_);
+  }
   if (code == SQLITE_ROW) return true;
   if (code != SQLITE_DONE) connection_.Fail(code);
   return false;

@@ -4,18 +4,12 @@
 
 #include <ctime>
 #include <thread>
+#include <utility>
 
 #include "base/RunTimeError.h"
+#include "jet/engine/EngineError.h"
 
 namespace kvi::jet {
-namespace {
-
-bool IsBusy(int code) {
-  return (code & 0xFF) == SQLITE_BUSY;
-}
-
-}  // namespace
-
 WriteLock::Clock::time_point WriteLock::Tick() {
   timespec tick{};
   clock_gettime(CLOCK_MONOTONIC_COARSE, &tick);
@@ -25,27 +19,34 @@ WriteLock::Clock::time_point WriteLock::Tick() {
 
 void WriteLock::Begin() {
   if (connection_.IsReadOnly()) throw RunTimeError(3027);
-  if (group_ && edits_ == 0 && (!InBatch() || IsGroupOver())) CommitGroup();
+  if (lost_ != 0) throw RunTimeError(lost_);
+  if (group_ && edits_ == 0 && IsGroupOver()) CommitGroup();
   if (!connection_.InTransaction()) Take();
 }
 
 void WriteLock::Take() {
   // The other desks get their turn between two groups.
   if (InBatch()) std::this_thread::sleep_until(groupEnded_ + kPause);
-  if (const int code = connection_.TryStep("BEGIN IMMEDIATE"); code != SQLITE_OK)
-    connection_.Fail(code);
+  int code = connection_.TryStep("BEGIN IMMEDIATE");
+  while (IsBusy(code) && connection_.AskToWait()) code = connection_.TryStep("BEGIN IMMEDIATE");
+  if (code != SQLITE_OK) connection_.Fail(code);
   watch_.Look();
   changesBefore_ = sqlite3_total_changes64(connection_.Handle());
   group_ = InBatch();
   groupBegun_ = Tick();
 }
 
-void WriteLock::End() {
-  if (InBatch()) return;
-  if (edits_ > 0)
-    CommitKeepingLock();
-  else
-    Commit();
+bool WriteLock::End() {
+  if (InBatch()) return true;
+  const int code = TryCommit();
+  if (code == SQLITE_OK) {
+    Release(&Writer::Committed);
+    return true;
+  }
+  if (!IsBusy(code)) FailCommit(code);
+  Forgo();
+  if (!connection_.AskToWait()) throw RunTimeError(3260);
+  return false;
 }
 
 void WriteLock::Abandon() {
@@ -71,36 +72,22 @@ void WriteLock::FailCommit(int code) {
   try {
     connection_.Fail(code);
   } catch (const RunTimeError&) {
-    if (!IsBusy(code) || !group_) Forgo();
+    Forgo();
     throw;
   }
 }
 
-void WriteLock::Commit() {
-  if (const int code = TryCommit(); code != SQLITE_OK) FailCommit(code);
+void WriteLock::Release(void (Writer::*tell)()) {
   group_ = false;
   edits_ = 0;
   ++givings_;
-}
-
-void WriteLock::CommitKeepingLock() {
-  // In exclusive mode a commit does not let go of the file, so nobody slips in between this row
-  // and the edit that still relies on the lock. Normal mode ends it with the next commit.
-  if (!connection_.IsExclusive()) connection_.Run("PRAGMA locking_mode=EXCLUSIVE");
-  const int committed = TryCommit();
-  const int begun = committed == SQLITE_OK ? connection_.TryStep("BEGIN IMMEDIATE") : SQLITE_OK;
-  if (!connection_.IsExclusive()) connection_.Run("PRAGMA locking_mode=NORMAL");
-  if (committed != SQLITE_OK) FailCommit(committed);
-  if (begun != SQLITE_OK) Forgo();
-  changesBefore_ = sqlite3_total_changes64(connection_.Handle());
+  for (Writer* writer : std::exchange(writers_, {})) (writer->*tell)();
 }
 
 void WriteLock::Forgo() {
   const bool wrote = HasWritten();
   if (connection_.InTransaction()) connection_.TryStep("ROLLBACK");
-  group_ = false;
-  edits_ = 0;
-  ++givings_;
+  Release(&Writer::TakenBack);
   changesBefore_ = sqlite3_total_changes64(connection_.Handle());
   if (wrote) watch_.Distrust();
 }
@@ -110,8 +97,9 @@ std::uint64_t WriteLock::OpenEdit() {
   return givings_;
 }
 
-void WriteLock::CloseEdit(std::uint64_t ticket) {
+void WriteLock::CloseEdit(std::uint64_t& ticket) {
   if (IsHeldFor(ticket)) --edits_;
+  ticket = 0;
 }
 
 void WriteLock::EnterBatch(bool whole) {
@@ -122,33 +110,42 @@ void WriteLock::EnterBatch(bool whole) {
   groupBegun_ = Tick();
 }
 
-void WriteLock::DropGroup() {
+void WriteLock::LeaveBatch() {
+  if (--batches_ > 0) return;
+  whole_ = false;
+  lost_ = 0;
   if (connection_.IsOpen() && group_) Forgo();
 }
 
 void WriteLock::CommitGroup() {
+  if (lost_ != 0) throw RunTimeError(lost_);
   if (!group_) return;
-  Commit();
+  if (const int code = TryCommit(); code != SQLITE_OK) FailCommit(code);
+  Release(&Writer::Committed);
   groupEnded_ = Clock::now();
 }
 
 void WriteLock::Breathe() {
   if (!group_ || edits_ > 0 || !IsGroupOver()) return;
-  try {
-    CommitGroup();
-  } catch (const RunTimeError& error) {
-    if (error.Number != 3260) throw;
+  const int code = TryCommit();
+  if (IsBusy(code)) {
     groupBegun_ = Tick();  // the next write, or the next read after a while, tries again
+    return;
   }
+  if (code != SQLITE_OK) FailCommit(code);
+  Release(&Writer::Committed);
+  groupEnded_ = Clock::now();
 }
 
 void WriteLock::GiveBack() {
-  if (!connection_.IsOpen() || !connection_.InTransaction()) return;
+  if (!connection_.IsOpen() || connection_.HoldsNothing()) return;
   if (!group_) return Forgo();
   try {
+    if (whole_) throw RunTimeError(3034);
     CommitGroup();
-  } catch (const RunTimeError&) {
-    // Busy: the next write or the batch's end tries again. Anything else has ended the group.
+  } catch (const RunTimeError& error) {
+    Forgo();
+    lost_ = error.Number;
   }
 }
 

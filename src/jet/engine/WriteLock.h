@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <vector>
 
 #include "jet/engine/ChangeWatch.h"
 #include "jet/engine/Connection.h"
@@ -9,43 +10,70 @@
 namespace kvi::jet {
 
 // Who holds the file's write lock, and until when. There is one transaction at most; it ends with
-// the row that was written, or, within a batch, with the group of rows.
+// the row that was written, or, within a batch, with the group of rows. A commit that fails takes
+// back what it was to commit: nothing is held afterwards.
 //
-// An edit holds the lock from Edit to Update without having written. When another row is written
-// meanwhile, that row is committed at once and the lock is kept for the edit.
+// An edit holds the lock from Edit to Update without having written. Whatever ends the transaction
+// meanwhile, be it another row that is written or a box, makes its ticket stale, and Update takes
+// the lock again.
 class WriteLock {
  public:
+  // Whoever holds rows in memory that the open transaction has written. Told once how it ended.
+  class Writer {
+   public:
+    virtual void Committed() = 0;
+    virtual void TakenBack() = 0;
+
+   protected:
+    ~Writer() = default;
+  };
+
   WriteLock(Connection& connection, ChangeWatch& watch) : connection_(connection), watch_(watch) {}
 
-  // Takes the lock or joins the transaction that has it. 3027, or 3260 when the wait is over.
+  // Runs `write`, which writes one row or one statement's rows, under the lock; outside of a batch
+  // they are committed at once. 3027, or 3260 when the wait is over; where the user goes on waiting
+  // instead, `write` runs again, on what the other desk left.
+  template <typename Write>
+  void Run(Write write) {
+    do {
+      Begin();
+      try {
+        write();
+      } catch (...) {
+        Abandon();
+        throw;
+      }
+    } while (!End());
+  }
+
+  // Takes the lock or joins the transaction that has it; errors as Run.
   void Begin();
-  // The row is written: outside of a batch it is committed now. 3260 takes the row back.
-  void End();
-  // The row is not written after all.
+  // What Begin was for is not written after all.
   void Abandon();
 
-  // An edit that relies on the lock. A ticket is good until the lock is given back.
+  void Join(Writer& writer) { writers_.push_back(&writer); }
+  void Part(const Writer& writer) { std::erase(writers_, &writer); }
+
+  // An edit that relies on the lock. A ticket is good until the lock is given back or the edit is
+  // closed.
   std::uint64_t OpenEdit();
   bool IsHeldFor(std::uint64_t ticket) const { return ticket == givings_ && edits_ > 0; }
-  void CloseEdit(std::uint64_t ticket);
+  void CloseEdit(std::uint64_t& ticket);
 
   // One that is `whole` is committed in a single group, however long it takes.
   void EnterBatch(bool whole);
-  void LeaveBatch() {
-    if (--batches_ == 0) whole_ = false;
-  }
+  // What the outermost batch has not committed by now is taken back.
+  void LeaveBatch();
   bool InBatch() const { return batches_ > 0; }
   bool IsOutermostBatch() const { return batches_ == 1; }
-  // Takes back what the open group of a batch has written so far.
-  void DropGroup();
-  // Commits the open group of a batch, if there is one.
+  // Commits the open group of a batch, if there is one. Raises what made GiveBack drop a group.
   void CommitGroup();
   // Ends a group whose time is over. To be called by whatever reads in a long pass; a lock is no
   // reason for a read to fail.
   void Breathe();
 
-  // Nothing is held afterwards, unless a group's commit stays busy: its rows are not dropped for
-  // it.
+  // Nothing is held afterwards. A group is committed; one that cannot be, or that had to go whole,
+  // is taken back, and its batch fails at its next write or at its end.
   void GiveBack();
 
  private:
@@ -56,10 +84,12 @@ class WriteLock {
   static Clock::time_point Tick();
 
   void Take();
-  void Commit();
-  void CommitKeepingLock();
+  // False when the commit met a lock and the user goes on waiting: the rows must be written again.
+  bool End();
   int TryCommit();
+  // Takes back what could not be committed, and raises the code's error.
   [[noreturn]] void FailCommit(int code);
+  void Release(void (Writer::*tell)());
   void Forgo();
   bool HasWritten() const;
   bool IsGroupOver() const { return !whole_ && Tick() - groupBegun_ >= kGroup; }
@@ -70,11 +100,19 @@ class WriteLock {
   ChangeWatch& watch_;
   int batches_ = 0;
   bool whole_ = false;
-  bool group_ = false;  // the transaction holds rows of a batch, which are never dropped for a lock
+  bool group_ = false;  // the transaction is a batch's
+  int lost_ = 0;        // the number of what made GiveBack drop a group of the batch
   int edits_ = 0;
   std::uint64_t givings_ = 1;
   std::int64_t changesBefore_ = 0;
   Clock::time_point groupBegun_, groupEnded_;
+  std::vector<Writer*> writers_;
+};
+
+// Leaves a batch however its end goes.
+struct LeavingBatch {
+  WriteLock& lock;
+  ~LeavingBatch() { lock.LeaveBatch(); }
 };
 
 }  // namespace kvi::jet

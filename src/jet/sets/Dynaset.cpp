@@ -46,6 +46,7 @@ Dynaset::Dynaset(std::shared_ptr<Engine> engine, const Engine::Query& query)
 Dynaset::~Dynaset() {
   shape_->LearnWalk(reached_, keys_.Size());
   try {
+    TheEngine().lock.Part(*this);
     if (TheEngine().IsOpen()) Dynaset::CancelUpdate();
   } catch (const RunTimeError&) {
     // Nothing of the edit is written; the lock goes with the next transaction's end.
@@ -135,6 +136,13 @@ const Value& Dynaset::FetchAlso(std::size_t field) {
   cells_ = block_.Cells(Position());
   rowStamp_ = block_.Stamp;
   return cells_[block_.PositionOf(field)];
+}
+
+void Dynaset::LandAgain() {
+  if (cells_)
+    RefreshRow();
+  else
+    Land();
 }
 
 void Dynaset::RefreshRow() {

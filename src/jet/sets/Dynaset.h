@@ -13,7 +13,7 @@ namespace kvi::jet {
 // An updatable set over one table. The keys are read at open and fix which rows there are and in
 // which order; the rows themselves come in blocks when the set gets to them, and a block is dropped
 // once the file changed under it. So a row is seen as it stands when it becomes the current one.
-class Dynaset : public RecordsetImpl {
+class Dynaset : public RecordsetImpl, private WriteLock::Writer {
  public:
   Dynaset(std::shared_ptr<Engine> engine, const Engine::Query& query);
   ~Dynaset() override;
@@ -44,21 +44,30 @@ class Dynaset : public RecordsetImpl {
 
   // The current row is in memory, and as the file has it. 3021 and 3167 where there is none.
   void Land();
+  void LandAgain();
   void ReadBlockAround(std::size_t position);
   const Value& FetchAlso(std::size_t field);
   void RefreshRow();
   Engine::Stamp Now() const { return TheEngine().Now(shape_->Table()); }
 
+  template <typename Write>
+  void WriteRow(Write write);
+  void Committed() override;
+  void TakenBack() override;
   void WriteEdit();
   void WriteNew();
   void UpdateRow();
   std::int64_t InsertRow();
+  void DeleteRow();
   const std::string& UpdateSql();
-  void CountWrite(bool blockWasFresh);
 
   std::shared_ptr<QueryShape> shape_;
   KeySet keys_;
   RowBlock block_;
+  // What the open transaction did to the keys.
+  bool joined_ = false;
+  std::size_t sizeBefore_ = 0;
+  std::vector<std::size_t> deletedSince_;
   std::size_t reached_ = 0;         // rows from the first one to the furthest landed on
   Value* cells_ = nullptr;          // the current row once it was landed on
   Engine::Stamp rowStamp_;          // as of when the current row is

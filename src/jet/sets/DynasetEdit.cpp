@@ -22,19 +22,19 @@ void Dynaset::Edit() {
   const std::int64_t versionRead = wasRead ? block_.Version(Position()) : 0;
   WriteLock& lock = TheEngine().lock;
   lock.Begin();
+  // (Counted before the row is read, so that no group of a batch ends in between.)
+  buffer_.Ticket = lock.OpenEdit();
   try {
-    if (wasRead)
-      RefreshRow();
-    else
-      Land();
+    LandAgain();
   } catch (...) {
+    lock.CloseEdit(buffer_.Ticket);
     lock.Abandon();
     throw;
   }
   buffer_.Open(Kind::Edit, shape_->Fields());
-  buffer_.Ticket = lock.OpenEdit();
   // The edit is open: whoever passes over the error goes on, on the fresh row.
-  if (wasRead && block_.Version(Position()) != versionRead) throw RunTimeError(3197);
+  const bool writesOver = TheEngine().connection.OnLocked != nullptr;
+  if (wasRead && !writesOver && block_.Version(Position()) != versionRead) throw RunTimeError(3197);
 }
 
 void Dynaset::Set(std::string_view field, const Value& value) {
@@ -63,26 +63,49 @@ void Dynaset::Update() {
 // Where the lock was given back since Edit, it is taken again, and the last writer wins: the fields
 // that were set are written over whatever another desk wrote meanwhile, the others are left alone.
 void Dynaset::WriteEdit() {
-  WriteLock& lock = TheEngine().lock;
-  if (!lock.IsHeldFor(buffer_.Ticket)) lock.Begin();
-  try {
-    RefreshRow();
+  WriteRow([&] {
+    TheEngine().lock.CloseEdit(buffer_.Ticket);
+    LandAgain();
     UpdateRow();
-  } catch (...) {
-    lock.CloseEdit(buffer_.Ticket);
-    lock.Abandon();
-    throw;
-  }
-  lock.CloseEdit(buffer_.Ticket);
-  const bool blockWasFresh = block_.Stamp == Now();
-  lock.End();
+  });
+  rowStamp_ = Now();
   block_.SetVersion(Position(), block_.Version(Position()) + 1);
   for (const std::size_t field : buffer_.Changed())
     if (const int at = block_.PositionOf(field); at != ColumnChoice::kNotFetched)
       cells_[at] = buffer_[field];
   buffer_.Close();
-  CountWrite(blockWasFresh);
-  rowStamp_ = Now();
+}
+
+// The block is as the file has it, but for the row written, if it was so before.
+template <typename Write>
+void Dynaset::WriteRow(Write write) {
+  bool blockWasFresh = false;
+  TheEngine().lock.Run([&] {
+    write();
+    blockWasFresh = block_.Stamp == Now();
+    if (joined_) return;
+    joined_ = true;
+    sizeBefore_ = keys_.Size();
+    TheEngine().lock.Join(*this);
+  });
+  ++*shape_->Table().Writes;
+  if (blockWasFresh) block_.Stamp = Now();
+}
+
+void Dynaset::Committed() {
+  joined_ = false;
+  deletedSince_.clear();
+}
+
+// Keys and versions in memory are those of rows that were never written.
+void Dynaset::TakenBack() {
+  keys_.Truncate(sizeBefore_);
+  for (const std::size_t position : deletedSince_)
+    if (position < sizeBefore_) keys_.Restore(position);
+  Committed();
+  if (Position() >= keys_.Size()) StandBehindAll();
+  block_ = RowBlock();
+  cells_ = nullptr;
 }
 
 void Dynaset::UpdateRow() {
@@ -112,20 +135,10 @@ const std::string& Dynaset::UpdateSql() {
 }
 
 void Dynaset::WriteNew() {
-  WriteLock& lock = TheEngine().lock;
-  lock.Begin();
   std::int64_t key = 0;
-  try {
-    key = InsertRow();
-  } catch (...) {
-    lock.Abandon();
-    throw;
-  }
-  const bool blockWasFresh = block_.Stamp == Now();
-  lock.End();
+  WriteRow([&] { key = InsertRow(); });
   keys_.Append(key);
   buffer_.Close();
-  CountWrite(blockWasFresh);
 }
 
 std::int64_t Dynaset::InsertRow() {
@@ -149,29 +162,19 @@ std::int64_t Dynaset::InsertRow() {
 void Dynaset::Delete() {
   CancelUpdate();
   RequireCurrent();
-  WriteLock& lock = TheEngine().lock;
-  lock.Begin();
-  try {
-    const StoredTable& table = shape_->Table();
-    StatementRun run(TheEngine().connection, "DELETE FROM " + Bracketed(table.Name) + " WHERE " +
-                                                 Bracketed(table.Key) + "=?1");
-    run.Bind(1, keys_[Position()]);
-    run.Step();
-    if (sqlite3_changes(TheEngine().connection.Handle()) == 0) throw RunTimeError(3167);
-  } catch (...) {
-    lock.Abandon();
-    throw;
-  }
-  const bool blockWasFresh = block_.Stamp == Now();
-  lock.End();
+  WriteRow([&] { DeleteRow(); });
   keys_.Delete(Position());
+  if (joined_) deletedSince_.push_back(Position());
   cells_ = nullptr;
-  CountWrite(blockWasFresh);
 }
 
-void Dynaset::CountWrite(bool blockWasFresh) {
-  ++*shape_->Table().Writes;
-  if (blockWasFresh) block_.Stamp = Now();
+void Dynaset::DeleteRow() {
+  const StoredTable& table = shape_->Table();
+  StatementRun run(TheEngine().connection, "DELETE FROM " + Bracketed(table.Name) + " WHERE " +
+                                               Bracketed(table.Key) + "=?1");
+  run.Bind(1, keys_[Position()]);
+  run.Step();
+  if (sqlite3_changes(TheEngine().connection.Handle()) == 0) throw RunTimeError(3167);
 }
 
 }  // namespace kvi::jet

@@ -21,6 +21,19 @@ void KeySet::Delete(std::size_t position) {
   ++deletedCount_;
 }
 
+void KeySet::Truncate(std::size_t size) {
+  for (std::size_t position = size; position < keys_.size(); ++position)
+    if (IsDeleted(position)) Restore(position);
+  keys_.resize(size);
+  deleted_.resize(deletedCount_ > 0 ? size : 0);
+  index_.clear();
+}
+
+void KeySet::Restore(std::size_t position) {
+  deleted_[position] = false;
+  --deletedCount_;
+}
+
 std::size_t KeySet::Find(std::int64_t key) const {
   const std::size_t position = Search(key);
   return position == kNone || IsDeleted(position) ? kNone : position;

@@ -21,6 +21,9 @@ class KeySet {
 
   void Append(std::int64_t key);
   void Delete(std::size_t position);
+  // What was appended or deleted by a transaction that was taken back.
+  void Truncate(std::size_t size);
+  void Restore(std::size_t position);
   // The position of a key that is in the set and not deleted, else kNone.
   std::size_t Find(std::int64_t key) const;
 

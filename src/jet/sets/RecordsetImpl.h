@@ -54,6 +54,7 @@ class RecordsetImpl {
 
   void StandOnFirst();
   void StandOn(std::size_t position);
+  void StandBehindAll() { Forward(Size()); }
   std::size_t Position() const { return position_; }
   // 3021 without a current row, 3167 on a deleted one.
   void RequireCurrent() const;
