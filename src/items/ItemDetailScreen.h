@@ -95,7 +95,7 @@ class ItemDetailScreen : public KviScreen, public WorkingItem {
   bool NumberIsWanted();
   void WarnOfSharedName();
   void GiveNumber();
-  void WriteItem(SaveStatements& run);
+  void WriteItem();
 
   void Recalc();
   void RefreshVendorColor() {}  // changes nothing: the vendors have no colours in this design

@@ -20,14 +20,14 @@ void ItemDetailScreen::SaveItem() {
     return Inform("Part " + Trim(i_num.Text()) + " could not be loaded.\n\nChanges NOT Saved",
                   "KV Inventory");
   bool wanted = true;
-  const SaveEnd end = SaveRecord(app_.desktop, [&](SaveStatements& run) {
-    run([&] { iname.Text = StripAmpersands(StripQuotes(iname.Text())); });
-    run([&] { wanted = NumberIsWanted(); });
+  const SaveEnd end = SaveRecord(app_.desktop, app_.CurrentDatabase, [&] {
+    iname.Text = StripAmpersands(StripQuotes(iname.Text()));
+    wanted = NumberIsWanted();
     if (!wanted) return;
-    run([&] { WarnOfSharedName(); });
+    WarnOfSharedName();
     const Hourglass busy(app_.desktop);
-    run([&] { GiveNumber(); });
-    WriteItem(run);
+    GiveNumber();
+    WriteItem();
   });
   if (!wanted) return;
   if (end == SaveEnd::Saved) {
@@ -70,19 +70,17 @@ void ItemDetailScreen::GiveNumber() {
 }
 
 // The row's existence alone decides between adding and changing.
-void ItemDetailScreen::WriteItem(SaveStatements& run) {
-  run([&] {
-    app_.ItemSet = app_.CurrentDatabase.OpenRecordset(
-        "SELECT * FROM I_Master WHERE trim(Inv_ID) = '" + Trim(i_num.Text()) + "';");
-  });
+void ItemDetailScreen::WriteItem() {
+  app_.ItemSet = app_.CurrentDatabase.OpenRecordset(
+      "SELECT * FROM I_Master WHERE trim(Inv_ID) = '" + Trim(i_num.Text()) + "';");
   if (app_.ItemSet.Eof() && app_.ItemSet.Bof()) {
-    run([&] { app_.ItemSet.AddNew(); });
+    app_.ItemSet.AddNew();
   } else {
-    run([&] { app_.ItemSet.MoveFirst(); });
-    run([&] { app_.ItemSet.Edit(); });
+    app_.ItemSet.MoveFirst();
+    app_.ItemSet.Edit();
   }
-  WriteFields(*this, app_.CurrentProfitCenter, app_.ItemSet, run);
-  run([&] { app_.ItemSet.Update(); });
+  WriteFields(*this, app_.CurrentProfitCenter, app_.ItemSet);
+  app_.ItemSet.Update();
 }
 
 }  // namespace kvi

@@ -173,9 +173,9 @@ void ShowPlainNumbers(WorkingItem& item, const jet::Recordset& row, const LoadSt
   run([&] { item.optimal.Text = row.Text("optimal"); });
 }
 
-void WriteFields(WorkingItem& item, int profitCenter, jet::Recordset& row, SaveStatements& run) {
-  run([&] { row.Set("pcenter", profitCenter); });
-  for (const SavedField& field : kSavedFields) run([&] { row.Set(field.name, field.value(item)); });
+void WriteFields(WorkingItem& item, int profitCenter, jet::Recordset& row) {
+  row.Set("pcenter", profitCenter);
+  for (const SavedField& field : kSavedFields) row.Set(field.name, field.value(item));
 }
 
 }  // namespace kvi

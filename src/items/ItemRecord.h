@@ -27,6 +27,6 @@ void ShowPlainNumbers(WorkingItem& item, const jet::Recordset& row, const LoadSt
 
 // Writes the fields of an open edit, in their fixed order, and sets right on the screen what cannot
 // be saved as it stands: a blank unit, a quantity of zero.
-void WriteFields(WorkingItem& item, int profitCenter, jet::Recordset& row, SaveStatements& run);
+void WriteFields(WorkingItem& item, int profitCenter, jet::Recordset& row);
 
 }  // namespace kvi

@@ -72,14 +72,16 @@ void KVI_InventorySummary::RemoveActive() {
   GoToRow(Spread1, std::min(row, Spread1.MaxRows()));
 }
 
-// Purchases, open orders and locked periods of the part stay.
+// Purchases, open orders and locked periods of the part stay. The part goes with its lines or not
+// at all.
 bool KVI_InventorySummary::RemoveItem(const std::string& number) {
-  return SaveRecord(app_.desktop, [&](SaveStatements& run) {
-           for (const char* table : {"I_Master", "Inv_Recipe"})
-             run([&] {
-               app_.CurrentDatabase.Execute(std::string("DELETE * FROM ") + table +
-                                            " WHERE Trim(Inv_ID) = '" + number + "';");
-             });
+  jet::Database& database = app_.CurrentDatabase;
+  return SaveRecord(app_.desktop, database, [&] {
+           database.WriteAtOnce([&] {
+             for (const char* table : {"I_Master", "Inv_Recipe"})
+               database.Execute(std::string("DELETE * FROM ") + table + " WHERE Trim(Inv_ID) = '" +
+                                number + "';");
+           });
          }) == SaveEnd::Saved;
 }
 

@@ -161,33 +161,39 @@ void KVI_Invoice::CompleteDate(int row, int column) {
 }
 
 bool KVI_Invoice::WriteTable() {
-  return SaveRecord(app_.desktop, [&](SaveStatements& run) {
-           jet::WriteBatch batch(app_.CurrentDatabase, jet::WriteBatch::Commit::AtOnce);
-           run([&] { app_.CurrentDatabase.Execute("DELETE * FROM Invoice"); });
-           jet::Recordset invoices = app_.CurrentDatabase.OpenRecordset("SELECT * FROM Invoice");
-           for (int row = 1; row <= Spread1.MaxRows(); ++row) {
-             const std::string& vendor = Spread1.Text(row, kVendor);
-             const std::string& number = Spread1.Text(row, kNumber);
-             // Always so, as long as blanks become "n/a"; kept for the day when they do not.
-             if (vendor.empty() || number.empty()) {
-               Inform("Invalid data entry in row " + Str(row) +
-                      " - you must enter a vendor name and invoice number.\n"
-                      "Please correct and save again before exiting!");
-               continue;
-             }
-             run([&] {
-               invoices.AddNew();
-               invoices.Set("Vendor", vendor);
-               invoices.Set("Number", number);
-               invoices.Set("Date", *CDate(Spread1.Text(row, kDate)));
-               invoices.Set("amount", Val(Spread1.Text(row, kAmount)));
-               invoices.Set("adj_amount", Val(Spread1.Text(row, kAdjusted)));
-               invoices.Set("date_due", *CDate(Spread1.Text(row, kDueDate)));
-             });
-             run([&] { invoices.Update(); });
-           }
-           batch.Finish();
-         }) == SaveEnd::Saved;
+  jet::Database& database = app_.CurrentDatabase;
+  std::vector<int> invalid;
+  const SaveEnd end = SaveRecord(app_.desktop, database, [&] {
+    database.WriteAtOnce([&] {
+      invalid.clear();
+      database.Execute("DELETE * FROM Invoice");
+      jet::Recordset invoices = database.OpenRecordset("SELECT * FROM Invoice");
+      for (int row = 1; row <= Spread1.MaxRows(); ++row)
+        if (!WriteRow(invoices, row)) invalid.push_back(row);
+    });
+  });
+  for (const int row : invalid)
+    Inform("Invalid data entry in row " + Str(row) +
+           " - you must enter a vendor name and invoice number.\n"
+           "Please correct and save again before exiting!");
+  return end == SaveEnd::Saved;
+}
+
+// False for a row without vendor or number. There is none, as long as blanks become "n/a"; kept
+// for the day when they do not.
+bool KVI_Invoice::WriteRow(jet::Recordset& invoices, int row) {
+  const std::string& vendor = Spread1.Text(row, kVendor);
+  const std::string& number = Spread1.Text(row, kNumber);
+  if (vendor.empty() || number.empty()) return false;
+  invoices.AddNew();
+  invoices.Set("Vendor", vendor);
+  invoices.Set("Number", number);
+  invoices.Set("Date", *CDate(Spread1.Text(row, kDate)));
+  invoices.Set("amount", Val(Spread1.Text(row, kAmount)));
+  invoices.Set("adj_amount", Val(Spread1.Text(row, kAdjusted)));
+  invoices.Set("date_due", *CDate(Spread1.Text(row, kDueDate)));
+  invoices.Update();
+  return true;
 }
 
 bool KVI_Invoice::SaveIfWanted(const std::string& question) {

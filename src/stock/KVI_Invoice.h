@@ -45,6 +45,7 @@ class KVI_Invoice : public KviScreen {
   void CompleteRow(int row);
   void CompleteDate(int row, int column);
   bool WriteTable();
+  bool WriteRow(jet::Recordset& invoices, int row);
   void AddInvoice();
   void RemoveActive();
   void RemoveAll();

@@ -6,8 +6,6 @@
 
 namespace kvi {
 
-class SaveStatements;
-
 // Books many parts at once, on two tabs over one grid: a physical count with its variance against
 // the levels held, and purchases with their costs. The grid's texts are what a save reads, so
 // values pass through their masks. A variance stands in the grid alone; no table keeps it.
@@ -83,7 +81,9 @@ class KVI_UpdateInventory : public KviScreen {
   void FillRow(int row, const jet::Recordset& part);
 
   // The saving half, in KVI_UpdateInventorySave.cpp.
-  bool SaveRow(int row, SaveStatements& run);
+  bool SaveRow(int row);
+  // What the box of a save that stopped tells of the rows before.
+  std::string AlreadySaved(int rows) const;
   Booking BookingOf(int row, const PartLevel& part) const;
   void BookReceipt(const std::string& number, const Booking& booking);
   void FinishPurchases(bool partChanged);

@@ -18,14 +18,20 @@ void KVI_UpdateInventory::SaveUpdateGrid() {
     return;
   }
   const Hourglass busy(app_.desktop);
+  int saved = 0;
   bool partChanged = false;
-  const SaveEnd end = SaveRecord(app_.desktop, [&](SaveStatements& run) {
-    jet::WriteBatch batch(app_.CurrentDatabase);
-    for (int row = 1; row <= Spread1.MaxRows(); ++row)
-      if (SaveRow(row, run)) partChanged = true;
-    run([&] { batch.Finish(); });
-  });
-  if (end != SaveEnd::Saved) return;
+  const auto saveRow = [&](int row) { partChanged |= SaveRow(row); };
+  const auto rowIsSaved = [&](int row) {
+    ++saved;
+    // Saving again after a stop does not add it again.
+    if (tab_ == Tab::Purchase) Spread1.SetText(row, kQuantityColumn, "0");
+  };
+  const auto alreadySaved = [&] { return AlreadySaved(saved); };
+  const auto saveAll = [&] {
+    SaveRows(app_.CurrentDatabase, Spread1.MaxRows(), saveRow, rowIsSaved);
+  };
+  if (SaveRecord(app_.desktop, app_.CurrentDatabase, saveAll, alreadySaved) != SaveEnd::Saved)
+    return;
   changed_ = false;
   if (tab_ == Tab::Count) {
     // The theoretical levels show what was saved, and the variances are gone.
@@ -36,26 +42,30 @@ void KVI_UpdateInventory::SaveUpdateGrid() {
   }
 }
 
+std::string KVI_UpdateInventory::AlreadySaved(int rows) const {
+  if (rows == 0) return "";
+  const std::string text =
+      "Saved before that: " + Str(rows) + " of " + Str(Spread1.MaxRows()) + " lines.";
+  return tab_ == Tab::Count
+             ? text
+             : text + "  Their quantity is 0 now, so that saving again adds nothing twice.";
+}
+
 // False for a part that is not there (any more): its row is passed over without a word.
-bool KVI_UpdateInventory::SaveRow(int row, SaveStatements& run) {
+bool KVI_UpdateInventory::SaveRow(int row) {
   jet::Recordset& items = app_.ItemSet;
   const std::string number = Spread1.Text(row, kNumberColumn);
-  run([&] { items.FindFirst("INV_ID = '" + number + "'"); });
+  items.FindFirst("INV_ID = '" + number + "'");
   if (items.NoMatch()) return false;
 
-  Booking booking;
-  // From the edit to the write it is one statement: after a lock it runs again on the level that
-  // the other desk left, so that an addition adds to that.
-  run([&] {
-    run([&] { items.Edit(); });
-    booking = BookingOf(
-        row, {items.Number("qty_on_hand"), items.Number("cost_per"), items.Number("hi_qty")});
-    if (tab_ == Tab::Purchase) items.Set("cost_per", booking.cost_per);
-    items.Set("qty_on_hand", booking.qty_on_hand);
-    items.Set("valuation", booking.valuation);
-    items.Update();
-  });
-  if (tab_ == Tab::Purchase && booking.bought > 0) run([&] { BookReceipt(number, booking); });
+  items.Edit();
+  const Booking booking = BookingOf(
+      row, {items.Number("qty_on_hand"), items.Number("cost_per"), items.Number("hi_qty")});
+  if (tab_ == Tab::Purchase) items.Set("cost_per", booking.cost_per);
+  items.Set("qty_on_hand", booking.qty_on_hand);
+  items.Set("valuation", booking.valuation);
+  items.Update();
+  if (tab_ == Tab::Purchase && booking.bought > 0) BookReceipt(number, booking);
   return true;
 }
 
@@ -77,13 +87,13 @@ void KVI_UpdateInventory::BookReceipt(const std::string& number, const Booking& 
                .transaction = "Spdy:" + Left(MakeTimeStamp(app_.clock), kToTheMinute)});
 }
 
-// The grid is not loaded again: the costs stay as they were typed.
+// The grid is not loaded again: the costs stay as they were typed. (The quantities are 0 before the
+// groups are costed, so that a costing that fails does not let the next save add them again.)
 void KVI_UpdateInventory::FinishPurchases(bool partChanged) {
   if (partChanged && AskYesNo("You made a change to one or more items(s).  Should we update the "
                               "part groups?",
                               "Speedy Update"))
     UpdatePartGroupCosts(app_);
-  for (int row = 1; row <= Spread1.MaxRows(); ++row) Spread1.SetText(row, kQuantityColumn, "0");
 }
 
 }  // namespace kvi

@@ -1,75 +1,108 @@
 #include "store/SaveRecord.h"
 
+#include <chrono>
+#include <exception>
+
 #include "base/Number.h"
 #include "base/RunTimeError.h"
-#include "store/DButils.h"
 
 namespace kvi {
 
 namespace {
 
-constexpr int kDataChanged = 3197;
 constexpr int kDuplicateKey = 3022;
 constexpr int kConnectionFailed = 3146;
 
-// The user would not wait for the lock any longer.
-struct NotWaiting {};
+// While one lives, the engine asks the user about locks that last.
+class LockQuestion {
+ public:
+  LockQuestion(Desktop& desktop, jet::Database& database) : database_(database) {
+    database_.OnLocked([&desktop] {
+      return desktop.MsgBox(
+                 {.text = "WARNING - Waiting for other user(s) to save changes to this data!\n\n"
+                          "Your changes will overwrite any previous changes.\n\n"
+                          "Attempt to save changes again?",
+                  .title = "KV Inventory Save",
+                  .buttons = Buttons::YesNo,
+                  .icon = Icon::Question}) == Answer::Yes;
+    });
+  }
+  ~LockQuestion() {
+    if (database_.IsOpen()) database_.OnLocked({});
+  }
+  LockQuestion(const LockQuestion&) = delete;
+  LockQuestion& operator=(const LockQuestion&) = delete;
 
-bool AskToTryAgain(Desktop& desktop) {
-  return desktop.MsgBox({.text =
-                             "WARNING - Waiting for other user(s) to save changes to this data!\n\n"
-                             "Your changes will overwrite any previous changes.\n\n"
-                             "Attempt to save changes again?",
-                         .title = "KV Inventory Save",
-                         .buttons = Buttons::YesNo,
-                         .icon = Icon::Question}) == Answer::Yes;
-}
+ private:
+  jet::Database& database_;
+};
 
 // The engine's own list of what went wrong; here it has the one entry.
 void ShowEngineErrors(Desktop& desktop, const RunTimeError& error) {
   desktop.MsgBox({.text = Str(error.Number) + " " + error.Description, .icon = Icon::Error});
 }
 
+SaveEnd TellFailure(Desktop& desktop, const RunTimeError& error, const std::string& alreadySaved) {
+  if (error.Number == kDuplicateKey) {
+    desktop.MsgBox({.text = "Duplicate # found.  Please enter a different #.\n"
+                            "Changes NOT saved." +
+                            alreadySaved,
+                    .title = "Save Changes"});
+    return SaveEnd::Duplicate;
+  }
+  if (error.Number == kConnectionFailed)
+    ShowEngineErrors(desktop, error);
+  else
+    desktop.MsgBox({.text = "An error has occurred saving data." + Str(error.Number) + " " +
+                            error.Description + alreadySaved,
+                    .title = "KV Inventory Save Changes",
+                    .icon = Icon::Error});
+  return SaveEnd::Failed;
+}
+
 }  // namespace
 
-void SaveStatements::operator()(const std::function<void()>& statement) {
-  for (;;) {
-    try {
-      statement();
-      return;
-    } catch (const RunTimeError& error) {
-      if (error.Number == kDataChanged) return;
-      if (!IsLockError(error.Number)) throw;
-      if (!AskToTryAgain(desktop_)) throw NotWaiting{};
-    }
+SaveEnd SaveRecord(Desktop& desktop, jet::Database& database, const std::function<void()>& save,
+                   const std::function<std::string()>& alreadySaved) {
+  const auto sentence = [&] {
+    const std::string text = alreadySaved ? alreadySaved() : "";
+    return text.empty() ? text : "\n\n" + text;
+  };
+  try {
+    const LockQuestion question(desktop, database);
+    save();
+    return SaveEnd::Saved;
+  } catch (const jet::NotWaiting&) {
+    desktop.MsgBox({.text = "Changes have NOT been saved" + sentence(), .title = "KV Inventory"});
+    return SaveEnd::GivenUp;
+  } catch (const RunTimeError& error) {
+    return TellFailure(desktop, error, sentence());
   }
 }
 
-SaveEnd SaveRecord(Desktop& desktop, const std::function<void(SaveStatements&)>& save) {
-  SaveStatements statements(desktop);
-  try {
-    save(statements);
-    return SaveEnd::Saved;
-  } catch (const NotWaiting&) {
-    desktop.MsgBox({.text = "Changes have NOT been saved", .title = "KV Inventory"});
-    return SaveEnd::GivenUp;
-  } catch (const RunTimeError& error) {
-    if (error.Number == kDuplicateKey) {
-      desktop.MsgBox({.text = "Duplicate # found.  Please enter a different #.\n"
-                              "Changes NOT saved.",
-                      .title = "Save Changes"});
-      return SaveEnd::Duplicate;
+void SaveRows(jet::Database& database, int count, const std::function<void(int row)>& save,
+              const std::function<void(int row)>& saved) {
+  using Clock = std::chrono::steady_clock;
+  constexpr std::chrono::milliseconds kGroup{100};
+  std::exception_ptr failure;
+  for (int first = 1; first <= count && !failure;) {
+    int row = first;
+    try {
+      database.WriteAtOnce([&] {
+        const Clock::time_point end = Clock::now() + kGroup;
+        for (row = first; row <= count && Clock::now() < end; ++row) save(row);
+      });
+    } catch (const RunTimeError&) {
+      if (row == first || row > count) throw;
+      // The group went with its bad row: those before it are saved once more.
+      failure = std::current_exception();
+      database.WriteAtOnce([&] {
+        for (int good = first; good < row; ++good) save(good);
+      });
     }
-    if (error.Number == kConnectionFailed) {
-      ShowEngineErrors(desktop, error);
-      return SaveEnd::Failed;
-    }
-    desktop.MsgBox(
-        {.text = "An error has occurred saving data." + Str(error.Number) + " " + error.Description,
-         .title = "KV Inventory Save Changes",
-         .icon = Icon::Error});
-    return SaveEnd::Failed;
+    for (; first < row; ++first) saved(first);
   }
+  if (failure) std::rethrow_exception(failure);
 }
 
 void LoadStatements::operator()(const std::function<void()>& statement) const {

@@ -1,35 +1,34 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
+#include "jet/Database.h"
 #include "platform/Desktop.h"
 
 namespace kvi {
 
 enum class SaveEnd {
   Saved,
-  GivenUp,    // another user's lock lasted and the user said No; nothing of the failed row written
+  GivenUp,    // another user's lock lasted and the user said No
   Duplicate,  // the key stands already
   Failed,
 };
 
-// Runs the statements of a save one by one: the one place of the rules of recovery. What was
-// written before a failure stays written.
-class SaveStatements {
- public:
-  explicit SaveStatements(Desktop& desktop) : desktop_(desktop) {}
+// A whole save with the boxes of its ends: the one place of the rules of recovery. `save` is
+// straight code. Data that changed under the edit is passed over: the write goes on, and the last
+// writer wins. A lock that lasts asks the user, in whatever statement it is met, and Yes goes on,
+// without a limit of attempts. Nothing is held while a box stands. What was written before a
+// failure stays written; then `alreadySaved` says it in a sentence, which the box adds.
+SaveEnd SaveRecord(Desktop& desktop, jet::Database& database, const std::function<void()>& save,
+                   const std::function<std::string()>& alreadySaved = {});
 
-  // Runs one statement. Data that changed under the edit (3197) is passed over: the write goes on,
-  // and the last writer wins. A lock asks the user, and Yes runs the statement again, without a
-  // limit. Anything else leaves the save.
-  void operator()(const std::function<void()>& statement);
-
- private:
-  Desktop& desktop_;
-};
-
-// A whole save with the boxes of its ends.
-SaveEnd SaveRecord(Desktop& desktop, const std::function<void(SaveStatements&)>& save);
+// Saves the rows 1 to `count` of a list, some 100 ms of them at a time, each row whole or not at
+// all. `save` may run again for a row that was taken back, and must read again what it reckons
+// with. `saved` comes once for each row, as soon as it stands in the file. A row that fails ends
+// the walk behind the rows before it.
+void SaveRows(jet::Database& database, int count, const std::function<void(int row)>& save,
+              const std::function<void(int row)>& saved);
 
 // Runs the statements of a load one by one: one that fails is shown and passed over, so that a
 // field that cannot be read leaves its control as it was.

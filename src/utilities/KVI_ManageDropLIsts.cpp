@@ -62,7 +62,12 @@ void KVI_ManageDropLIsts::Activate() {
 }
 
 void KVI_ManageDropLIsts::ShowList(const List& list) {
-  SaveIfWanted();
+  if (&list == shown_) return;
+  if (!SaveIfWanted()) {
+    // What was typed stays, and so does its list.
+    shown_->option->Value = true;
+    return;
+  }
   // A list that could not be read is not on show, and so is never written over.
   shown_ = nullptr;
   ClearGrid(Spread1);
@@ -84,48 +89,50 @@ void KVI_ManageDropLIsts::load_data(const List& list) {
   changed_ = false;
 }
 
-void KVI_ManageDropLIsts::save_changes() {
-  if (shown_ == nullptr) return;
+bool KVI_ManageDropLIsts::save_changes() {
+  if (shown_ == nullptr) return true;
   if (!CheckAccess(app_.AccessString, kUtilityModule, kWriteAccess)) {
     Inform("Full Access to Utilities required for this option.\n\nChanges NOT Saved");
-    return;
+    return false;
   }
-  const std::string table = shown_->table;
-  const SaveEnd end = SaveRecord(app_.desktop, [&](SaveStatements& run) {
-    jet::WriteBatch batch(app_.CurrentDatabase, jet::WriteBatch::Commit::AtOnce);
-    run([&] {
-      app_.CurrentDatabase.Execute("DELETE * FROM " + table + " WHERE Len(Description) > 0;");
-    });
-    jet::Recordset values = app_.CurrentDatabase.OpenRecordset("SELECT * FROM " + table + ";");
-    for (int row = 1; row <= Spread1.MaxRows(); ++row) {
-      const std::string text = Trim(Spread1.Text(row, 1));
-      if (text.empty()) continue;
-      run([&] {
-        values.AddNew();
-        values.Set("Description", text);
-      });
-      run([&] { values.Update(); });
-    }
-    batch.Finish();
-  });
+  jet::Database& database = app_.CurrentDatabase;
+  const SaveEnd end = SaveRecord(
+      app_.desktop, database, [&] { database.WriteAtOnce([&] { RewriteList(shown_->table); }); });
   if (end == SaveEnd::Saved) changed_ = false;
   GoToFirstCell(Spread1);
+  return end == SaveEnd::Saved;
 }
 
-void KVI_ManageDropLIsts::SaveIfWanted() {
-  if (changed_ && AskYesNo("Changes have been made.  Save before exiting?")) save_changes();
+void KVI_ManageDropLIsts::RewriteList(const std::string& table) {
+  app_.CurrentDatabase.Execute("DELETE * FROM " + table + " WHERE Len(Description) > 0;");
+  jet::Recordset values = app_.CurrentDatabase.OpenRecordset("SELECT * FROM " + table + ";");
+  for (int row = 1; row <= Spread1.MaxRows(); ++row) {
+    const std::string text = Trim(Spread1.Text(row, 1));
+    if (text.empty()) continue;
+    values.AddNew();
+    values.Set("Description", text);
+    values.Update();
+  }
+}
+
+bool KVI_ManageDropLIsts::SaveIfWanted() {
+  if (!changed_) return true;
+  if (AskYesNo("Changes have been made.  Save before exiting?")) return save_changes();
   changed_ = false;
+  return true;
 }
 
 void KVI_ManageDropLIsts::RemoveRow() {
   if (Spread1.ActiveRow() < 1) return;
   if (!AskToRemove("Are you sure you want to remove this row?", "Set Drop Info")) return;
   Spread1.DeleteRow(Spread1.ActiveRow());
+  changed_ = true;
   save_changes();
 }
 
 void KVI_ManageDropLIsts::SortRows() {
   Spread1.Sort(1, true);
+  changed_ = true;
   save_changes();
 }
 
@@ -134,7 +141,7 @@ void KVI_ManageDropLIsts::PrintList() {
 }
 
 void KVI_ManageDropLIsts::Exit() {
-  SaveIfWanted();
+  if (!SaveIfWanted()) return;
   CloseScreen();
   LoadDropLists(app_);
 }

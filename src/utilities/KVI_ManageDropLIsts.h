@@ -46,8 +46,10 @@ class KVI_ManageDropLIsts : public KviScreen {
 
   void ShowList(const List& list);
   void load_data(const List& list);
-  void save_changes();
-  void SaveIfWanted();
+  // False when the list was not saved; what was typed stays then.
+  bool save_changes();
+  bool SaveIfWanted();
+  void RewriteList(const std::string& table);
   void RemoveRow();
   void SortRows();
   void PrintList();

@@ -113,11 +113,6 @@ inline std::string ViewName(const ::testing::TestParamInfo<View>& view) {
   return view.param == View::Tabs ? "Tabs" : "OnePage";
 }
 
-inline const char* const kLockQuestion =
-    "WARNING - Waiting for other user(s) to save changes to this data!\n\n"
-    "Your changes will overwrite any previous changes.\n\n"
-    "Attempt to save changes again?";
-
 // The texts of controls, parted by "|".
 template <class... Controls>
 std::string Texts(const Controls&... controls) {

@@ -110,6 +110,37 @@ TEST_F(PurchaseEntryTest, APartWithoutAUnitFactorIsMissingFromTheInventoriedUnit
   });
 }
 
+// What stands in the file is marked on the screen, so that no line is ever booked twice.
+TEST_F(PurchaseEntryTest, ASaveThatStopsOrACostingThatFailsBooksNothingTwice) {
+  stockroom.Fill("R_Master", "rec_id | name | pcenter | cost\n G | Kit | 0 | 0");
+  stockroom.Fill("Inv_Recipe", "rec_id | inv_id | desc | qty | cost_per\n G | 100 | | 2 | 0");
+  ASSERT_TRUE(stockroom.Start());
+  jet::Database other = OtherDesk();
+  jet::Recordset theirs = other.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '100'");
+  Buying([&] {
+    stockroom.user().Choose(Screen().OptInventoried);
+    for (const int row : {1, 2}) Type(row, 7, "12");
+    other.Execute("UPDATE I_Master SET hi_qty = 0 WHERE inv_id = '9'");
+    ExpectBox("An error has occurred saving data.11 " + DescriptionOf(11) + kOneSaved +
+                  "  Their quantity is 0 now, so that saving again adds nothing twice.",
+              Answer::Ok, "KV Inventory Save Changes");
+    Click(Screen().save);
+    EXPECT_EQ(GridText(Grid(), 7, 7), "0\n12\n0\n");
+    other.Execute("UPDATE I_Master SET hi_qty = 1 WHERE inv_id = '9'");
+    ExpectBox(kUpdateGroups, Answer::Yes, "Speedy Update");
+    ExpectBox(
+        "This option will update all of your part groups to the latest costs.  \n\n"
+        "Are you sure you want to continue?",
+        Answer::Yes);
+    stockroom.desktop.Meanwhile([&] { theirs.Edit(); });
+    ExpectBox("3260 " + DescriptionOf(3260));
+    Click(Screen().save);
+    theirs.CancelUpdate();
+    EXPECT_EQ(GridText(Grid(), 7, 7), "0\n0\n0\n");
+  });
+  EXPECT_EQ(stockroom.Rows("SELECT inv_id, p_qty FROM Hist_Purchases"), "10|1\n9|12\n");
+}
+
 // Both desks' quantities count: the level is read anew after the wait.
 TEST_F(PurchaseEntryTest, AnAdditionAddsToWhatAnotherDeskSavedMeanwhile) {
   ASSERT_TRUE(stockroom.Start());

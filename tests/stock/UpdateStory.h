@@ -88,6 +88,7 @@ inline constexpr const char* kSaveBeforeExiting = "Changes have been made.  Save
 inline constexpr const char* kPrintBeforeExiting =
     "Variances must be printed before exiting.  Once you exit, any record of the actual variance "
     "is gone.  Print before exiting?";
+inline const std::string kOneSaved = "\n\nSaved before that: 1 of 3 lines.";
 inline constexpr const char* kUpdateGroups =
     "You made a change to one or more items(s).  Should we update the part groups?";
 

@@ -129,6 +129,25 @@ TEST_F(DropListTest, EditsAreNotLostWithoutAQuestion) {
   EXPECT_EQ(stockroom.Rows("SELECT Description FROM DD_how_used"), "");
 }
 
+TEST_F(DropListTest, ASaveThatIsGivenUpKeepsWhatWasTypedAndItsList) {
+  Manage([&](auto& screen) {
+    jet::Database other = jet::Database::Open(stockroom.DatabaseFile(), false);
+    jet::Recordset theirs = other.OpenRecordset("SELECT * FROM Vendor_Info");
+    stockroom.user().TypeIntoCell(screen.Spread1, 4, 1, "Cage 1");
+    theirs.Edit();
+    stockroom.desktop.ExpectBox("Changes have been made.  Save before exiting?", Answer::Yes);
+    stockroom.desktop.ExpectBox(kLockQuestion, Answer::No, "KV Inventory Save");
+    stockroom.desktop.ExpectBox("Changes have NOT been saved", Answer::Ok, "KV Inventory");
+    stockroom.user().Choose(screen.o_hub);
+    EXPECT_TRUE(screen.o_iil.Value);
+    EXPECT_EQ(First(screen, 4), "[][Aisle 2][Bin 7][Cage 1]");
+    theirs.CancelUpdate();
+    stockroom.user().Click(screen.Save);
+  });
+  EXPECT_EQ(stockroom.Rows("SELECT Description FROM DD_inv_loc WHERE Len(Description) > 0"),
+            "Aisle 2\nBin 7\nCage 1\n");
+}
+
 TEST_F(DropListTest, WithoutTheWriteRightNothingIsSaved) {
   Manage(
       [&](auto& screen) {

@@ -9,11 +9,6 @@
 namespace kvi::test {
 namespace {
 
-const char* const kQuestion =
-    "WARNING - Waiting for other user(s) to save changes to this data!\n\n"
-    "Your changes will overwrite any previous changes.\n\n"
-    "Attempt to save changes again?";
-
 // One desk saves a part's level while another works on the same file.
 class SaveRecordTest : public ::testing::Test {
  protected:
@@ -26,10 +21,10 @@ class SaveRecordTest : public ::testing::Test {
         stockroom.App().CurrentDatabase.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '1'");
   }
   SaveEnd SaveLevel(int level) {
-    return SaveRecord(stockroom.desktop, [&](SaveStatements& run) {
-      run([&] { ours.Edit(); });
-      run([&] { ours.Set("qty_on_hand", level); });
-      run([&] { ours.Update(); });
+    return SaveRecord(stockroom.desktop, stockroom.App().CurrentDatabase, [&] {
+      ours.Edit();
+      ours.Set("qty_on_hand", level);
+      ours.Update();
     });
   }
   std::string Level() {
@@ -52,8 +47,8 @@ TEST_F(SaveRecordTest, DataChangedUnderTheEditIsOverwrittenSilently) {
 
 TEST_F(SaveRecordTest, ALockThatLastsAsksAndYesTriesAgain) {
   theirs.Edit();
-  stockroom.desktop.ExpectBox(kQuestion, Answer::Yes, "KV Inventory Save");
-  stockroom.desktop.ExpectBox(kQuestion, Answer::Yes, "KV Inventory Save");
+  stockroom.desktop.ExpectBox(kLockQuestion, Answer::Yes, "KV Inventory Save");
+  stockroom.desktop.ExpectBox(kLockQuestion, Answer::Yes, "KV Inventory Save");
   stockroom.desktop.Meanwhile([&] { theirs.CancelUpdate(); });
   EXPECT_EQ(SaveLevel(6), SaveEnd::Saved);
   EXPECT_EQ(Level(), "6\n");
@@ -61,7 +56,7 @@ TEST_F(SaveRecordTest, ALockThatLastsAsksAndYesTriesAgain) {
 
 TEST_F(SaveRecordTest, NoLeavesTheSaveWithNothingWritten) {
   theirs.Edit();
-  stockroom.desktop.ExpectBox(kQuestion, Answer::No, "KV Inventory Save");
+  stockroom.desktop.ExpectBox(kLockQuestion, Answer::No, "KV Inventory Save");
   stockroom.desktop.ExpectBox("Changes have NOT been saved", Answer::Ok, "KV Inventory");
   EXPECT_EQ(SaveLevel(6), SaveEnd::GivenUp);
   theirs.CancelUpdate();
@@ -70,10 +65,10 @@ TEST_F(SaveRecordTest, NoLeavesTheSaveWithNothingWritten) {
 
 TEST_F(SaveRecordTest, ADuplicateAndAnyOtherErrorHaveTheirBoxes) {
   const auto rename = [&](const Value& number) {
-    return SaveRecord(stockroom.desktop, [&](SaveStatements& run) {
-      run([&] { ours.Edit(); });
-      run([&] { ours.Set("inv_id", number); });
-      run([&] { ours.Update(); });
+    return SaveRecord(stockroom.desktop, stockroom.App().CurrentDatabase, [&] {
+      ours.Edit();
+      ours.Set("inv_id", number);
+      ours.Update();
     });
   };
   stockroom.desktop.ExpectBox("Duplicate # found.  Please enter a different #.\nChanges NOT saved.",
@@ -89,11 +84,8 @@ TEST_F(SaveRecordTest, ADuplicateAndAnyOtherErrorHaveTheirBoxes) {
 
 TEST_F(SaveRecordTest, ALostConnectionShowsTheEnginesErrorsAndLeaves) {
   stockroom.desktop.ExpectBox("3146 The server is gone.");
-  EXPECT_EQ(SaveRecord(stockroom.desktop,
-                       [](SaveStatements& run) {
-                         run([] { throw RunTimeError(3146, "The server is gone."); });
-                         ADD_FAILURE() << "the save goes on";
-                       }),
+  EXPECT_EQ(SaveRecord(stockroom.desktop, stockroom.App().CurrentDatabase,
+                       [] { throw RunTimeError(3146, "The server is gone."); }),
             SaveEnd::Failed);
 }
 

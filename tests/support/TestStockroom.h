@@ -70,6 +70,12 @@ class TestStockroom {
   std::unique_ptr<Gestures> user_;
 };
 
+// What a save asks when another desk's lock lasts, under the title "KV Inventory Save".
+inline constexpr const char* kLockQuestion =
+    "WARNING - Waiting for other user(s) to save changes to this data!\n\n"
+    "Your changes will overwrite any previous changes.\n\n"
+    "Attempt to save changes again?";
+
 // The grid's visible texts, a line a row without the headings, cells parted by "|"; columns from
 // first to last, -1 the grid's last.
 std::string GridText(const Spread& grid, int firstCol = 1, int lastCol = -1);
