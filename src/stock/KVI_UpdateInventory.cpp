@@ -105,9 +105,11 @@ void KVI_UpdateInventory::ShowPosition() {
 // What was typed on the other tab is gone without a question.
 void KVI_UpdateInventory::ShowTab(Tab tab) {
   if (tab == tab_) return;
-  const PaintingOff hidden(Spread1);
   tab_ = tab;
-  SetUpTab();
+  {
+    const PaintingOff hidden(Spread1);
+    SetUpTab();
+  }
   LoadUpdateGrid();
 }
 

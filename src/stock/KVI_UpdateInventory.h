@@ -77,6 +77,7 @@ class KVI_UpdateInventory : public KviScreen {
   void SetUpColumns();
   std::string Query() const;
   void FillGrid();
+  bool LoadRows();
   bool CanShow(const jet::Recordset& part) const;
   void FillRow(int row, const jet::Recordset& part);
 

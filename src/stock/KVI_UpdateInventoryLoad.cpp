@@ -49,23 +49,29 @@ std::string KVI_UpdateInventory::Query() const {
 }
 
 void KVI_UpdateInventory::LoadUpdateGrid() {
+  // (Said once the grid paints again.)
+  if (!LoadRows() && app_.screens.IsShown("Main"))
+    Inform("No items in the system.  Click on the '+' icon to add a new item.");
+}
+
+// False when there is no part to list.
+bool KVI_UpdateInventory::LoadRows() {
   const Hourglass busy(app_.desktop);
   const PaintingOff hidden(Spread1);
   app_.ItemSet = app_.CurrentDatabase.OpenRecordset(Query());
   const int count = app_.ItemSet.RecordCount();
   Spread1.SetMaxRows(count);
+  changed_ = false;
   if (count < 1) {
     ShowPosition();
-    if (app_.screens.IsShown("Main"))
-      Inform("No items in the system.  Click on the '+' icon to add a new item.");
-    return;
+    return false;
   }
   FillGrid();
   ShadeGridRows(Spread1, app_.UseColors);
   SetupSpreadsheet();
   if (Spread1.ActiveRow() < 1) GoToFirstCell(Spread1);
   ShowPosition();
-  changed_ = false;
+  return true;
 }
 
 // Rows that a failing walk did not reach stay blank, so that none shows another list's part.
