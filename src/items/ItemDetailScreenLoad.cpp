@@ -156,8 +156,10 @@ void ItemDetailScreen::ClearItemFields() {
 
 // The vendors' numbers and hi_cost_per keep what they held.
 void ItemDetailScreen::PrepareNewItem() {
+  const LoadStatements run(app_.desktop);
   for (const DropList& list : DropLists())
-    if (list.combo != &how_purchased) FillDropDown(app_.CurrentDatabase, *list.combo, list.table);
+    if (list.combo != &how_purchased)
+      run([&] { FillDropDown(app_.CurrentDatabase, *list.combo, list.table); });
   BlankItem();
   hi_qty.Text = "1";
 }

@@ -17,6 +17,7 @@
 #include "items/KVI_Find.h"
 #include "partgroups/UpdatePartGroupCosts.h"
 #include "store/DropDown.h"
+#include "store/SaveRecord.h"
 
 namespace kvi {
 
@@ -129,13 +130,13 @@ void KVI_InventorySummary::Activate() {
     app_.ReturnedFromFind = false;
     return;
   }
+  FillFilters();
   const PaintingOff hidden(Spread1);
   LoadColumnWidths(Spread1, *this, app_.CurrentDatabase);
   const int row = std::max(Spread1.ActiveRow(), 1);
   GoToFirstCell(Spread1);
   Spread1.SetMaxRows(0);
   ShowRefreshMode();
-  FillFilters();
   if (AutoRefresh.Value) LoadItemGrid();
   ShadeGridRows(Spread1, app_.UseColors);
   LockGrid(Spread1);
@@ -143,16 +144,23 @@ void KVI_InventorySummary::Activate() {
   ShowPosition();
 }
 
+// A list that cannot be read costs its filter alone.
 void KVI_InventorySummary::FillFilters() {
-  // Filling is not choosing: neither the list nor the order system's vendor changes by it.
+  const LoadStatements run(app_.desktop);
+  run([&] {
+    FillFilter(CatCombo, "DD_category", kAllCategories, app_.CurrentCategory);
+    app_.CurrentCategory = CatCombo.Text;
+  });
+  run([&] { FillFilter(VendorCombo, "Vendor_Info", kAllVendors, kAllVendors); });
+}
+
+// Filling is not choosing: neither the list nor the order system's vendor changes by it.
+void KVI_InventorySummary::FillFilter(ComboBox& combo, const std::string& table,
+                                      const std::string& all, const std::string& shown) {
   const Flag filling(fillingFilters_);
-  FillDropDown(app_.CurrentDatabase, CatCombo, "DD_category");
-  CatCombo.AddItem(kAllCategories);
-  if (CatCombo.IndexOf(app_.CurrentCategory) < 0) app_.CurrentCategory = kAllCategories;
-  CatCombo.Text = app_.CurrentCategory;
-  FillDropDown(app_.CurrentDatabase, VendorCombo, "Vendor_Info");
-  VendorCombo.AddItem(kAllVendors);
-  VendorCombo.Text = kAllVendors;
+  FillDropDown(app_.CurrentDatabase, combo, table);
+  combo.AddItem(all);
+  combo.Text = combo.IndexOf(shown) < 0 ? all : shown;
 }
 
 std::string KVI_InventorySummary::Query() const {

@@ -55,6 +55,8 @@ class KVI_InventorySummary : public KviScreen {
   std::string Query() const;
   void FillGrid();
   void FillFilters();
+  void FillFilter(ComboBox& combo, const std::string& table, const std::string& all,
+                  const std::string& shown);
   void ReloadHidden(bool shade);
   void ShowRefreshMode();
   void ShowPosition();

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "base/RunTimeError.h"
 #include "grids/SprdSubs.h"
 #include "items/KVI_InventorySummary.h"
+#include "store/Schema.h"
 #include "support/TestStockroom.h"
 
 namespace kvi::test {
@@ -132,6 +134,22 @@ TEST_F(InventorySummaryTest, ACategoryThatLeftTheListFallsBackToAll) {
   Open([&](auto& screen) {
     EXPECT_EQ(screen.CatCombo.Text(), "(All Categories)");
     EXPECT_EQ(Numbers(), "100\n10\n9\n");
+  });
+}
+
+TEST_F(InventorySummaryTest, AListThatCannotBeReadCostsItsFilterAlone) {
+  ASSERT_TRUE(stockroom.Start());
+  std::vector<jet::TableDef> tables = Schema();
+  std::erase_if(tables, [](const jet::TableDef& table) { return table.Name == "DD_category"; });
+  stockroom.App().CurrentDatabase = jet::Database::Create(stockroom.folder / "old.mdb", tables);
+  stockroom.Fill("Vendor_Info", "Name\n Nord");
+  stockroom.Fill("I_Master",
+                 "inv_id | pcenter | name | where1\n 1 | 0 | Nut | Nord\n 2 | 0 | Bolt |");
+  stockroom.desktop.ExpectBox("3078 " + DescriptionOf(3078) + " (DD_category)");
+  Open([&](auto& screen) {
+    EXPECT_EQ(Numbers(), "2\n1\n");
+    Choose(screen.VendorCombo, "Nord");
+    EXPECT_EQ(Numbers(), "1\n");
   });
 }
 
