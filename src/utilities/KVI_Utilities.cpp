@@ -31,7 +31,10 @@ KVI_Utilities::KVI_Utilities(Application& app)
 
 void KVI_Utilities::HandleSettings() {
   co_title.Change = [this] { app_.settings.CompanyName = co_title.Text; };
-  dir_loc.Change = [this] { directoryChanged_ = true; };
+  dir_loc.Change = [this] {
+    app_.settings.DatabasePath = dir_loc.Text;
+    directoryChanged_ = true;
+  };
   dir_loc.LostFocus = [this] { CheckDirectory(); };
   SpreadPath.Change = [this] { app_.SpreadsheetPath = Trim(SpreadPath.Text()); };
   use_security.Click = [this] { app_.settings.UseSecurity = use_security.Value; };
@@ -125,7 +128,6 @@ void KVI_Utilities::AskToResetWidths() {
 }
 
 void KVI_Utilities::Exit() {
-  app_.settings.DatabasePath = dir_loc.Text;
   WriteSettings(app_);
   app_.DatabaseDirectory = dir_loc.Text;
   if (directoryChanged_) OpenInventoryDatabase(app_);
