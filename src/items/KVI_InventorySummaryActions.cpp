@@ -73,16 +73,16 @@ void KVI_InventorySummary::RemoveActive() {
 }
 
 // Purchases, open orders and locked periods of the part stay. The part goes with its lines or not
-// at all.
+// at all; a failure that is no lock is the event guard's.
 bool KVI_InventorySummary::RemoveItem(const std::string& number) {
   jet::Database& database = app_.CurrentDatabase;
-  return SaveRecord(app_.desktop, database, [&] {
-           database.WriteAtOnce([&] {
-             for (const char* table : {"I_Master", "Inv_Recipe"})
-               database.Execute(std::string("DELETE * FROM ") + table + " WHERE Trim(Inv_ID) = '" +
-                                number + "';");
-           });
-         }) == SaveEnd::Saved;
+  return WriteUnderLocks(app_.desktop, database, [&] {
+    database.WriteAtOnce([&] {
+      for (const char* table : {"I_Master", "Inv_Recipe"})
+        database.Execute(std::string("DELETE * FROM ") + table + " WHERE Trim(Inv_ID) = '" +
+                         number + "';");
+    });
+  });
 }
 
 void KVI_InventorySummary::ReopenItemSet() {

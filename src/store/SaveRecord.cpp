@@ -60,23 +60,33 @@ SaveEnd TellFailure(Desktop& desktop, const RunTimeError& error, const std::stri
   return SaveEnd::Failed;
 }
 
+std::string Sentence(const std::function<std::string()>& alreadySaved) {
+  const std::string text = alreadySaved ? alreadySaved() : "";
+  return text.empty() ? text : "\n\n" + text;
+}
+
 }  // namespace
+
+bool WriteUnderLocks(Desktop& desktop, jet::Database& database, const std::function<void()>& write,
+                     const std::function<std::string()>& alreadySaved) {
+  try {
+    const LockQuestion question(desktop, database);
+    write();
+    return true;
+  } catch (const jet::NotWaiting&) {
+    desktop.MsgBox(
+        {.text = "Changes have NOT been saved" + Sentence(alreadySaved), .title = "KV Inventory"});
+    return false;
+  }
+}
 
 SaveEnd SaveRecord(Desktop& desktop, jet::Database& database, const std::function<void()>& save,
                    const std::function<std::string()>& alreadySaved) {
-  const auto sentence = [&] {
-    const std::string text = alreadySaved ? alreadySaved() : "";
-    return text.empty() ? text : "\n\n" + text;
-  };
   try {
-    const LockQuestion question(desktop, database);
-    save();
-    return SaveEnd::Saved;
-  } catch (const jet::NotWaiting&) {
-    desktop.MsgBox({.text = "Changes have NOT been saved" + sentence(), .title = "KV Inventory"});
-    return SaveEnd::GivenUp;
+    const bool saved = WriteUnderLocks(desktop, database, save, alreadySaved);
+    return saved ? SaveEnd::Saved : SaveEnd::GivenUp;
   } catch (const RunTimeError& error) {
-    return TellFailure(desktop, error, sentence());
+    return TellFailure(desktop, error, Sentence(alreadySaved));
   }
 }
 

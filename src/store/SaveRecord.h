@@ -15,11 +15,16 @@ enum class SaveEnd {
   Failed,
 };
 
-// A whole save with the boxes of its ends: the one place of the rules of recovery. `save` is
-// straight code. Data that changed under the edit is passed over: the write goes on, and the last
-// writer wins. A lock that lasts asks the user, in whatever statement it is met, and Yes goes on,
-// without a limit of attempts. Nothing is held while a box stands. What was written before a
-// failure stays written; then `alreadySaved` says it in a sentence, which the box adds.
+// The recovery from other desks at work. `write` is straight code. Data that changed under the edit
+// is passed over: the write goes on, and the last writer wins. A lock that lasts asks the user, in
+// whatever statement it is met, and Yes goes on, without a limit of attempts; No is told, and gives
+// false. Nothing is held while a box stands. What fails otherwise is raised.
+// What was written before the end stays written; then `alreadySaved` says it in a sentence, which
+// the box adds.
+bool WriteUnderLocks(Desktop& desktop, jet::Database& database, const std::function<void()>& write,
+                     const std::function<std::string()>& alreadySaved = {});
+
+// A whole save: the same, with the boxes of the other failures.
 SaveEnd SaveRecord(Desktop& desktop, jet::Database& database, const std::function<void()>& save,
                    const std::function<std::string()>& alreadySaved = {});
 

@@ -1,6 +1,7 @@
 #include "base/RunTimeError.h"
 #include "grids/SprdSubs.h"
 #include "items/DetailStory.h"
+#include "store/Schema.h"
 
 namespace kvi::test {
 namespace {
@@ -112,6 +113,20 @@ TEST_P(SummaryActionsTest, RemovingTakesThePartAndItsGroupLinesAlone) {
   });
   EXPECT_TRUE(stale);
   EXPECT_EQ(Items("inv_id, name, active"), "999999|Base Record|NO\n");
+}
+
+TEST_P(SummaryActionsTest, ARemovalThatFailsIsToldAndRemovesNothing) {
+  ASSERT_TRUE(stockroom.Start());
+  std::vector<jet::TableDef> tables = Schema();
+  std::erase_if(tables, [](const jet::TableDef& table) { return table.Name == "Inv_Recipe"; });
+  stockroom.App().CurrentDatabase = jet::Database::Create(stockroom.folder / "old.mdb", tables);
+  stockroom.Fill("I_Master", "inv_id | pcenter | name\n 1 | 0 | Nut");
+  InSummary([&] {
+    Remove(1);
+    ExpectBox("3078 " + DescriptionOf(3078) + " (Inv_Recipe)");
+    Click(Summary().remove);
+  });
+  EXPECT_EQ(Items("inv_id"), "1\n");
 }
 
 TEST_P(SummaryActionsTest, RemovingAndAddingNeedTheWriteRight) {
