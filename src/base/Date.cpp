@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 
 #include "base/Number.h"
@@ -94,6 +95,20 @@ Date AddDays(const Date& date, long days) {
   result.month = static_cast<int>(static_cast<unsigned>(moved.month()));
   result.day = static_cast<int>(static_cast<unsigned>(moved.day()));
   return result;
+}
+
+std::optional<Date> FromDayCount(double days) {
+  constexpr long kSecondsOfDay = 24L * 60 * 60;
+  if (!(days >= static_cast<double>((kFirstDay - kDayZero).count()) &&
+        days < static_cast<double>((kLastDay - kDayZero).count())))
+    return std::nullopt;
+  const double day = std::floor(days);
+  const long seconds = std::lround((days - day) * kSecondsOfDay);
+  Date date = AddDays(Date{}, static_cast<long>(day) + seconds / kSecondsOfDay);
+  date.hour = static_cast<int>(seconds % kSecondsOfDay / 3600);
+  date.minute = static_cast<int>(seconds % 3600 / 60);
+  date.second = static_cast<int>(seconds % 60);
+  return date;
 }
 
 int Weekday(const Date& date) {

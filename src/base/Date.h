@@ -24,6 +24,8 @@ bool IsValid(const Date& date);
 // Days since 1899-12-30, the classic day count; AddDays is its inverse step.
 long DayNumber(const Date& date);
 Date AddDays(const Date& date, long days);
+// A count of days whose fraction is the time of day; nothing when it is far outside the calendar.
+std::optional<Date> FromDayCount(double days);
 // 1 Sunday to 7 Saturday.
 int Weekday(const Date& date);
 

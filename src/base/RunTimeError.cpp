@@ -76,6 +76,7 @@ constexpr Description kDescriptions[] = {
     {3346, "The number of values and the number of fields differ."},
     {3420, "The object is no longer set."},
     {3421, "The value is of the wrong type for the field."},
+    {3464, "Data type mismatch in criteria expression."},
 };
 static_assert(std::ranges::is_sorted(kDescriptions, {}, &Description::number));
 

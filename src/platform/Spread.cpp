@@ -6,6 +6,7 @@
 #include "base/Number.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "base/TextOrder.h"
 
 namespace kvi {
 namespace {
@@ -147,10 +148,7 @@ void Spread::Sort(int keyCol, bool ascending) {
     SortRows(keyCol, ascending,
              [&](int left, int right) { return Compare(keys[At(left)], keys[At(right)]); });
   } else {
-    std::vector<std::string> keys(rows_.size());
-    for (int row = 1; row <= MaxRows(); ++row) keys[At(row)] = UCase(Text(row, keyCol));
-    SortRows(keyCol, ascending,
-             [&](int left, int right) { return keys[At(left)].compare(keys[At(right)]); });
+    Sort(keyCol, ascending, CompareTexts);
   }
 }
 

@@ -94,14 +94,12 @@ std::set<std::string> KillAWriter(OtherProcess& writer, std::mt19937& chance) {
 TEST_F(FaultTest, AKilledWriterLeavesTheFileWholeWithEverySavedRow) {
   constexpr int kKills = 64;
   std::mt19937 chance(20260301);
-  int undone = 0;
   db_.Close();
   for (int kill = 0; kill < kKills; ++kill) {
     SCOPED_TRACE(kill);
     OtherProcess writer(
         [&](const Report& report) { SaveForEver(path_, kill * 1000, kill % 4 == 3, report); });
     const std::set<std::string> saved = KillAWriter(writer, chance);
-    undone += test::ReadFile(path_ + "-journal").starts_with("\xD9\xD5") ? 1 : 0;
     Database database = Database::Open(path_, false);
     for (const std::string& number : saved)
       ASSERT_EQ(RowsOf(database, "SELECT qty FROM I_Master WHERE inv_id = '" + number + "'", "qty"),
@@ -109,8 +107,6 @@ TEST_F(FaultTest, AKilledWriterLeavesTheFileWholeWithEverySavedRow) {
     ASSERT_EQ(RawFile(path_).Ask("PRAGMA integrity_check"), "ok\n");
     if (kill % 8 == 7) database.Execute("DELETE * FROM I_Master");  // (kept small)
   }
-  EXPECT_GT(undone, 0);
-  RecordProperty("undone", undone);
 }
 
 TEST_F(FaultTest, ABrokenOffWriteIsUndoneAtOpening) {

@@ -162,7 +162,9 @@ TEST_F(RecordsetTest, EveryFieldTakesWhatItsTypeCanHold) {
       {"qty", true, 0, "-1"},
       {"pcenter", 2.5, 0, "2"},
       {"pcenter", "3", 0, "3"},
-      {"pcenter", 1e12, kRefused, ""},
+      {"pcenter", 32767, 0, "32767"},
+      {"pcenter", 32768, kRefused, ""},
+      {"pcenter", std::int64_t{1} << 40, kRefused, ""},
       {"pcenter", "", kRefused, ""},
       {"bought", "3/1/2026", 0, "3/1/2026"},
       {"bought", Date{2026, 3, 1, 14, 5}, 0, "3/1/2026 2:05:00 PM"},
@@ -299,6 +301,36 @@ TEST_F(RecordsetTest, WrongNamesAndStatementsHaveTheirNumbers) {
   Recordset set = db_.OpenRecordset(kParts);
   EXPECT_EQ(ErrorOf([&] { (void)set["nofield"]; }), 3265);
   EXPECT_EQ(ErrorOf([&] { (void)set["_rid"]; }), 3265);
+}
+
+TEST_F(RecordsetTest, WhatIsComparedAndReckonedInAStatementIsOfItsKind) {
+  AddParts(1);
+  db_.Execute(
+      "INSERT INTO I_Master (inv_id, name, bought, corp) VALUES ('7D1234', 'Large', #3/1/2026#, "
+      "True)");
+  const std::string large = "Large\n", part = "Part 1\n";
+  const std::pair<const char*, std::string> cases[] = {
+      {"corp = -1", large},
+      {"corp = 0", part},
+      {"corp > -1", part},
+      {"bought = '3/1/2026'", large},
+      {"46082 = bought", large},
+      {"bought > 'Feb 28'", "3464"},
+      {"bought BETWEEN '2/1/2026' AND 46100", large},
+      {"bought IN ('3/1/2026')", large},
+      {"Val(inv_id) < 1", large},
+      {"CDbl(inv_id) = 1", "6"},
+      {"Left(name, 0 - 1) = ''", "5"},
+      {"name LIKE '[a'", "93"},
+  };
+  for (const auto& [criterion, found] : cases) {
+    std::string rows;
+    const int error = ErrorOf(
+        [&] { rows = Rows("SELECT * FROM I_Master WHERE " + std::string(criterion), "name"); });
+    EXPECT_EQ(error == 0 ? rows : std::to_string(error), found) << criterion;
+  }
+  const Recordset last = db_.OpenRecordset("SELECT Count(bought), Max(bought) AS l FROM I_Master");
+  EXPECT_EQ(last["l"], Value(Date{2026, 3, 1}));
 }
 
 TEST_F(RecordsetTest, AClosedDatabaseOrSetRaises3420) {

@@ -156,6 +156,9 @@ TEST_F(SpreadTest, SortIsStableWithoutCaseAndLeavesBlankKeysBelow) {
   Fill(rows);
   grid.Sort(1, false);
   EXPECT_EQ(Column(1) + " | " + Column(2), "pump Pump Bolt bolt _ | 1 4 3 5 2");
+  Fill({"Zange 1", "étrier 2", "ende 3"});
+  grid.Sort(1, true);
+  EXPECT_EQ(Column(2), "3 2 1") << "accents stand beside their letters, as in a file";
 }
 
 TEST_F(SpreadTest, NumberCellsSortByValueAndTextsAsText) {

@@ -50,7 +50,9 @@ void JetWriter::CompareWith(const Operand& left, std::string_view symbol) {
   out_ += ' ';
   const Operand right = Concatenation();
   if (CompareWithConstant(symbol, leftEnd, right)) return;
-  if (left.kind == Kind::Number || right.kind == Kind::Number) return Coerce(left, leftEnd, right);
+  if (left.kind == Kind::Number || right.kind == Kind::Number || KindOf(left) == Kind::Date ||
+      KindOf(right) == Kind::Date)
+    return Coerce(left, leftEnd, right);
   DropCase(right);
   DropCase(left);
 }
@@ -84,20 +86,34 @@ bool JetWriter::CompareWithConstant(std::string_view symbol, std::size_t leftEnd
   return false;
 }
 
-// A text beside a number is read through Val.
+// A text or a number beside a date is read as one, and a text beside a number through Val.
 void JetWriter::Coerce(const Operand& left, std::size_t leftEnd, const Operand& right) {
-  if (left.kind == Kind::Number) ReadAsNumber(right, out_.size());
-  if (right.kind == Kind::Number) ReadAsNumber(left, leftEnd);
+  if (KindOf(left) == Kind::Date) {
+    ReadAsDate(right, out_.size());
+  } else if (KindOf(right) == Kind::Date) {
+    ReadAsDate(left, leftEnd);
+  } else {
+    if (left.kind == Kind::Number) ReadAsNumber(right, out_.size());
+    if (right.kind == Kind::Number) ReadAsNumber(left, leftEnd);
+  }
+}
+
+void JetWriter::ReadAsDate(const Operand& operand, std::size_t end) {
+  const Kind kind = KindOf(operand);
+  if (kind == Kind::Text || kind == Kind::Number) Wrap(operand, "jet_date(", end, ")");
+}
+
+void JetWriter::Wrap(const Operand& operand, std::string_view before, std::size_t end,
+                     std::string_view behind) {
+  out_.insert(end, behind);
+  out_.insert(operand.start, before);
 }
 
 void JetWriter::ReadAsNumber(const Operand& operand, std::size_t end) {
   const Kind kind = KindOf(operand);
-  if (kind == Kind::Text) {
-    out_.insert(end, ")");
-    out_.insert(operand.start, "Val(");
-  } else if (kind == Kind::Truth) {
-    out_.insert(operand.start, "- ");
-  }
+  if (kind == Kind::Text) Wrap(operand, "Val(", end, ")");
+  // A file of another tool may keep true as 1, where the dialect's own is -1.
+  if (kind == Kind::Truth) Wrap(operand, "-(", end, " <> 0)");
 }
 
 void JetWriter::Like(const Operand& left, bool negated) {
@@ -112,27 +128,36 @@ void JetWriter::In(const Operand& left, bool negated) {
   out_ += negated ? " NOT IN (" : " IN (";
   tokens_.ExpectSymbol("(");
   bool numbers = false;
+  const bool dates = KindOf(left) == Kind::Date;
   if (tokens_.Peek().Is("SELECT")) {
     Select(false);
   } else {
     do {
       if (out_.back() != '(') out_ += ", ";
-      numbers |= Or().kind == Kind::Number;
+      const Operand value = Or();
+      if (dates) ReadAsDate(value, out_.size());
+      numbers |= value.kind == Kind::Number;
     } while (tokens_.TakeSymbolIf(","));
   }
   tokens_.ExpectSymbol(")");
   out_ += ')';
-  if (numbers) ReadAsNumber(left, leftEnd);
+  if (numbers && !dates) ReadAsNumber(left, leftEnd);
 }
 
 void JetWriter::Between(const Operand& left, bool negated) {
   const std::size_t leftEnd = out_.size();
   out_ += negated ? " NOT BETWEEN " : " BETWEEN ";
-  const bool number = Concatenation().kind == Kind::Number;
+  const bool dates = KindOf(left) == Kind::Date;
+  const auto bound = [&] {
+    const Operand operand = Concatenation();
+    if (dates) ReadAsDate(operand, out_.size());
+    return operand.kind == Kind::Number;
+  };
+  const bool number = bound();
   tokens_.Expect("AND");
   out_ += " AND ";
-  Concatenation();
-  if (number) ReadAsNumber(left, leftEnd);
+  bound();
+  if (number && !dates) ReadAsNumber(left, leftEnd);
 }
 
 // A field's kind is looked up only where it decides something.

@@ -243,7 +243,7 @@ JetWriter::Operand JetWriter::Call(std::size_t start, const JetToken& name) {
   const Kind kind = function->result == JetResult::Text     ? Kind::Text
                     : function->result == JetResult::Number ? Kind::Number
                                                             : Kind::Unknown;
-  return {start, kind, {}, {}, function};
+  return {start, kind, {}, {}, function, argument.qualifier, argument.column};
 }
 
 int JetWriter::Arguments(const JetFunction& function, Operand& last) {

@@ -17,6 +17,7 @@ struct JetFunction {
 
   // A trim of blanks at one side or both.
   bool IsTrim() const { return sqlName.ends_with("trim"); }
+  bool IsExtreme() const { return keyword == "MIN" || keyword == "MAX"; }
   bool ChangesCase() const { return sqlName.ends_with("Case"); }
 };
 

@@ -5,7 +5,7 @@ namespace kvi::jet {
 void JetWriter::Select(bool outermost) {
   const std::size_t firstTable = tables_.size();
   Shape shape;
-  shape.keyed = outermost;
+  shape.keyed = shape.outermost = outermost;
   SelectCore(shape);
   while (tokens_.TakeIf("UNION")) {
     out_ += tokens_.TakeIf("ALL") ? " UNION ALL " : " UNION ";
@@ -43,6 +43,7 @@ void JetWriter::SelectCore(Shape& shape) {
   } else {
     shape.keyed = false;
   }
+  FindDates(shape);
   std::string where = Where();
   Grouping(shape);
   if (aggregates_) shape.keyed = false;
@@ -82,6 +83,7 @@ void JetWriter::SelectList(Shape& shape) {
 void JetWriter::SelectItem(Shape& shape, int ordinal) {
   if (StarItem(shape)) return;
   const Operand item = Or();
+  if (item.call != nullptr && item.call->IsExtreme()) shape.extremes.emplace_back(ordinal, item);
   if (tokens_.TakeIf("AS")) {
     out_ += " AS ";
     Name(TakeFreeName());
@@ -109,6 +111,14 @@ bool JetWriter::StarItem(Shape& shape) {
   out_ += '*';
   shape.stars.push_back({start, out_.size() - start, qualifier});
   return true;
+}
+
+// The list stands before the tables that tell what its fields are.
+void JetWriter::FindDates(const Shape& shape) {
+  if (!shape.outermost || !shape.stars.empty()) return;
+  for (const auto& [place, call] : shape.extremes)
+    if (KindOf({0, Kind::Unknown, call.argumentQualifier, call.argument}) == Kind::Date)
+      result_.DatePlaces.push_back(place);
 }
 
 void JetWriter::ExpandStars(const Shape& shape) {

@@ -21,6 +21,10 @@ struct Translation {
   std::string Sql;
   std::vector<Value> Parameters;
 
+  // Expressions of the outermost list that give a date, by their place from 0 on. (In the file a
+  // date is a text like any other.)
+  std::vector<int> DatePlaces;
+
   // For a Select that reads one table without grouping, DISTINCT, join or set operation: the pieces
   // from which a keyed dynaset is built, as SQLite text over the same parameters. `Table` is empty
   // for every other query (a snapshot).

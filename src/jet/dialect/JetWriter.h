@@ -35,6 +35,7 @@ class JetWriter {
     Kind kind = Kind::Unknown;
     std::string_view qualifier, column;
     const JetFunction* call = nullptr;
+    std::string_view argumentQualifier, argument;  // the field that is all a call is over
   };
 
   // A table in reach; the innermost SELECT's stand last.
@@ -55,8 +56,10 @@ class JetWriter {
   // What a SELECT has shown so far; `keyed` as long as it may become a dynaset.
   struct Shape {
     bool keyed = true;
+    bool outermost = false;
     std::string_view top;
     std::vector<Star> stars;
+    std::vector<std::pair<int, Operand>> extremes;  // MIN and MAX of a field, by their place
     std::size_t firstTable = 0;
   };
 
@@ -81,6 +84,9 @@ class JetWriter {
   void Coerce(const Operand& left, std::size_t leftEnd, const Operand& right);
   void DropCase(const Operand& operand);
   void ReadAsNumber(const Operand& operand, std::size_t end);
+  void ReadAsDate(const Operand& operand, std::size_t end);
+  void Wrap(const Operand& operand, std::string_view before, std::size_t end,
+            std::string_view behind);
   void Like(const Operand& left, bool negated);
   void In(const Operand& left, bool negated);
   void Between(const Operand& left, bool negated);
@@ -98,6 +104,7 @@ class JetWriter {
   void SelectItem(Shape& shape, int ordinal);
   bool StarItem(Shape& shape);
   void ExpandStars(const Shape& shape);
+  void FindDates(const Shape& shape);
   void Grouping(Shape& shape);
   std::string OrderBy();
   void JoinedTables(Shape& shape);

@@ -5,7 +5,9 @@
 #include <cerrno>
 #include <string_view>
 
+#include "base/Number.h"
 #include "base/RunTimeError.h"
+#include "jet/functions/JetFunctions.h"
 
 namespace kvi::jet {
 namespace {
@@ -29,7 +31,15 @@ std::string Describe(int number, std::string_view detail) {
   return text;
 }
 
+[[noreturn]] void RaiseFunctionError(std::string_view message) {
+  message.remove_prefix(kFunctionFailed.size());
+  const std::size_t blank = message.find(' ');
+  throw RunTimeError(static_cast<int>(Val(message.substr(0, blank))),
+                     std::string(message.substr(blank + 1)));
+}
+
 [[noreturn]] void RaiseStatementError(std::string_view message) {
+  if (message.starts_with(kFunctionFailed)) RaiseFunctionError(message);
   for (const MessageRule& rule : kMessageRules)
     if (message.starts_with(rule.beginning))
       throw RunTimeError(rule.number, Describe(rule.number, message.substr(rule.beginning.size())));

@@ -32,10 +32,11 @@ double ToNumber(const Value& value) {
   return *number;
 }
 
+// Of 16 bits, as the type's classic number says.
 Value ToWhole(const Value& value) {
-  if (value.IsWhole()) return value;
+  using Limits = std::numeric_limits<std::int16_t>;
   const double number = std::nearbyint(ToNumber(value));  // a half goes to the even one
-  if (std::fabs(number) > std::numeric_limits<std::int32_t>::max()) throw RunTimeError(3421);
+  if (number < Limits::min() || number > Limits::max()) throw RunTimeError(3421);
   return static_cast<std::int64_t>(number);
 }
 
@@ -50,21 +51,9 @@ Value ToBoolean(const Value& value) {
 
 Value ToDate(const Value& value) {
   if (value.IsDate()) return value;
-  if (value.IsText()) {
-    if (const auto date = CDate(value.AsText())) return *date;
-    throw RunTimeError(3421);
-  }
-  // A number is a count of days; its fraction is the time of day.
-  constexpr long kSecondsOfDay = 24L * 60 * 60;
-  const double number = value.Number();
-  if (!(std::fabs(number) < 3e6)) throw RunTimeError(3421);
-  const double day = std::floor(number);
-  const long seconds = std::lround((number - day) * kSecondsOfDay);
-  Date date = AddDays(Date{}, static_cast<long>(day) + seconds / kSecondsOfDay);
-  date.hour = static_cast<int>(seconds % kSecondsOfDay / 3600);
-  date.minute = static_cast<int>(seconds % 3600 / 60);
-  date.second = static_cast<int>(seconds % 60);
-  return date;
+  const auto date = value.IsText() ? CDate(value.AsText()) : FromDayCount(value.Number());
+  if (!date) throw RunTimeError(3421);
+  return *date;
 }
 
 Value ToText(const FieldDef& field, const Value& value) {

@@ -7,10 +7,12 @@
 #include <string>
 #include <string_view>
 
+#include "base/Date.h"
 #include "base/Format.h"
 #include "base/Number.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "base/TextOrder.h"
 #include "base/Value.h"
 #include "jet/functions/JetLike.h"
 
@@ -26,6 +28,15 @@ struct Arguments {
   double Number(int index) const {
     if (sqlite3_value_type(values[index]) == SQLITE_TEXT) return Val(Stored(index));
     return sqlite3_value_double(values[index]);
+  }
+  // A number too large to be one ("7D1234") counts as none: one part number may not stop a
+  // statement over all of them.
+  double NumberOrNone(int index) const {
+    try {
+      return Number(index);
+    } catch (const RunTimeError&) {
+      return 0;
+    }
   }
   std::size_t Count(int index) const {
     const double number = Number(index);
@@ -96,7 +107,19 @@ void MidOf(sqlite3_context* context, const Arguments& arguments) {
                       arguments.count == 3 ? arguments.Count(2) : std::string_view::npos));
 }
 void ValOf(sqlite3_context* context, const Arguments& arguments) {
+  Result(context, arguments.NumberOrNone(0));
+}
+void CDblOf(sqlite3_context* context, const Arguments& arguments) {
   Result(context, arguments.Number(0));
+}
+// What stands beside a date in a comparison, in the form in which dates are stored.
+void DateOf(sqlite3_context* context, const Arguments& arguments) {
+  const Value value = arguments.Held(0);
+  const auto date = value.IsDate()   ? value.AsDate()
+                    : value.IsText() ? CDate(value.AsText())
+                                     : FromDayCount(value.Number());
+  if (!date) throw RunTimeError(3464);
+  Result(context, IsoText(*date));
 }
 void IntOf(sqlite3_context* context, const Arguments& arguments) {
   Result(context, std::floor(arguments.Number(0)));
@@ -112,7 +135,7 @@ void FormatOf(sqlite3_context* context, const Arguments& arguments) {
   Result(context, value.IsDate() ? Format(value.AsDate(), mask) : Format(value, mask));
 }
 void IsNullOf(sqlite3_context* context, const Arguments& arguments) {
-  Result(context, arguments.IsNull(0) ? 1 : 0);
+  Result(context, arguments.IsNull(0) ? -1 : 0);
 }
 void NzOf(sqlite3_context* context, const Arguments& arguments) {
   if (!arguments.IsNull(0))
@@ -141,6 +164,10 @@ void Call(sqlite3_context* context, int count, sqlite3_value** values) {
   }
   try {
     function(context, arguments);
+  } catch (const RunTimeError& failure) {
+    const std::string text =
+        std::string(kFunctionFailed) + std::to_string(failure.Number) + " " + failure.Description;
+    sqlite3_result_error(context, text.data(), static_cast<int>(text.size()));
   } catch (const std::exception& failure) {
     sqlite3_result_error(context, failure.what(), -1);
   }
@@ -162,19 +189,20 @@ constexpr Function kFunctions[] = {
     {"Right", 2, 2, Call<RightOf, kIsNull>},
     {"Mid", 2, 3, Call<MidOf, kIsNull>},
     {"Val", 1, 1, Call<ValOf, kIsNull>},
-    {"CDbl", 1, 1, Call<ValOf, kIsNull>},
+    {"CDbl", 1, 1, Call<CDblOf, kIsNull>},
     {"Int", 1, 1, Call<IntOf, kIsNull>},
     {"CStr", 1, 1, Call<TextOf, kIsNull>},
     {"Format", 1, 2, Call<FormatOf, kIsCalled>},
     {"IsNull", 1, 1, Call<IsNullOf, kIsCalled>},
     {"Nz", 1, 2, Call<NzOf, kIsCalled>},
     {"jet_text", 1, 1, Call<TextOf, kIsCalled>},
+    {"jet_date", 1, 1, Call<DateOf, kIsNull>},
     {"jet_like", 2, 2, Call<LikeOf, kIsNull>},
 };
 
 int Collate(void*, int leftBytes, const void* left, int rightBytes, const void* right) {
-  return CompareJet1(static_cast<const char*>(left), leftBytes, static_cast<const char*>(right),
-                     rightBytes);
+  return CompareTexts({static_cast<const char*>(left), static_cast<std::size_t>(leftBytes)},
+                      {static_cast<const char*>(right), static_cast<std::size_t>(rightBytes)});
 }
 
 void Check(int code, sqlite3* connection) {

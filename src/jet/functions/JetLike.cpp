@@ -3,8 +3,8 @@
 #include <cstdint>
 
 #include "base/RunTimeError.h"
+#include "base/TextOrder.h"
 #include "base/Utf8.h"
-#include "jet/functions/JetCollation.h"
 
 namespace kvi::jet {
 namespace {
@@ -18,14 +18,14 @@ bool FitsList(char32_t character, std::string_view pattern, std::size_t& positio
   const std::string_view list = pattern.substr(0, end);
   const bool negated = position + 1 < end && list[position] == '!';
   if (negated) ++position;
-  const std::uint32_t key = Jet1Key(character);
+  const std::uint32_t key = TextKey(character);
   bool fits = false;
   while (position < end) {
-    const std::uint32_t low = Jet1Key(NextCharacter(list, position));
+    const std::uint32_t low = TextKey(NextCharacter(list, position));
     std::uint32_t high = low;
     if (position + 1 < end && list[position] == '-') {
       ++position;
-      high = Jet1Key(NextCharacter(list, position));
+      high = TextKey(NextCharacter(list, position));
     }
     fits |= low <= key && key <= high;
   }
@@ -44,7 +44,7 @@ bool FitsOne(char32_t character, std::string_view pattern, std::size_t& position
     case U'[':
       return FitsList(character, pattern, position);
     default:
-      return Jet1Key(wanted) == Jet1Key(character);
+      return TextKey(wanted) == TextKey(character);
   }
 }
 

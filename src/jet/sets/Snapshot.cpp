@@ -67,9 +67,15 @@ Snapshot::Snapshot(std::shared_ptr<Engine> engine, const Engine::Query& query)
   fields.reserve(static_cast<std::size_t>(run.Columns()));
   for (int column = 0; column < run.Columns(); ++column)
     fields.push_back(FieldOfColumn(run.Name(column), run.DeclaredType(column)));
+  for (const int place : query.translation.DatePlaces)
+    fields[static_cast<std::size_t>(place)].Type = FieldType::Date;
+  const auto isPlain = [&](int column) {
+    return run.DeclaredType(column).empty() &&
+           fields[static_cast<std::size_t>(column)].Type != FieldType::Date;
+  };
   while (run.Step()) {
     for (int column = 0; column < run.Columns(); ++column)
-      cells_.push_back(run.DeclaredType(column).empty()
+      cells_.push_back(isPlain(column)
                            ? run.Plain(column)
                            : run.Field(column, fields[static_cast<std::size_t>(column)].Type));
     ++size_;

@@ -1,4 +1,4 @@
-#include "jet/functions/JetCollation.h"
+#include "base/TextOrder.h"
 
 #include <gtest/gtest.h>
 
@@ -10,13 +10,8 @@
 #include "base/Text.h"
 #include "base/Utf8.h"
 
-namespace kvi::jet {
+namespace kvi {
 namespace {
-
-int Compare(std::string_view left, std::string_view right) {
-  return CompareJet1(left.data(), static_cast<int>(left.size()), right.data(),
-                     static_cast<int>(right.size()));
-}
 
 std::string Joined(const std::vector<std::string>& texts) {
   std::string joined;
@@ -24,7 +19,7 @@ std::string Joined(const std::vector<std::string>& texts) {
   return joined;
 }
 
-TEST(JetCollation, LettersStandInTheirOrderWithAccentsBesideThem) {
+TEST(TextOrder, LettersStandInTheirOrderWithAccentsBesideThem) {
   const std::vector<std::string> ordered = {
       "",      " a",  "-a",   "1",    "10",   "2",    "a",     "A b",       "a-b",    "a1", "ab",
       "Ålpha", "b",   "cote", "coté", "côte", "côté", "COTES", "e",         "é",      "ea", "éa",
@@ -33,25 +28,25 @@ TEST(JetCollation, LettersStandInTheirOrderWithAccentsBesideThem) {
   std::vector<std::string> sorted = ordered;
   std::shuffle(sorted.begin(), sorted.end(), std::mt19937(7));
   std::sort(sorted.begin(), sorted.end(),
-            [](const auto& left, const auto& right) { return Compare(left, right) < 0; });
+            [](const auto& left, const auto& right) { return CompareTexts(left, right) < 0; });
   EXPECT_EQ(Joined(ordered), Joined(sorted));
 }
 
-TEST(JetCollation, TextIsEqualWithoutRegardToCaseAndToNothingElse) {
-  EXPECT_EQ(0, Compare("BOLT m8", "bolt M8"));
-  EXPECT_EQ(0, Compare("ÉTRIER ŁÓDŹ", "étrier łódź"));
-  EXPECT_EQ(0, Compare("ΆΣΜΑΣ", "άσμας"));
-  EXPECT_EQ(0, Compare("ЩЁТКА Ї", "щётка ї"));
-  EXPECT_NE(0, Compare("etrier", "étrier"));
-  EXPECT_NE(0, Compare("bolt", "bolt "));
-  EXPECT_NE(0, Compare("ее", "её"));
+TEST(TextOrder, TextIsEqualWithoutRegardToCaseAndToNothingElse) {
+  EXPECT_EQ(0, CompareTexts("BOLT m8", "bolt M8"));
+  EXPECT_EQ(0, CompareTexts("ÉTRIER ŁÓDŹ", "étrier łódź"));
+  EXPECT_EQ(0, CompareTexts("ΆΣΜΑΣ", "άσμας"));
+  EXPECT_EQ(0, CompareTexts("ЩЁТКА Ї", "щётка ї"));
+  EXPECT_NE(0, CompareTexts("etrier", "étrier"));
+  EXPECT_NE(0, CompareTexts("bolt", "bolt "));
+  EXPECT_NE(0, CompareTexts("ее", "её"));
   // Both cases of every letter that UCase knows are one letter here.
   for (char32_t c = 0; c < 0x20000; ++c)
-    EXPECT_EQ(Jet1Key(c), Jet1Key(ToUpper(c))) << std::uint32_t{c};
+    EXPECT_EQ(TextKey(c), TextKey(ToUpper(c))) << std::uint32_t{c};
 }
 
 // An index is only whole while every two texts, good UTF-8 or not, have one order.
-TEST(JetCollation, TheOrderIsTotalOverAnyBytes) {
+TEST(TextOrder, TheOrderIsTotalOverAnyBytes) {
   const std::vector<std::string> pieces = {"a",
                                            "A",
                                            "b",
@@ -83,22 +78,23 @@ TEST(JetCollation, TheOrderIsTotalOverAnyBytes) {
   }
   for (const auto& a : texts) {
     for (const auto& b : texts) {
-      const int ab = Compare(a, b);
-      ASSERT_EQ(-ab, Compare(b, a)) << a << " and " << b;
+      const int ab = CompareTexts(a, b);
+      ASSERT_EQ(-ab, CompareTexts(b, a)) << a << " and " << b;
       for (const auto& c : texts) {
-        if (ab > 0 || Compare(b, c) > 0) continue;
-        ASSERT_LE(Compare(a, c), ab == 0 ? Compare(b, c) : 0) << a << ", " << b << ", " << c;
+        if (ab > 0 || CompareTexts(b, c) > 0) continue;
+        ASSERT_LE(CompareTexts(a, c), ab == 0 ? CompareTexts(b, c) : 0)
+            << a << ", " << b << ", " << c;
       }
     }
   }
 }
 
 // The keys of the whole table in one number: indexes in files out there are built on them.
-TEST(JetCollation, TheTableIsPinned) {
+TEST(TextOrder, TheTableIsPinned) {
   std::uint64_t digest = 14695981039346656037U;
-  for (char32_t c = 0; c < 0x3000; ++c) digest = (digest ^ Jet1Key(c)) * 1099511628211U;
+  for (char32_t c = 0; c < 0x3000; ++c) digest = (digest ^ TextKey(c)) * 1099511628211U;
   EXPECT_EQ(11943904654866511951U, digest);
 }
 
 }  // namespace
-}  // namespace kvi::jet
+}  // namespace kvi

@@ -1,14 +1,14 @@
-#include "jet/functions/JetCollation.h"
+#include "base/TextOrder.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 #include <string_view>
 
+#include "base/TextOrderTable.h"
 #include "base/Utf8.h"
-#include "jet/functions/JetCollationTable.h"
 
-namespace kvi::jet {
+namespace kvi {
 namespace {
 
 constexpr int kAccentBits = 8;
@@ -64,8 +64,8 @@ int CompareFrom(std::string_view left, std::string_view right, std::size_t start
   std::size_t j = start;
   int accents = 0;
   while (i < left.size() && j < right.size()) {
-    const std::uint32_t a = Jet1Key(NextCharacter(left, i));
-    const std::uint32_t b = Jet1Key(NextCharacter(right, j));
+    const std::uint32_t a = TextKey(NextCharacter(left, i));
+    const std::uint32_t b = TextKey(NextCharacter(right, j));
     if (a == b) continue;
     if (a >> kAccentBits != b >> kAccentBits) return a < b ? -1 : 1;
     if (accents == 0) accents = a < b ? -1 : 1;
@@ -77,31 +77,28 @@ int CompareFrom(std::string_view left, std::string_view right, std::size_t start
 
 }  // namespace
 
-std::uint32_t Jet1Key(char32_t character) {
+std::uint32_t TextKey(char32_t character) {
   if (character < kTableSize) return kKeys[character];
   return (kUnlisted + static_cast<std::uint32_t>(character)) << kAccentBits;
 }
 
-int CompareJet1(const char* left, int leftBytes, const char* right, int rightBytes) {
+int CompareTexts(std::string_view left, std::string_view right) {
   constexpr std::uint64_t kHighBits = 0x8080808080808080;
-  const auto common = static_cast<std::size_t>(std::min(leftBytes, rightBytes));
+  const std::size_t common = std::min(left.size(), right.size());
   std::size_t i = 0;
   // Keys that start alike are passed over eight bytes at a time.
   for (std::uint64_t a, b; i + sizeof a <= common; i += sizeof a) {
-    std::memcpy(&a, left + i, sizeof a);
-    std::memcpy(&b, right + i, sizeof b);
+    std::memcpy(&a, left.data() + i, sizeof a);
+    std::memcpy(&b, right.data() + i, sizeof b);
     if (a != b || (a & kHighBits) != 0) break;
   }
   for (; i < common; ++i) {
     const auto a = static_cast<unsigned char>(left[i]);
     const auto b = static_cast<unsigned char>(right[i]);
-    if (((a | b) & 0x80) != 0) {
-      return CompareFrom({left, static_cast<std::size_t>(leftBytes)},
-                         {right, static_cast<std::size_t>(rightBytes)}, i);
-    }
+    if (((a | b) & 0x80) != 0) return CompareFrom(left, right, i);
     if (kAsciiRanks[a] != kAsciiRanks[b]) return kAsciiRanks[a] < kAsciiRanks[b] ? -1 : 1;
   }
-  return (leftBytes > rightBytes) - (leftBytes < rightBytes);
+  return (left.size() > right.size()) - (left.size() < right.size());
 }
 
-}  // namespace kvi::jet
+}  // namespace kvi

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace kvi::jet {
+namespace kvi {
 
 // The letters of JET1 in their order: a word a base letter, the base first and its accents behind
 // it, each letter as its small and its capital form (twice the same where it has one form only).
@@ -40,4 +40,4 @@ inline constexpr Jet1Variant kJet1Variants[] = {
     {U'ς', U'σ'}, {U'ϐ', U'β'}, {U'ϑ', U'θ'}, {U'ϕ', U'φ'}, {U'ϖ', U'π'}, {U'ϰ', U'κ'},
     {U'ϱ', U'ρ'}, {U'ϴ', U'θ'}, {U'ϵ', U'ε'}, {U'ẛ', U'ṡ'}};
 
-}  // namespace kvi::jet
+}  // namespace kvi
