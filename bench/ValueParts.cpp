@@ -94,7 +94,7 @@ void ValueParts(benchmark::State& state, ValuationMethod method, Method floorMet
   ourSide.run();
   floorSide.run();
   if (Sum(ours.Path()) != Sum(floor.Path())) return state.SkipWithError("the values differ");
-  RunPair(state, {ourSide, floorSide, 2.0});
+  RunPair(state, {ourSide, floorSide, 1.5});
 }
 BENCHMARK_CAPTURE(ValueParts, fifo, ValuationMethod::FIFO, Fifo)
     ->Name("Value 30,000 parts by layers")

@@ -72,6 +72,7 @@ class Database {
   void GiveBackLocks();
 
  private:
+  friend class KeyedQuery;
   friend class WriteBatch;
   explicit Database(std::shared_ptr<Engine> engine);
   std::shared_ptr<Engine> engine_;

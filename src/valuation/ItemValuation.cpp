@@ -1,10 +1,13 @@
 #include "valuation/ItemValuation.h"
 
 #include <cmath>
+#include <functional>
+#include <span>
 
 #include "base/Number.h"
 #include "base/RunTimeError.h"
 #include "frame/BulkWalk.h"
+#include "jet/KeyedQuery.h"
 #include "platform/Hourglass.h"
 
 namespace kvi {
@@ -18,94 +21,92 @@ bool IsNothing(double qty) {
 
 // The receipts of a part in any profit center, newest first. Those of one day come as they lie in
 // the database.
-jet::Recordset Receipts(jet::Database& database, const std::string& inv_id) {
-  return database.OpenRecordset("SELECT * FROM Hist_Purchases WHERE Inv_ID = '" + inv_id +
-                                "' ORDER BY p_date DESC;");
-}
+class Receipts {
+ public:
+  explicit Receipts(jet::Database& database)
+      : query_(database,
+               "SELECT p_qty, Price FROM Hist_Purchases WHERE Inv_ID = '?' ORDER BY p_date DESC;") {
+  }
 
-double Quantity(const jet::Recordset& receipt) {
-  return ValOf(receipt["p_qty"]);
-}
-double Price(const jet::Recordset& receipt) {
-  return ValOf(receipt["Price"]);
-}
+  using Take = std::function<bool(double quantity, double price)>;
+  // Until `take` has enough and says false.
+  void Walk(const std::string& inv_id, const Take& take) {
+    query_.Walk(inv_id,
+                [&](std::span<const Value> row) { return take(ValOf(row[0]), ValOf(row[1])); });
+  }
 
-// What the newest receipts cover of a quantity.
-struct Layers {
-  double cum = 0;    // quantity of the layers taken whole
-  double take = 0;   // quantity taken of the layer that covers the rest
-  double total = 0;  // money of both
+  bool HasAny(const std::string& inv_id) {
+    bool any = false;
+    query_.Walk(inv_id, [&](std::span<const Value>) {
+      any = true;
+      return false;
+    });
+    return any;
+  }
+
+ private:
+  jet::KeyedQuery query_;
 };
 
-// The oldest goods left first, so what is on hand came with the newest receipts.
-Layers WalkLayers(jet::Recordset& receipts, double qty) {
-  Layers layers;
-  for (; !receipts.Eof(); receipts.MoveNext()) {
-    const double received = Quantity(receipts);
-    if (layers.cum + received >= qty) {
-      layers.take = qty - layers.cum;
-      layers.total += layers.take * Price(receipts);
-      break;
-    }
-    layers.total += received * Price(receipts);
-    layers.cum += received;
-  }
-  return layers;
-}
+// Whether the take that ends a walk over the layers counts as covered. Where it does not, and whole
+// layers came before it, the remainder values it a second time at the part's cost. The screen does
+// so and the pass over all parts does not, so the two figures differ, as the users know them to.
+enum class LastTake { Counted, Forgotten };
 
-// What the layers leave uncovered, at the part's cost. Layers of quantity 0 leave nothing.
-double Remainder(double cum, double qty, double cost) {
-  return cum != 0 && cum < qty ? (qty - cum) * cost : 0;
+// The oldest goods left first, so what is on hand came with the newest receipts; what they do not
+// cover is worth the part's cost. Layers of quantity 0 leave nothing to cover.
+double LayerValue(Receipts& receipts, const std::string& inv_id, double qty, double cost,
+                  LastTake lastTake) {
+  double cum = 0, total = 0;
+  bool any = false;
+  receipts.Walk(inv_id, [&](double received, double price) {
+    any = true;
+    const bool isLast = cum + received >= qty;
+    const double take = isLast ? qty - cum : received;
+    total += take * price;
+    if (!isLast || lastTake == LastTake::Counted) cum += take;
+    return !isLast;
+  });
+  if (!any) return qty * cost;
+  return cum != 0 && cum < qty ? total + (qty - cum) * cost : total;
 }
 
 // Over the whole history, consumed or not. Fails when the quantities add up to 0.
-double AveragePrice(jet::Recordset& receipts) {
+double AverageValue(Receipts& receipts, const std::string& inv_id, double qty, double cost) {
   double cum = 0, total = 0;
-  for (; !receipts.Eof(); receipts.MoveNext()) {
-    const double received = Quantity(receipts);
-    total += received * Price(receipts);
+  bool any = false;
+  receipts.Walk(inv_id, [&](double received, double price) {
+    any = true;
+    total += received * price;
     cum += received;
-  }
-  return Divide(total, cum);
+    return true;
+  });
+  return any ? Divide(total, cum) * qty : qty * cost;
 }
 
 void Report(Desktop& desktop, const RunTimeError& error) {
   desktop.MsgBox({.text = Str(error.Number) + " " + error.Description, .icon = Icon::None});
 }
 
-// Whether the take that ends a walk counts as covered. Where it does not, and whole layers came
-// before it, the remainder values it a second time at the part's cost. The screen does so and the
-// pass over all parts does not, so the two figures differ, as the users know them to.
-enum class LastTake { Counted, Forgotten };
-
-double ValueOf(jet::Recordset& receipts, ValuationMethod method, double qty, double cost,
-               LastTake lastTake) {
-  switch (method) {
-    case ValuationMethod::FIFO: {
-      const Layers layers = WalkLayers(receipts, qty);
-      const double cum = layers.cum + (lastTake == LastTake::Counted ? layers.take : 0);
-      return layers.total + Remainder(cum, qty, cost);
-    }
-    case ValuationMethod::Weighted:
-      return AveragePrice(receipts) * qty;
-    case ValuationMethod::LastPrice:
-      return qty * cost;
-  }
-  return 0;
+// Nothing where a part has a history and no method is on.
+std::optional<double> ValueOf(Receipts& receipts, std::optional<ValuationMethod> method,
+                              const std::string& inv_id, double qty, double cost,
+                              LastTake lastTake) {
+  if (method == ValuationMethod::FIFO) return LayerValue(receipts, inv_id, qty, cost, lastTake);
+  if (method == ValuationMethod::Weighted) return AverageValue(receipts, inv_id, qty, cost);
+  // The last price is the part's cost, with a history or without one.
+  const bool hasHistory = receipts.HasAny(inv_id);
+  if (hasHistory && !method) return std::nullopt;
+  return qty * cost;
 }
 
-// A part with a history keeps its figure when no method is on.
-RowEnd Revalue(jet::Database& database, std::optional<ValuationMethod> method,
-               jet::Recordset& item) {
-  const double qty = item.Number("qty_on_hand"), cost = item.Number("cost_per");
-  double valuation = 0;
-  if (!IsNothing(qty)) {
-    jet::Recordset receipts = Receipts(database, item.Text("Inv_id"));
-    if (!receipts.Eof() && !method) return RowEnd::Leave;
-    valuation =
-        receipts.Eof() ? cost * qty : ValueOf(receipts, *method, qty, cost, LastTake::Counted);
-  }
-  item.Set("valuation", valuation);
+RowEnd Revalue(Receipts& receipts, std::optional<ValuationMethod> method, jet::Recordset& item) {
+  const double qty = item.Number("qty_on_hand");
+  const auto valuation = IsNothing(qty) ? 0
+                                        : ValueOf(receipts, method, item.Text("Inv_id"), qty,
+                                                  item.Number("cost_per"), LastTake::Counted);
+  if (!valuation) return RowEnd::Leave;
+  item.Set("valuation", *valuation);
   return RowEnd::Write;
 }
 
@@ -115,9 +116,8 @@ double ItemValuation(jet::Database& database, std::optional<ValuationMethod> met
                      Desktop& desktop, const std::string& inv_id, double qty, double cost) {
   if (IsNothing(qty)) return 0;
   try {
-    jet::Recordset receipts = Receipts(database, inv_id);
-    if (receipts.Eof()) return qty * cost;
-    return method ? ValueOf(receipts, *method, qty, cost, LastTake::Forgotten) : 0;
+    Receipts receipts(database);
+    return ValueOf(receipts, method, inv_id, qty, cost, LastTake::Forgotten).value_or(0);
   } catch (const RunTimeError& error) {
     Report(desktop, error);
     return 0;
@@ -131,8 +131,9 @@ void UpdateAllValuations(jet::Database& database, std::optional<ValuationMethod>
     jet::Recordset items =
         database.OpenRecordset(std::string("SELECT * FROM I_Master WHERE ") +
                                " Pcenter = " + Str(profitCenter) + " order by inv_id");
+    Receipts receipts(database);
     WalkAndChange(database, items,
-                  [&](jet::Recordset& item) { return Revalue(database, method, item); });
+                  [&](jet::Recordset& item) { return Revalue(receipts, method, item); });
   } catch (const RunTimeError& error) {
     desktop.SetPointer(MousePointer::Default);
     Report(desktop, error);
