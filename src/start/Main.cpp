@@ -28,7 +28,7 @@ Main::Main(Application& app) : Screen("Main", "Kestvar Inventory"), app_(app) {
     if (MayOpen(kInventoryModule)) app_.screens.ShowModal(app_.Get<KVI_InventorySummary>());
   };
   MaintProc.Click = [this] {
-    if (MayOpen(kPartGroupModule)) SayNotBuiltYet(app_.desktop, "Part Group Maintenance");
+    if (MayOpen(kPartGroupModule)) SayNotBuiltYet(app_.desktop, kPartGroup + " Maintenance");
   };
   Label16.Click = [this] {
     if (MayOpen(kOrderModule)) SayNotBuiltYet(app_.desktop, "Manage Orders");

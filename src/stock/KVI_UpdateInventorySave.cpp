@@ -2,6 +2,7 @@
 #include "base/Number.h"
 #include "base/Text.h"
 #include "frame/GENERAL.h"
+#include "frame/Wording.h"
 #include "partgroups/UpdatePartGroupCosts.h"
 #include "security/CheckAccess.h"
 #include "stock/KVI_UpdateInventory.h"
@@ -90,8 +91,8 @@ void KVI_UpdateInventory::BookReceipt(const std::string& number, const Booking& 
 // The grid is not loaded again: the costs stay as they were typed. (The quantities are 0 before the
 // groups are costed, so that a costing that fails does not let the next save add them again.)
 void KVI_UpdateInventory::FinishPurchases(bool partChanged) {
-  if (partChanged && AskYesNo("You made a change to one or more items(s).  Should we update the "
-                              "part groups?",
+  if (partChanged && AskYesNo("You made a change to one or more items(s).  Should we update the " +
+                                  kPartGroupsLower + "?",
                               "Speedy Update"))
     UpdatePartGroupCosts(app_);
 }
