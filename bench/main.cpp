@@ -4,8 +4,10 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 #include "bench/Stockroom.h"
+#include "bench/Trips.h"
 
 namespace {
 
@@ -52,6 +54,11 @@ class TableReporter : public benchmark::BenchmarkReporter {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc == 2 && std::string_view(argv[1]) == "--trips") {
+    if (!kvi::bench::MakeDatabase()) return EXIT_FAILURE;
+    kvi::bench::MakeTrips();
+    return EXIT_SUCCESS;
+  }
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return EXIT_FAILURE;
   if (!kvi::bench::MakeDatabase()) {

@@ -43,6 +43,7 @@ jet::Recordset ItemDetailScreen::ReadRow(const std::string& trimmedKey, const Lo
 
 void ItemDetailScreen::LoadItemOnActivate() {
   const LoadStatements run(app_.desktop);
+  const jet::ReadTogether reads(app_.CurrentDatabase);
   const jet::Recordset row = ReadRow("Trim(Inv_ID)", run);
   if (row.IsOpen()) FillLists(run);
   if (ShowRow(row, run)) OfferVendors();
@@ -78,6 +79,7 @@ bool ItemDetailScreen::ShowRow(const jet::Recordset& row, const LoadStatements& 
 // number's lock.
 void ItemDetailScreen::LoadItemRecord() {
   const LoadStatements run(app_.desktop);
+  const jet::ReadTogether reads(app_.CurrentDatabase);
   CenterForm();
   const jet::Recordset row = ReadRow("lTrim(rtrim(Inv_ID))", run);
   if (!row.IsOpen() || row.Eof()) return ShowNothing();

@@ -21,6 +21,7 @@ void ItemDetailScreen::SaveItem() {
                   "KV Inventory");
   bool wanted = true;
   const SaveEnd end = SaveRecord(app_.desktop, app_.CurrentDatabase, [&] {
+    const jet::ReadTogether reads(app_.CurrentDatabase);
     iname.Text = StripAmpersands(StripQuotes(iname.Text()));
     wanted = NumberIsWanted();
     if (!wanted) return;

@@ -134,6 +134,14 @@ void Database::OnLocked(std::function<bool()> ask) {
   Required(engine_).connection.OnLocked = std::move(ask);
 }
 
+ReadTogether::ReadTogether(Database& database) : engine_(database.engine_) {
+  begun_ = Required(engine_).lock.BeginRead();
+}
+
+ReadTogether::~ReadTogether() {
+  if (begun_ && engine_->IsOpen()) engine_->lock.EndRead();
+}
+
 void Database::GiveBackLocks() {
   Required(engine_).lock.GiveBack();
 }

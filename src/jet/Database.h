@@ -73,6 +73,7 @@ class Database {
 
  private:
   friend class KeyedQuery;
+  friend class ReadTogether;
   friend class WriteBatch;
   explicit Database(std::shared_ptr<Engine> engine);
   std::shared_ptr<Engine> engine_;
@@ -81,6 +82,21 @@ class Database {
 // A real Jet file stands where ours is wanted: recognised by its signature, and refused. Its
 // number is the classic "unrecognized database format"; the description names what it is.
 bool IsJetFile(const std::string& path);
+
+// Several reads of one state of the file: they take its lock once, and each after the first costs
+// no trip to the file for what is in memory. Ends by itself before anything is written or a person
+// is asked; within a WriteBatch or another one it does nothing.
+class ReadTogether {
+ public:
+  explicit ReadTogether(Database& database);
+  ~ReadTogether();
+  ReadTogether(const ReadTogether&) = delete;
+  ReadTogether& operator=(const ReadTogether&) = delete;
+
+ private:
+  std::shared_ptr<Engine> engine_;
+  bool begun_;
+};
 
 // A bulk pass: while one lives, rows are committed in groups of at most 100 ms, with a pause of
 // 5 ms between groups for the other desks. What was written stays when the pass fails: the

@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <utility>
+
 #include "base/RunTimeError.h"
 
 namespace kvi::jet {
@@ -30,7 +32,14 @@ void Engine::Close() {
 }
 
 void Engine::Look() {
-  if (sqlite3_txn_state(connection.Handle(), "main") == SQLITE_TXN_WRITE) return;
+  const int state = sqlite3_txn_state(connection.Handle(), "main");
+  if (state == SQLITE_TXN_WRITE) return;
+  if (state == SQLITE_TXN_READ) {
+    // Taking the lock told the engine already whether the file is another than before.
+    unsigned version = 0;
+    sqlite3_file_control(connection.Handle(), "main", SQLITE_FCNTL_DATA_VERSION, &version);
+    if (std::exchange(versionLookedAt_, version) == version) return;
+  }
   watch.Look();
   if (watch.SchemaEpoch() == schemaEpoch_) return;
   schemaEpoch_ = watch.SchemaEpoch();

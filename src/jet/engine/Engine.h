@@ -57,6 +57,7 @@ class Engine {
   std::unordered_map<std::string, std::shared_ptr<const Query>> queries_;
   std::unordered_map<std::string, std::shared_ptr<QueryShape>> shapes_;
   std::uint64_t schemaEpoch_ = 0;
+  unsigned versionLookedAt_ = 0;
   int glances_ = 0;
   std::chrono::steady_clock::time_point lastLook_;
 };

@@ -20,6 +20,7 @@ WriteLock::Clock::time_point WriteLock::Tick() {
 void WriteLock::Begin() {
   if (connection_.IsReadOnly()) throw RunTimeError(3027);
   if (lost_ != 0) throw RunTimeError(lost_);
+  EndRead();
   if (group_ && edits_ == 0 && IsGroupOver()) CommitGroup();
   if (!connection_.InTransaction()) Take();
 }
@@ -137,8 +138,19 @@ void WriteLock::Breathe() {
   groupEnded_ = Clock::now();
 }
 
+bool WriteLock::BeginRead() {
+  if (connection_.InTransaction()) return false;
+  return reading_ = connection_.TryStep("BEGIN") == SQLITE_OK;
+}
+
+void WriteLock::EndRead() {
+  if (std::exchange(reading_, false)) connection_.TryStep("COMMIT");
+}
+
 void WriteLock::GiveBack() {
-  if (!connection_.IsOpen() || connection_.HoldsNothing()) return;
+  if (!connection_.IsOpen()) return;
+  EndRead();
+  if (connection_.HoldsNothing()) return;
   if (!group_) return Forgo();
   try {
     if (whole_) throw RunTimeError(3034);

@@ -51,6 +51,11 @@ class WriteLock {
   // What Begin was for is not written after all.
   void Abandon();
 
+  // A transaction of reads alone, until it is ended, something is written or all is given back.
+  // False where another one is open.
+  bool BeginRead();
+  void EndRead();
+
   void Join(Writer& writer) { writers_.push_back(&writer); }
   void Part(const Writer& writer) { std::erase(writers_, &writer); }
 
@@ -102,6 +107,7 @@ class WriteLock {
   bool whole_ = false;
   bool group_ = false;  // the transaction is a batch's
   int lost_ = 0;        // the number of what made GiveBack drop a group of the batch
+  bool reading_ = false;
   int edits_ = 0;
   std::uint64_t givings_ = 1;
   std::int64_t changesBefore_ = 0;

@@ -10,23 +10,6 @@ namespace {
 constexpr std::size_t kFirstBlock = 4, kLastBlock = 1024, kGrowth = 4;
 constexpr std::size_t kFastWalk = 256;
 
-// A transaction for several reads that must see one state of the file.
-class ReadTogether {
- public:
-  explicit ReadTogether(Connection& connection) : connection_(connection) {
-    mine_ = !connection_.InTransaction() && connection_.TryStep("BEGIN") == 0;
-  }
-  ~ReadTogether() {
-    if (mine_) connection_.TryStep("COMMIT");
-  }
-  ReadTogether(const ReadTogether&) = delete;
-  ReadTogether& operator=(const ReadTogether&) = delete;
-
- private:
-  Connection& connection_;
-  bool mine_;
-};
-
 }  // namespace
 
 Dynaset::Dynaset(std::shared_ptr<Engine> engine, const Engine::Query& query)
@@ -66,9 +49,15 @@ void Dynaset::OpenSmall(const std::vector<Value>& parameters) {
 }
 
 void Dynaset::OpenLarge(const std::vector<Value>& parameters) {
-  const ReadTogether together(TheEngine().connection);
-  ReadKeys(parameters);
-  if (keys_.Size() > 0) ReadBlockAround(0);
+  const bool begun = TheEngine().lock.BeginRead();
+  try {
+    ReadKeys(parameters);
+    if (keys_.Size() > 0) ReadBlockAround(0);
+  } catch (...) {
+    if (begun) TheEngine().lock.EndRead();
+    throw;
+  }
+  if (begun) TheEngine().lock.EndRead();
 }
 
 void Dynaset::ReadKeys(const std::vector<Value>& parameters) {
