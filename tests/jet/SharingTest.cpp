@@ -116,6 +116,31 @@ TEST_F(SharingTest, WhileAPersonThinksNothingIsHeldAndTheLastWriterWins) {
   EXPECT_EQ(ErrorOf([&] { set.Update(); }), 3167);
 }
 
+TEST_F(SharingTest, ReadsTogetherSeeOneStateAndEndBeforeAWriteOrABox) {
+  AddParts(2);
+  Recordset set = db_.OpenRecordset(kParts);
+  const auto levelIn = [&](auto&& end) {
+    const ReadTogether reads(db_);
+    EXPECT_EQ(Rows(kParts, "name"), "Part 1\nPart 2\n");
+    EXPECT_EQ(RawFile(path_).Ask("UPDATE I_Master SET qty = qty + 1"), "database is locked");
+    end();
+    EXPECT_EQ(RawFile(path_).Ask("UPDATE I_Master SET qty = qty + 1"), "");
+    set.MoveFirst();
+    return set.Number("qty");
+  };
+  EXPECT_EQ(levelIn([&] { db_.GiveBackLocks(); }), 11);
+  EXPECT_EQ(levelIn([&] { db_.Execute("UPDATE I_Master SET qty = 20"); }), 21);
+  {
+    const ReadTogether reads(db_);
+    set.MoveFirst();
+    EXPECT_EQ(set.Number("qty"), 21);
+  }
+  RawFile(path_).Ask("UPDATE I_Master SET qty = 30");
+  const ReadTogether reads(db_);
+  set.MoveFirst();
+  EXPECT_EQ(set.Number("qty"), 30);
+}
+
 TEST_F(SharingTest, ARowWrittenDuringAnEditIsCommittedAndTheEditTakesItsLockAgain) {
   AddParts(1);
   Recordset edited = db_.OpenRecordset(kParts), added = db_.OpenRecordset(kParts);
