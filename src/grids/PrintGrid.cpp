@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 #include <vector>
 
 #include "base/Text.h"
@@ -15,7 +16,7 @@ constexpr double kGap = 0.1;     // between header, grid and footer
 constexpr double kPadding = 0.04;
 constexpr double kFontSize = 9;  // points
 constexpr double kSmallestScale = 0.7;
-constexpr std::size_t kHeadingLines = 3;
+constexpr std::size_t kHeadingLines = 4;
 constexpr double kTwipsPerInch = 1440;
 
 struct Column {
@@ -89,6 +90,35 @@ class GridPrinter {
       Sheet& sheet = sheets_.back();
       sheet.push_back({col, RightEdge(sheet), width});
     }
+    for (Sheet& sheet : sheets_) UseRoom(sheet);
+  }
+
+  // What the page leaves free goes to the columns whose texts would be cut, from the left.
+  void UseRoom(Sheet& sheet) {
+    double room = kMargin + Usable() - RightEdge(sheet);
+    double moved = 0;
+    for (Column& column : sheet) {
+      column.x += moved;
+      if (room <= 0) continue;
+      const double more = std::min(room, std::max(0.0, NeededWidth(column.col) - column.width));
+      column.width += more;
+      moved += more;
+      room -= more;
+    }
+  }
+
+  // Of the heading only its words count: it breaks between them.
+  double NeededWidth(int col) {
+    double width = grid_.ColWidth(col) / kTwipsPerInch * scale_;
+    const auto widen = [&](const std::string& text) {
+      if (!Fits(text, width - 2 * kPadding)) width = surface_.TextWidth(text) + 2 * kPadding;
+    };
+    SetGridFont(true);
+    std::istringstream heading(grid_.Text(0, col));
+    for (std::string word; heading >> word;) widen(word);
+    SetGridFont(false);
+    for (int row = 1; row <= lastRow_; ++row) widen(OnOneLine(grid_.Text(row, col)));
+    return width;
   }
 
   void PlanHeights() {
@@ -124,43 +154,58 @@ class GridPrinter {
     return height;
   }
 
-  // As much of a text as fits into the width in the font that is set.
-  std::string Fitted(const std::string& text, double width) const {
+  bool Fits(const std::string& text, double width) const {
     // No glyph of the font is wider than this, and most texts are far from their column's end.
     const double widest = 1.1 * surface_.FontSize / 72;
-    if (static_cast<double>(text.size()) * widest <= width || surface_.TextWidth(text) <= width)
-      return text;
-    std::string line = text;
-    // Half a number is another number.
-    if (IsNumber(text)) line.assign(Len(text), '#');
-    std::size_t fits = 0, above = Len(line);
-    while (above - fits > 1) {
-      const std::size_t middle = fits + (above - fits) / 2;
-      (surface_.TextWidth(Left(line, middle)) <= width ? fits : above) = middle;
-    }
-    return Left(line, fits);
+    return static_cast<double>(text.size()) * widest <= width || surface_.TextWidth(text) <= width;
   }
 
+  // As much of a text as fits into the width in the font that is set.
+  std::string Fitted(const std::string& text, double width) const {
+    if (Fits(text, width)) return text;
+    std::size_t fits = 0, above = Len(text);
+    while (above - fits > 1) {
+      const std::size_t middle = fits + (above - fits) / 2;
+      (surface_.TextWidth(Left(text, middle)) <= width ? fits : above) = middle;
+    }
+    return Left(text, fits);
+  }
+
+  // The figures stand at the right; half of one is another one. A number of a part or an invoice is
+  // a text, and is cut like one.
+  std::string FittedCell(const std::string& text, CellAlign align, double width) const {
+    const bool isFigure = align == CellAlign::Right && IsNumber(text);
+    if (!isFigure || Fits(text, width)) return Fitted(text, width);
+    return Fitted(std::string(Len(text), '#'), width);
+  }
+
+  // Breaks between words, and a word that is wider than its column inside it.
   std::vector<std::string> HeadingLines(const Column& column) const {
     const double width = column.width - 2 * kPadding;
     std::vector<std::string> lines;
     std::string line;
-    const std::string heading = OnOneLine(grid_.Text(0, column.col)) + " ";
-    for (std::size_t from = 0, to; (to = heading.find(' ', from)) != std::string::npos;
-         from = to + 1) {
-      const std::string word = heading.substr(from, to - from);
-      const bool fits = surface_.TextWidth(line + " " + word) <= width;
-      if (!line.empty() && !fits && lines.size() + 1 < kHeadingLines)
-        lines.push_back(std::exchange(line, word));
-      else
-        line += (line.empty() ? "" : " ") + word;
+    std::string rest = Trim(OnOneLine(grid_.Text(0, column.col)));
+    while (!rest.empty() && lines.size() + 1 < kHeadingLines) {
+      const std::string word = rest.substr(0, rest.find(' '));
+      const std::string longer = line.empty() ? word : line + " " + word;
+      if (Fits(longer, width)) {
+        line = longer;
+        rest = LTrim(rest.substr(word.size()));
+      } else if (!line.empty()) {
+        lines.push_back(std::exchange(line, ""));
+      } else {
+        lines.push_back(Fitted(word, width));
+        // Narrower than one letter: nothing of it can be shown.
+        if (lines.back().empty()) break;
+        rest.erase(0, lines.back().size());
+      }
     }
-    lines.push_back(line);
+    line += (line.empty() || rest.empty() ? "" : " ") + rest;
+    if (!line.empty() || lines.empty()) lines.push_back(line);
     return lines;
   }
 
-  void DrawAligned(const std::string& text, CellAlign align, double x, double y, double width) {
-    const std::string shown = Fitted(text, width);
+  void DrawAligned(const std::string& shown, CellAlign align, double x, double y, double width) {
     if (shown.empty()) return;
     if (align != CellAlign::Left) {
       const double rest = width - surface_.TextWidth(shown);
@@ -173,7 +218,7 @@ class GridPrinter {
     for (const PrintedLine& line : lines) {
       for (const PrintedText& stretch : line) {
         SetFont(stretch);
-        DrawAligned(stretch.text, stretch.align, kMargin, y, Usable());
+        DrawAligned(Fitted(stretch.text, Usable()), stretch.align, kMargin, y, Usable());
       }
       y += HeightOf(line);
     }
@@ -198,7 +243,7 @@ class GridPrinter {
     for (const Column& column : sheet) {
       double y = top_ + kPadding / 2;
       for (const std::string& line : HeadingLines(column)) {
-        DrawAligned(line, CellAlign::Left, column.x + kPadding, y, column.width - 2 * kPadding);
+        surface_.PrintAt(column.x + kPadding, y, Fitted(line, column.width - 2 * kPadding));
         y += lineHeight_;
       }
     }
@@ -217,8 +262,9 @@ class GridPrinter {
     }
     for (std::size_t i = 0; i < sheet.size(); ++i) {
       const Column& column = sheet[i];
-      DrawAligned(OnOneLine(grid_.Text(row, column.col)), formats[i].Align, column.x + kPadding,
-                  y + kPadding / 2, column.width - 2 * kPadding);
+      const double width = column.width - 2 * kPadding;
+      DrawAligned(FittedCell(OnOneLine(grid_.Text(row, column.col)), formats[i].Align, width),
+                  formats[i].Align, column.x + kPadding, y + kPadding / 2, width);
     }
   }
 

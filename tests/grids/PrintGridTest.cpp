@@ -113,16 +113,26 @@ TEST_F(PrintGridTest, APageShowsHeaderHeadingsRowsAndFooter) {
             "line 4.00 1.17 4.00 1.74\n");
 }
 
-TEST_F(PrintGridTest, LongTextsAreCutAndLongNumbersShowThatTheyAre) {
-  SetUpGrid({1, 1, 1}, 2);
+TEST_F(PrintGridTest, WhatDoesNotFitTakesTheFreeRoomOfThePage) {
+  SetUpGrid({1, 1}, 2);
+  grid.SetText(1, 1, "Bearing, sealed, 6204");
+  const auto& document = Printed();
+  EXPECT_EQ(Texts(document, 1), "Col1 Col2 Bearing, sealed, 6204 1.2 2.1 2.2 ");
+}
+
+TEST_F(PrintGridTest, OnAFullPageTextsAreCutAndFiguresShowThatTheyAre) {
+  SetUpGrid({1, 1, 1, 4.5}, 2);
+  grid.SetAlign(Block::Column(2), CellAlign::Right);
+  grid.SetText(2, 3, "9781234567890");
+  grid.SetHeading(3, "Reconditioned");
   grid.SetText(1, 1, "Bearing, sealed, 6204");
   grid.SetText(1, 2, "$ 1234567890.50");
   grid.SetText(1, 3, "12 x\n34");
   grid.SetText(2, 1, "Dichtungsgröße 20");
   grid.SetHeading(1, "Theoretical Quantity on Hand today");
   EXPECT_EQ(Texts(Printed(), 1),
-            "Theoretical Col2 Col3 Quantity on Hand today "
-            "Bearing, sea ############ 12 x 34 Dichtungsgrö 2.2 2.3 ");
+            "Theoretical Col2 Reconditione Col4 Quantity on d Hand today "
+            "Bearing, sea ############ 12 x 34 1.4 Dichtungsgrö 2.2 978123456789 2.4 ");
 }
 
 TEST_F(PrintGridTest, ColumnsThatNearlyFitAreShrunk) {
