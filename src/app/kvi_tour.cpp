@@ -24,6 +24,38 @@
 
 namespace {
 
+// Nobody is there to answer: what would wait for a person is told, gets the most careful answer,
+// and fails the tour.
+class TourDesktop : public kvi::QtDesktop {
+ public:
+  using QtDesktop::QtDesktop;
+  bool WasAsked() const { return asked_; }
+  void RunModal(kvi::Screen& screen) override { Tell("screen", screen.Name()); }
+
+ protected:
+  kvi::Answer ShowBox(const kvi::Box& box) override {
+    Tell("box", "[" + box.title + "] " + box.text);
+    if (box.buttons == kvi::Buttons::Ok) return kvi::Answer::Ok;
+    return box.buttons == kvi::Buttons::YesNo ? kvi::Answer::No : kvi::Answer::Cancel;
+  }
+  std::optional<std::string> AskText(const std::string& prompt, const std::string&,
+                                     const std::string&) override {
+    Tell("question", prompt);
+    return std::nullopt;
+  }
+  std::optional<std::string> AskFile(const kvi::FileDialog& dialog) override {
+    Tell("file dialog", dialog.title);
+    return std::nullopt;
+  }
+
+ private:
+  void Tell(const char* kind, const std::string& text) {
+    std::fprintf(stderr, "FAILED: nobody expected the %s: %s\n", kind, text.c_str());
+    asked_ = true;
+  }
+  bool asked_ = false;
+};
+
 class Tour {
  public:
   Tour(kvi::QtDesktop& desktop, kvi::Application& app, std::filesystem::path folder)
@@ -103,7 +135,7 @@ int main(int argc, char** argv) {
   }
   const std::filesystem::path folder = argv[1];
   std::filesystem::create_directories(folder);
-  kvi::QtDesktop desktop(argc, argv);
+  TourDesktop desktop(argc, argv);
   kvi::SystemClock clock;
   kvi::SystemChance chance;
   kvi::Application app({desktop, clock, chance, kvi::ProgramFolder(), ""});
@@ -130,5 +162,5 @@ int main(int argc, char** argv) {
     return 1;
   }
   desktop.CloseAllWindows();
-  return tour.Failed() ? 1 : 0;
+  return tour.Failed() || desktop.WasAsked() ? 1 : 0;
 }
