@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <vector>
 
 #include "base/Number.h"
 #include "base/RunTimeError.h"
@@ -39,24 +40,89 @@ bool TakeSign(std::string_view& text, char sign) {
   return true;
 }
 
-bool TakeDay(std::string_view& text, Date& date) {
-  const bool yearFirst = text.find_first_not_of("0123456789") == 4;
-  std::array<int, 3> numbers{};
-  std::size_t yearDigits = 4;
-  char separator = 0;
-  for (std::size_t i = 0; i < 3; ++i) {
-    if (i == 1 && !text.empty() && (text[0] == '/' || text[0] == '-')) separator = text[0];
-    if (i > 0 && !TakeSign(text, separator)) return false;
-    const bool isYear = i == (yearFirst ? 0U : 2U);
-    const std::size_t before = text.size();
-    numbers[i] = TakeNumber(text, isYear ? 4 : 2);
-    if (numbers[i] < 0) return false;
-    if (isYear) yearDigits = before - text.size();
+// One of the numbers of a day, or the month by its name.
+struct DayPart {
+  int number;
+  std::size_t digits;  // 0 for a name
+};
+
+// A month by its English name or the first three letters of it, whatever the case; 0 for another
+// word.
+int MonthNamed(std::string_view word) {
+  constexpr std::string_view kNames[] = {"JANUARY",   "FEBRUARY", "MARCH",    "APRIL",
+                                         "MAY",       "JUNE",     "JULY",     "AUGUST",
+                                         "SEPTEMBER", "OCTOBER",  "NOVEMBER", "DECEMBER"};
+  const std::string name = UCase(word);
+  for (int month = 1; month <= 12; ++month) {
+    const std::string_view whole = kNames[month - 1];
+    if (name == whole || name == whole.substr(0, 3)) return month;
   }
-  const auto [first, second, third] = numbers;
-  date = yearFirst ? Date{first, second, third} : Date{third, first, second};
-  if (yearDigits <= 2) date.year += date.year < 30 ? 2000 : 1900;
+  return 0;
+}
+
+bool IsLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+std::optional<DayPart> TakeDayPart(std::string_view& text) {
+  const std::string_view before = text;
+  if (!text.empty() && IsLetter(text[0])) {
+    const auto end = std::ranges::find_if_not(text, IsLetter) - text.begin();
+    text.remove_prefix(static_cast<std::size_t>(end));
+    const int month = MonthNamed(before.substr(0, static_cast<std::size_t>(end)));
+    return month > 0 ? std::optional(DayPart{month, 0}) : std::nullopt;
+  }
+  const int number = TakeNumber(text, 4);
+  if (number < 0) return std::nullopt;
+  return DayPart{number, before.size() - text.size()};
+}
+
+// "/" or "-", the same between all parts; with a month's name also blanks and a comma.
+bool TakeSeparator(std::string_view& text, char& separator, bool named) {
+  if (text[0] == '/' || text[0] == '-') {
+    if (separator != 0 && separator != text[0]) return false;
+    separator = text[0];
+    text.remove_prefix(1);
+    return true;
+  }
+  const std::size_t end = std::min(text.find_first_not_of(", "), text.size());
+  text.remove_prefix(end);
+  return named && separator == 0 && end > 0;
+}
+
+// The month where it has no name: the first number, unless only the second can be one.
+bool PutInOrder(std::vector<DayPart> parts, int thisYear, Date& date) {
+  const auto named = std::ranges::find(parts, std::size_t{0}, &DayPart::digits);
+  const bool byName = named != parts.end();
+  if (byName) {
+    date.month = named->number;
+    parts.erase(named);
+  }
+  const bool needsYear = parts.size() == (byName ? 1U : 2U);
+  if (needsYear && thisYear > 0) parts.push_back({thisYear, 4});
+  if (parts.size() != (byName ? 2U : 3U)) return false;
+
+  const auto year = parts.front().digits > 2 ? parts.begin() : parts.end() - 1;
+  date.year = year->number;
+  if (year->digits <= 2) date.year += date.year < 30 ? 2000 : 1900;
+  parts.erase(year);
+  if (std::ranges::any_of(parts, [](const DayPart& part) { return part.digits > 2; })) return false;
+  date.day = parts.back().number;
+  if (!byName) date.month = parts.front().number;
+  if (!byName && date.month > 12 && date.day <= 12) std::swap(date.month, date.day);
   return true;
+}
+
+bool ReadDay(std::string_view text, int thisYear, Date& date) {
+  const bool named = std::ranges::any_of(text, IsLetter);
+  std::vector<DayPart> parts;
+  char separator = 0;
+  do {
+    const auto part = TakeDayPart(text);
+    if (!part) return false;
+    parts.push_back(*part);
+  } while (!text.empty() && TakeSeparator(text, separator, named));
+  return text.empty() && PutInOrder(std::move(parts), thisYear, date);
 }
 
 // "h:mm", "h:mm:ss", each with AM or PM behind it if the hour is one of twelve.
@@ -144,15 +210,17 @@ std::optional<Date> FromIsoText(std::string_view text) {
   return IsValid(date) ? std::optional(date) : std::nullopt;
 }
 
-std::optional<Date> CDate(std::string_view text) {
+std::optional<Date> CDate(std::string_view text, int thisYear) {
   const std::string trimmed = Trim(text);
-  std::string_view rest = trimmed;
+  const std::string_view all = trimmed;
+  const std::size_t blank = all.rfind(' ', all.find(':'));
+  const bool hasTime = all.find(':') != std::string_view::npos;
+  if (hasTime && blank == std::string_view::npos) return std::nullopt;
   Date date;
-  if (!TakeDay(rest, date)) return std::nullopt;
-  if (!rest.empty()) {
-    if (!rest.starts_with(' ')) return std::nullopt;
-    rest.remove_prefix(rest.find_first_not_of(' '));
-    if (!TakeTime(rest, date)) return std::nullopt;
+  if (!ReadDay(RTrim(hasTime ? all.substr(0, blank) : all), thisYear, date)) return std::nullopt;
+  if (hasTime) {
+    std::string_view time = all.substr(blank + 1);
+    if (!TakeTime(time, date)) return std::nullopt;
   }
   return IsValid(date) ? std::optional(date) : std::nullopt;
 }

@@ -32,9 +32,11 @@ int Weekday(const Date& date);
 std::string IsoText(const Date& date);
 std::optional<Date> FromIsoText(std::string_view text);
 
-// What a person types: "m/d/yyyy", "m/d/yy" (below 30 is 20yy, else 19yy), "m-d-yyyy" or ISO, each
-// with an optional "h:mm", "h:mm:ss" and AM/PM behind a blank. Nothing when it is no date.
-std::optional<Date> CDate(std::string_view text);
+// What a person types: "m/d/yyyy", "m/d/yy" (below 30 is 20yy, else 19yy), "m-d-yyyy", ISO, or with
+// the month's English name ("1-Mar-2026", "March 1, 2026"), each with an optional "h:mm", "h:mm:ss"
+// and AM/PM behind a blank. A first number that can be no month is the day ("13/1/2026"). A day
+// without a year ("3/1") is one of `thisYear`, if that is given. Nothing when it is no date.
+std::optional<Date> CDate(std::string_view text, int thisYear = 0);
 
 // The general text form: "3/1/2026", or "3/1/2026 2:05:00 PM" with a time.
 std::string Str(const Date& date);

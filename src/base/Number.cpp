@@ -26,6 +26,8 @@ class Reader {
     return taken;
   }
 
+  bool AtEnd() const { return rest_.empty(); }
+
   // Appends the digits that follow; whether there was any.
   bool TakeDigits(std::string& to) {
     bool any = false;
@@ -80,6 +82,29 @@ bool IsTooLarge(const Parts& parts) {
 }
 
 }  // namespace
+
+std::optional<double> TypedNumber(std::string_view text) {
+  Reader reader(text);
+  std::string number;
+  if (reader.Take("+-") == '-') number = "-";
+  if (reader.Take("$") && number.empty() && reader.Take("+-") == '-') number = "-";
+  std::string digits;
+  bool any = reader.TakeDigits(digits);
+  if (any && digits.size() <= 3) {
+    while (reader.Take(",")) {
+      std::string thousand;
+      reader.TakeDigits(thousand);
+      if (thousand.size() != 3) return std::nullopt;
+      digits += thousand;
+    }
+  }
+  if (reader.Take(".")) {
+    digits += '.';
+    any = reader.TakeDigits(digits) || any;
+  }
+  if (!any || !reader.AtEnd()) return std::nullopt;
+  return Val(number + digits);
+}
 
 double Val(std::string_view text) {
   const Parts parts = NumericPrefix(text);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,10 @@ namespace kvi {
 // and before are skipped; "1E3" and "1D3" are 1000; "&H" is not read; the decimal sign is the point
 // whatever the desk's language; no thousands separators.
 double Val(std::string_view text);
+
+// A number as a person writes an amount: a sign, a currency sign "$", commas between thousands, a
+// point; nothing for any other text, where Val would read a part of it.
+std::optional<double> TypedNumber(std::string_view text);
 
 // The general text form of a number: at most 15 significant digits, no padding, no trailing zeros,
 // "1E+15" notation beyond that. (No leading blank for the sign.) Raises 6 for what is not finite.

@@ -6,7 +6,8 @@
 
 namespace kvi {
 
-enum class CellKind : std::uint8_t { Edit, Static, Number, Date, List, CheckBox };
+// A Float takes amounts alone and keeps them with two decimals.
+enum class CellKind : std::uint8_t { Edit, Static, Number, Float, Date, List, CheckBox };
 enum class CellAlign : std::uint8_t { Left, Center, Right };
 
 // The look and behaviour of one cell of a grid.

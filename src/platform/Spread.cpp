@@ -15,6 +15,10 @@ bool IsBlank(const std::string& text) {
   return text.find_first_not_of(' ') == std::string::npos;
 }
 
+bool IsNumber(CellKind kind) {
+  return kind == CellKind::Number || kind == CellKind::Float;
+}
+
 int Compare(double left, double right) {
   return left < right ? -1 : left > right ? 1 : 0;
 }
@@ -141,7 +145,7 @@ void Spread::Sort(int keyCol, bool ascending) {
   CheckCell(0, keyCol);
   bool byValue = true;
   for (int row = 1; row <= MaxRows() && byValue; ++row)
-    byValue = Format(row, keyCol).Kind == CellKind::Number;
+    byValue = IsNumber(Format(row, keyCol).Kind);
   if (byValue) {
     std::vector<double> keys(rows_.size());
     for (int row = 1; row <= MaxRows(); ++row) keys[At(row)] = Val(Text(row, keyCol));

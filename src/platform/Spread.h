@@ -75,7 +75,7 @@ class Spread : public Control {
   // order handed over, which is below 0, 0 or above 0.
   using CellOrder = std::function<int(const std::string&, const std::string&)>;
   void Sort(int keyCol, bool ascending, const CellOrder& order);
-  // By value where every key cell is a Number, else text without regard to case.
+  // By value where every key cell is a Number or Float, else text without regard to case.
   void Sort(int keyCol, bool ascending);
 
   // The cell cursor of the code (quick find reads it), apart from the cell that is active on the
@@ -95,7 +95,8 @@ class Spread : public Control {
   void SetSelectedBlocks(std::vector<Block> blocks);
 
   // The user's typing: cuts the text to the cell's length and fires CellEdited when that changes
-  // the cell. False when the cell takes it not: locked, static, or no choice of its list.
+  // the cell. False when the cell takes it not: locked, static, no choice of its list, or no amount
+  // in a Float.
   bool TypeText(int row, int col, const std::string& text);
   // Whether the user can type into the cell at all.
   bool TakesTyping(int row, int col) const;

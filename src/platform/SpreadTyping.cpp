@@ -1,5 +1,7 @@
 #include <algorithm>
 
+#include "base/Format.h"
+#include "base/Number.h"
 #include "base/Text.h"
 #include "platform/Spread.h"
 
@@ -74,7 +76,12 @@ bool Spread::TypeText(int row, int col, const std::string& text) {
   const CellFormat format = Format(row, col);
   if (format.Kind == CellKind::List && !std::ranges::count(Choices(col), text)) return false;
   const auto length = static_cast<std::size_t>(format.TypeEditLen);
-  const std::string typed = length > 0 ? Left(text, length) : text;
+  std::string typed = length > 0 ? Left(text, length) : text;
+  if (format.Kind == CellKind::Float && !Trim(typed).empty()) {
+    const auto amount = TypedNumber(typed);
+    if (!amount) return false;
+    typed = kvi::Format(*amount, "###0.00");
+  }
   if (typed == Text(row, col)) return true;
   SetText(row, col, typed);
   if (CellEdited) CellEdited(row, col);

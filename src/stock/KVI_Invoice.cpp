@@ -31,8 +31,8 @@ constexpr InvoiceColumn kColumns[] = {
     {"Date Due", "date_due", kDateMask, 1400, CellKind::Date},
     {"Vendor Name", "Vendor", "", 2000, CellKind::List},
     {"Invoice Number", "Number", "", 1500, CellKind::Edit},
-    {"Total Amount", "amount", kAmountMask, 1500, CellKind::Number},
-    {"Adjusted Amount", "adj_amount", kAmountMask, 1500, CellKind::Number},
+    {"Total Amount", "amount", kAmountMask, 1500, CellKind::Float},
+    {"Adjusted Amount", "adj_amount", kAmountMask, 1500, CellKind::Float},
 };
 constexpr int kColumnCount = static_cast<int>(std::size(kColumns));
 constexpr double kHeadingHeight = 600;  // twips
@@ -56,9 +56,12 @@ constexpr const char* kUnsaved = "Unsaved changes have been made.  Save before e
 KVI_Invoice::KVI_Invoice(Application& app)
     : KviScreen(app, "KVI_Invoice", "Invoice Entry", "Inventory - Invoices") {
   SortCombo.Click = [this] {
-    if (!filling_ && SaveIfWanted(kUnsaved)) load_data();
+    if (!settingUp_ && SaveIfWanted(kUnsaved)) load_data();
   };
-  Spread1.CellEdited = [this](int, int) { changed_ = true; };
+  Spread1.CellEdited = [this](int row, int col) {
+    changed_ = true;
+    if (col == kDate || col == kDueDate) ShowDate(row, col);
+  };
   new_lab.Click = [this] { AddInvoice(); };
   save.Click = [this] { save_changes(); };
   remove.Click = [this] { RemoveActive(); };
@@ -78,7 +81,7 @@ void KVI_Invoice::Prepare() {
     Spread1.SetHeading(col, column.heading);
     Spread1.SetColWidth(col, column.width);
     Spread1.SetKind(Block::Column(col), column.kind);
-    if (column.kind == CellKind::Number) Spread1.SetAlign(Block::Column(col), CellAlign::Right);
+    if (column.kind == CellKind::Float) Spread1.SetAlign(Block::Column(col), CellAlign::Right);
   }
   std::vector<std::string> vendors;
   jet::Recordset set =
@@ -86,7 +89,7 @@ void KVI_Invoice::Prepare() {
   for (; !set.Eof(); set.MoveNext()) vendors.push_back(set.Text("name"));
   Spread1.SetChoices(kVendor, std::move(vendors));
 
-  const Flag filling(filling_);
+  const Flag settingUp(settingUp_);
   SortCombo.Clear();
   for (const SortChoice& choice : kSortChoices) SortCombo.AddItem(choice.text);
   SortCombo.SetListIndex(0);
@@ -152,6 +155,12 @@ void KVI_Invoice::CompleteRow(int row) {
   for (const int column : {kDate, kDueDate}) CompleteDate(row, column);
   for (const int column : {kVendor, kNumber})
     if (Spread1.Text(row, column).empty()) Spread1.SetText(row, column, "n/a");
+}
+
+// A date shows in one form, in whichever it was typed; what is none stays until the save.
+void KVI_Invoice::ShowDate(int row, int column) {
+  if (const auto date = CDate(Spread1.Text(row, column), app_.clock.Now().year))
+    Spread1.SetText(row, column, Format(*date, kDateMask));
 }
 
 void KVI_Invoice::CompleteDate(int row, int column) {

@@ -42,6 +42,7 @@ class KVI_Invoice : public KviScreen {
   // for want of the write right is none.
   bool save_changes();
   bool SaveIfWanted(const std::string& question);
+  void ShowDate(int row, int column);
   void CompleteRow(int row);
   void CompleteDate(int row, int column);
   bool WriteTable();
@@ -54,7 +55,6 @@ class KVI_Invoice : public KviScreen {
 
   bool changed_ = false;
   bool loaded_ = false;  // the grid holds the whole table
-  bool filling_ = false;
 };
 
 }  // namespace kvi

@@ -61,8 +61,18 @@ TEST(CDate, ReadsWhatAPersonTypes) {
       {"3/1/2026  2:05:09PM", {2026, 3, 1, 14, 5, 9}},
       {"3/1/2026 12:00 AM", {2026, 3, 1}},
       {"3/1/2026 12:30 PM", {2026, 3, 1, 12, 30}},
+      {"13/1/2026", {2026, 1, 13}},
+      {"1-Mar-2026", {2026, 3, 1}},
+      {"1-mar-26 7:05 am", {2026, 3, 1, 7, 5}},
+      {"March 1, 2026", {2026, 3, 1}},
+      {"1 march 2026", {2026, 3, 1}},
+      {"2026 Dec 31", {2026, 12, 31}},
   };
   for (const auto& [text, date] : cases) EXPECT_EQ(CDate(text), date) << text;
+  for (const char* text : {"3/1", "1-Mar", "March 1"}) {
+    EXPECT_EQ(CDate(text, 2026), (Date{2026, 3, 1})) << text;
+    EXPECT_FALSE(CDate(text)) << text;
+  }
 }
 
 TEST(CDate, GivesNothingForWhatIsNoDate) {
@@ -70,10 +80,12 @@ TEST(CDate, GivesNothingForWhatIsNoDate) {
                            " ",
                            "/",
                            "today",
-                           "3/1",
                            "3/1/",
                            "2/29/2026",
-                           "13/1/2026",
+                           "13/13/2026",
+                           "Mar/1-2026",
+                           "Marching 1, 2026",
+                           "March",
                            "0/1/2026",
                            "3/1/20260",
                            "003/1/2026",

@@ -36,6 +36,18 @@ TEST(Val, ReadsTheNumericPrefixAndSkipsBlanks) {
   EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0);
 }
 
+TEST(TypedNumber, ReadsAWholeAmountOrNothing) {
+  const struct {
+    const char* text;
+    std::optional<double> value;
+  } cases[] = {
+      {"1250.5", 1250.5}, {"1,250.50", 1250.5}, {"$1250", 1250},   {" -$ 1,000,000 ", -1e6},
+      {"$-5", -5},        {".5", .5},           {"12 345", 12345}, {"", {}},
+      {"$", {}},          {"1,25", {}},         {"1250,000", {}},  {"1.2.3", {}},
+      {"12 boxes", {}},   {"1E3", {}},          {"--5", {}},       {",250", {}}};
+  for (const auto& [text, value] : cases) EXPECT_EQ(TypedNumber(text), value) << text;
+}
+
 TEST(Val, OverflowsPastTheRangeOfADouble) {
   const std::string cases[] = {"1E309", "-1E400 kg", "1E99999999999999999999", "0.001E312",
                                std::string(310, '9')};

@@ -174,13 +174,30 @@ TEST_F(GridTest, AHeadingClickSortsAndSelectsNothing) {
 
 TEST_F(GridTest, AListCellTakesOneOfItsChoices) {
   sample.grid.SetKind(Block::Column(2), CellKind::List);
-  sample.grid.SetChoices(2, {"1B", "each", "foot"});
-  Press(Qt::Key_F2);
-  auto* choice = Table().findChild<QComboBox*>();
-  ASSERT_NE(choice, nullptr);
-  QTest::keyClick(choice, Qt::Key_Down);
-  QCoreApplication::processEvents();
-  EXPECT_EQ(sample.grid.Text(1, 2), "each");
+  sample.grid.SetChoices(2, {"1B", "Walters", "Wexler", "Wexford"});
+  const struct {
+    std::vector<Qt::Key> keys;
+    const char* chosen;
+  } cases[] = {{{Qt::Key_W, Qt::Key_E, Qt::Key_X, Qt::Key_Return}, "Wexler"},
+               {{Qt::Key_W, Qt::Key_E, Qt::Key_Backspace, Qt::Key_A, Qt::Key_Return}, "Walters"},
+               {{Qt::Key_F2, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, "Wexford"},
+               {{Qt::Key_W, Qt::Key_Q, Qt::Key_Escape}, "Wexford"}};
+  for (const auto& [keys, chosen] : cases) {
+    sample.grid.SetActiveCell(1, 2);
+    for (const Qt::Key key : keys) Press(key);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(sample.grid.Text(1, 2), chosen);
+  }
+}
+
+TEST_F(GridTest, AnAmountCellTakesNumbersAloneAndRoundsThem) {
+  sample.grid.SetKind(Block::Column(2), CellKind::Float);
+  for (const auto& [typed, kept] : {std::pair{"$1,250.505", "1250.51"}, {"abc7", "7.00"}}) {
+    sample.grid.SetActiveCell(1, 2);
+    Type(typed);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(sample.grid.Text(1, 2), kept);
+  }
 }
 
 TEST_F(GridTest, AnActiveCellSetByCodeIsShownAndFiresNoEcho) {

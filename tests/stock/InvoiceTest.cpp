@@ -88,12 +88,14 @@ TEST_F(InvoiceTest, ADeliveryIsRegisteredAtTheEndAndTheTableRewritten) {
   Open([&] {
     Click(Register().new_lab);
     EXPECT_EQ(Register().Spread1.ActiveRow(), 4);
-    Key(4, 1, "3/1/26");
-    Key(4, 2, "2026-04-01");
+    Key(4, 1, "1-Mar");
+    Key(4, 2, "13/4/2026");
+    EXPECT_EQ(GridText(Register().Spread1, 1, 2).substr(66), "03/01/2026|04/13/2026\n");
     EXPECT_FALSE(stockroom.user().TypeIntoCell(Register().Spread1, 4, 3, "Nobody"));
     Key(4, 3, "Nord");
     Key(4, 4, "A-7");
-    Key(4, 5, "1250.5 net");
+    EXPECT_FALSE(stockroom.user().TypeIntoCell(Register().Spread1, 4, 5, "1250.5 net"));
+    Key(4, 5, "$1,250.505");
     Key(1, 6, "88");
     Click(Register().save);
     stockroom.Execute("DELETE * FROM Invoice WHERE Number = '9'");
@@ -102,7 +104,7 @@ TEST_F(InvoiceTest, ADeliveryIsRegisteredAtTheEndAndTheTableRewritten) {
   EXPECT_EQ(Stored(),
             "Alpha|100|1/2/2026|3/1/2026|90|88\n"
             "Nord|11|1/9/2026|1/31/2026|5|8\n"
-            "Nord|A-7|3/1/2026|4/1/2026|1250.5|0\n")
+            "Nord|A-7|3/1/2026|4/13/2026|1250.51|0\n")
       << "without a change a save writes nothing back";
 }
 

@@ -5,9 +5,12 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QRegularExpression>
+#include <QRegularExpressionValidator>
 #include <QTextDocument>
 #include <QToolTip>
 
+#include "base/Flag.h"
 #include "desktop/grid/SpreadView.h"
 #include "desktop/look/Look.h"
 #include "desktop/look/QtText.h"
@@ -46,6 +49,37 @@ void PaintTick(QPainter& painter, const QRect& cell, bool ticked) {
   painter.drawPolyline(QPolygon(
       {box.topLeft() + QPoint(3, 6), box.topLeft() + QPoint(5, 9), box.topLeft() + QPoint(10, 3)}));
 }
+
+// A cell's list of choices. Letters look for the entry that begins with all of them, Backspace
+// takes the last one back, the arrows move; none of them ends the choosing, as a click or Enter
+// does.
+class ChoiceEditor : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+  bool IsKeyUnderWay() const { return keyUnderWay_; }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool back = event->key() == Qt::Key_Backspace;
+    const QString text = event->text();
+    if (!back &&
+        (text.isEmpty() || !text[0].isPrint() || event->modifiers().testFlag(Qt::AltModifier))) {
+      const Flag key(keyUnderWay_);
+      return QComboBox::keyPressEvent(event);
+    }
+    const QString wanted =
+        back ? typed_.chopped(std::min<qsizetype>(1, typed_.size())) : typed_ + text;
+    const int found = findText(wanted, Qt::MatchStartsWith);
+    // A letter that leads nowhere is as if it had not been typed.
+    if (found < 0) return;
+    typed_ = wanted;
+    if (!wanted.isEmpty()) setCurrentIndex(found);
+  }
+
+ private:
+  QString typed_;
+  bool keyUnderWay_ = false;
+};
 
 }  // namespace
 
@@ -90,11 +124,12 @@ void SpreadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
 }
 
 QWidget* SpreadDelegate::MakeChoice(QWidget* parent, int col) const {
-  auto* choice = new QComboBox(parent);
+  auto* choice = new ChoiceEditor(parent);
   choice->setFont(GridFont());
   for (const std::string& entry : grid_.Choices(col)) choice->addItem(ToQt(entry));
-  connect(choice, &QComboBox::activated, this,
-          [this, choice] { view_.FinishEditor(*choice, SpreadView::Step::None); });
+  connect(choice, &QComboBox::activated, this, [this, choice] {
+    if (!choice->IsKeyUnderWay()) view_.FinishEditor(*choice, SpreadView::Step::None);
+  });
   return choice;
 }
 
@@ -107,6 +142,10 @@ QWidget* SpreadDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
   editor->setFrame(false);
   editor->setTextMargins(0, 0, 0, 0);
   editor->setAlignment(AlignmentOf(format.Align));
+  if (format.Kind == CellKind::Float) {
+    static const QRegularExpression amount("[-+$0-9., ]*");
+    editor->setValidator(new QRegularExpressionValidator(amount, editor));
+  }
   return editor;
 }
 
