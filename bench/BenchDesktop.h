@@ -18,6 +18,7 @@ class BenchDesktop : public Desktop {
   MousePointer Pointer() const override { return pointer_; }
   void ClearClipboard() override {}
   void StartProgram(const std::string& commandLine) override;
+  bool CanShowPicture(const std::string&) override { return true; }
   bool OpenHelp(const std::string&) override { return false; }
   std::unique_ptr<Surface> NewDocument(const std::string& jobName) override;
   void PrintScreenImage(Screen&) override {}

@@ -23,6 +23,7 @@ class KviScreen : public Screen {
 
   void Load() final;
   int RestingColor() const override { return app_.HighlightColor; }
+  bool IsSettingUp() const { return settingUp_; }
 
  protected:
   // The screen's own part of its load.
@@ -49,6 +50,8 @@ class KviScreen : public Screen {
   Application& app_;
   ProductBanner banner_;
   Label heading_;
+  // Options and lists are being set, not chosen: their handlers ask it. Raised by a Flag.
+  bool settingUp_ = false;
 };
 
 }  // namespace kvi

@@ -54,8 +54,8 @@ void KVI_Find::Prepare() {
   Label1.Caption = Prompt();
   SortLabel.Visible = request_.sortNote;
   Text1.Text = "";
-  searchCB.Value = 0;
-  casecheck.Value = 0;
+  searchCB.Value = false;
+  casecheck.Value = false;
 }
 
 std::string KVI_Find::Prompt() const {
@@ -94,7 +94,7 @@ int KVI_Find::NextMatch(int column) const {
 bool KVI_Find::Fits(const std::string& text) const {
   const std::string cell = UCase(Trim(text));
   const std::string& wanted = Text1.Text;
-  if (request_.anywhere && searchCB.Value != 0) return cell.find(wanted) != std::string::npos;
+  if (request_.anywhere && searchCB.Value) return cell.find(wanted) != std::string::npos;
   return cell.starts_with(wanted);
 }
 

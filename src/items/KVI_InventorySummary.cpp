@@ -75,17 +75,17 @@ KVI_InventorySummary::KVI_InventorySummary(Application& app)
 
 void KVI_InventorySummary::HandleEvents() {
   CatCombo.Click = [this] {
-    if (fillingFilters_) return;
+    if (settingUp_) return;
     app_.CurrentCategory = CatCombo.Text;
     ReloadHidden(true);
   };
   VendorCombo.Click = [this] {
-    if (fillingFilters_) return;
+    if (settingUp_) return;
     app_.CurrentOrderVendor = VendorCombo.Text;
     ReloadHidden(true);
   };
   SortCombo.Click = [this] {
-    if (!fillingFilters_) ReloadHidden(false);
+    if (!settingUp_) ReloadHidden(false);
   };
   AutoRefresh.Click = [this] {
     ShowRefreshMode();
@@ -119,7 +119,7 @@ void KVI_InventorySummary::Prepare() {
   for (int col = 1; col <= static_cast<int>(std::size(kShares)); ++col)
     Spread1.SetColWidth(col, kGridWidth / kShares[col - 1]);
 
-  const Flag filling(fillingFilters_);
+  const Flag settingUp(settingUp_);
   OfferItemSorts(SortCombo);
   SortCombo.SetListIndex(0);
   app_.PartGroupCostsStale = false;
@@ -157,7 +157,7 @@ void KVI_InventorySummary::FillFilters() {
 // Filling is not choosing: neither the list nor the order system's vendor changes by it.
 void KVI_InventorySummary::FillFilter(ComboBox& combo, const std::string& table,
                                       const std::string& all, const std::string& shown) {
-  const Flag filling(fillingFilters_);
+  const Flag settingUp(settingUp_);
   FillDropDown(app_.CurrentDatabase, combo, table);
   combo.AddItem(all);
   combo.Text = combo.IndexOf(shown) < 0 ? all : shown;

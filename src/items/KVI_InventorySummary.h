@@ -71,8 +71,6 @@ class KVI_InventorySummary : public KviScreen {
   bool RemoveItem(const std::string& number);
   void ReopenItemSet();
   bool MayWrite();
-
-  bool fillingFilters_ = false;  // filters are being set, not chosen
 };
 
 }  // namespace kvi

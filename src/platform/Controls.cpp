@@ -19,13 +19,16 @@ void Fire(const std::function<void()>& event) {
 
 }  // namespace
 
+Captioned::Captioned(Screen& screen, ControlKind kind, std::string name, std::string caption)
+    : Control(screen, kind, std::move(name)) {
+  Caption = std::move(caption);
+}
+
 Label::Label(Screen& screen, std::string name, std::string caption)
     : Label(screen, ControlKind::Label, std::move(name), std::move(caption)) {}
 
 Label::Label(Screen& screen, ControlKind kind, std::string name, std::string caption)
-    : Control(screen, kind, std::move(name)) {
-  Caption = std::move(caption);
-}
+    : Captioned(screen, kind, std::move(name), std::move(caption)) {}
 
 ActionLabel::ActionLabel(Screen& screen, std::string name, std::string caption)
     : Label(screen, ControlKind::ActionLabel, std::move(name), std::move(caption)) {
@@ -34,9 +37,7 @@ ActionLabel::ActionLabel(Screen& screen, std::string name, std::string caption)
 }
 
 Button::Button(Screen& screen, std::string name, std::string caption)
-    : Control(screen, ControlKind::Button, std::move(name)) {
-  Caption = std::move(caption);
-}
+    : Captioned(screen, ControlKind::Button, std::move(name), std::move(caption)) {}
 
 TextBox::TextBox(Screen& screen, std::string name)
     : Control(screen, ControlKind::TextBox, std::move(name)) {}
@@ -111,18 +112,15 @@ ListBox::ListBox(Screen& screen, std::string name)
     : ListControl(screen, ControlKind::ListBox, std::move(name)) {}
 
 CheckBox::CheckBox(Screen& screen, std::string name, std::string caption)
-    : Control(screen, ControlKind::CheckBox, std::move(name)) {
-  Caption = std::move(caption);
-}
+    : Captioned(screen, ControlKind::CheckBox, std::move(name), std::move(caption)) {}
 
 void CheckBox::OnChanged(Property property) {
   if (property == Property::Value) Fire(Click);
 }
 
 OptionButton::OptionButton(Screen& screen, std::string name, std::string caption, std::string group)
-    : Control(screen, ControlKind::OptionButton, std::move(name)), group_(std::move(group)) {
-  Caption = std::move(caption);
-}
+    : Captioned(screen, ControlKind::OptionButton, std::move(name), std::move(caption)),
+      group_(std::move(group)) {}
 
 void OptionButton::OnChanged(Property property) {
   if (property != Property::Value || !Value) return;
@@ -145,14 +143,11 @@ void TabStrip::OnChanged(Property property) {
 }
 
 Menu::Menu(Screen& screen, std::string name, std::string caption)
-    : Control(screen, ControlKind::Menu, std::move(name)) {
-  Caption = std::move(caption);
-}
+    : Captioned(screen, ControlKind::Menu, std::move(name), std::move(caption)) {}
 
 MenuItem::MenuItem(Menu& menu, std::string name, std::string caption)
-    : Control(menu.Owner(), ControlKind::MenuItem, std::move(name)), menu_(menu) {
-  Caption = std::move(caption);
-}
+    : Captioned(menu.Owner(), ControlKind::MenuItem, std::move(name), std::move(caption)),
+      menu_(menu) {}
 
 StatusBar::StatusBar(Screen& screen, std::string name, int panels)
     : Control(screen, ControlKind::StatusBar, std::move(name)),

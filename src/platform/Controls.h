@@ -8,11 +8,19 @@
 
 namespace kvi {
 
-// A text that shows; "&&" in a caption shows as one ampersand.
-class Label : public Control {
+// Whatever shows a caption: "&" stands before its access key, "&&" shows as one ampersand.
+class Captioned : public Control {
+ public:
+  Observed<std::string> Caption{*this, Property::Caption, ""};
+
+ protected:
+  Captioned(Screen& screen, ControlKind kind, std::string name, std::string caption);
+};
+
+// A text that shows.
+class Label : public Captioned {
  public:
   Label(Screen& screen, std::string name, std::string caption = "");
-  Observed<std::string> Caption{*this, Property::Caption, ""};
 
  protected:
   Label(Screen& screen, ControlKind kind, std::string name, std::string caption);
@@ -27,10 +35,9 @@ class ActionLabel : public Label {
   std::function<void()> Click;
 };
 
-class Button : public Control {
+class Button : public Captioned {
  public:
   Button(Screen& screen, std::string name, std::string caption);
-  Observed<std::string> Caption{*this, Property::Caption, ""};
   bool Default = false;  // Enter clicks it from every field that has no use for the key
   bool Cancel = false;   // and so does Escape
   std::function<void()> Click;
@@ -44,9 +51,9 @@ class TextBox : public Control {
   Observed<bool> Locked{*this, Property::Locked, false};
   // Cursor position in characters; the view follows an assignment, not the other way round.
   Observed<int> SelStart{*this, Property::Selection, 0};
-  int MaxLength = 0;       // characters a user can type; 0 is no bound
+  int MaxLength = 0;  // characters a user can type; 0 is no bound
   bool Multiline = false;
-  bool Masked = false;     // shows "*" for each character
+  bool Masked = false;  // shows "*" for each character
   bool RightAligned = false;
 
   std::function<void()> Change;
@@ -111,12 +118,11 @@ class ListBox : public ListControl {
   std::function<void()> DblClick;
 };
 
-// 0 or 1; a change is a Click.
-class CheckBox : public Control {
+// A change is a Click.
+class CheckBox : public Captioned {
  public:
   CheckBox(Screen& screen, std::string name, std::string caption);
-  Observed<std::string> Caption{*this, Property::Caption, ""};
-  Observed<int> Value{*this, Property::Value, 0};
+  Observed<bool> Value{*this, Property::Value, false};
   std::function<void()> Click;
 
  protected:
@@ -125,12 +131,11 @@ class CheckBox : public Control {
 
 // One of a group of exclusive choices: turning one on is a Click and turns the others of its group
 // off; turning one off fires nothing.
-class OptionButton : public Control {
+class OptionButton : public Captioned {
  public:
   // Buttons of a screen with the same group name exclude each other.
   OptionButton(Screen& screen, std::string name, std::string caption, std::string group = "");
   const std::string& Group() const { return group_; }
-  Observed<std::string> Caption{*this, Property::Caption, ""};
   Observed<bool> Value{*this, Property::Value, false};
   std::function<void()> Click;
 
@@ -164,20 +169,18 @@ class TabStrip : public Control {
 };
 
 // A menu of the menu bar.
-class Menu : public Control {
+class Menu : public Captioned {
  public:
   Menu(Screen& screen, std::string name, std::string caption);
   bool HasColors() const override { return false; }
-  Observed<std::string> Caption{*this, Property::Caption, ""};
 };
 
 // An entry of a menu. A caption of "-" is a dividing line.
-class MenuItem : public Control {
+class MenuItem : public Captioned {
  public:
   MenuItem(Menu& menu, std::string name, std::string caption);
   bool HasColors() const override { return false; }
   Menu& Parent() const { return menu_; }
-  Observed<std::string> Caption{*this, Property::Caption, ""};
   Observed<bool> Checked{*this, Property::Value, false};
   std::function<void()> Click;
 

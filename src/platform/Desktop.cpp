@@ -40,6 +40,7 @@ std::optional<std::string> Desktop::OpenFileDialog(const FileDialog& dialog) {
 }
 
 void Desktop::WaitComes() const {
+  CheckWait();
   if (BeforeWait) BeforeWait();
 }
 

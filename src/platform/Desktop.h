@@ -51,6 +51,8 @@ class Desktop {
   std::optional<std::string> OpenFileDialog(const FileDialog& dialog);
 
   std::function<void()> BeforeWait;
+  // The one door to every wait. Whoever comes here has ended what must not last as long as a person
+  // thinks: painting is on and no screen is being set up.
   void WaitComes() const;
 
   // Windows, as the ScreenStack drives them. RunModal returns once CloseWindow was called for the
@@ -68,6 +70,8 @@ class Desktop {
   // Starts a program without waiting; raises 53 when it is not found, 5 when it cannot start.
   // `commandLine` is split at blanks outside of double quotes.
   virtual void StartProgram(const std::string& commandLine) = 0;
+  // Whether the file is there and holds a picture that a PictureBox can show.
+  virtual bool CanShowPicture(const std::string& path) = 0;
   // False when there is no such file or nothing to show it with.
   virtual bool OpenHelp(const std::string& path) = 0;
 
@@ -77,6 +81,8 @@ class Desktop {
   virtual void PrintScreenImage(Screen& screen) = 0;
 
  protected:
+  // For a desktop that looks whether the rule of WaitComes was kept.
+  virtual void CheckWait() const {}
   virtual Answer ShowBox(const Box& box) = 0;
   virtual std::optional<std::string> AskText(const std::string& prompt, const std::string& title,
                                              const std::string& initial) = 0;

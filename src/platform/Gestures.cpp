@@ -64,7 +64,7 @@ bool Gestures::Click(MenuItem& item) {
 }
 
 bool Gestures::Tick(CheckBox& box) {
-  return Do(box, [&] { box.Value = box.Value == 0 ? 1 : 0; });
+  return Do(box, [&] { box.Value = !box.Value; });
 }
 
 bool Gestures::Choose(OptionButton& option) {

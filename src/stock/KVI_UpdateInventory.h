@@ -76,8 +76,9 @@ class KVI_UpdateInventory : public KviScreen {
   // The loading half, in KVI_UpdateInventoryLoad.cpp.
   void SetUpColumns();
   std::string Query() const;
-  void FillGrid();
+  // False when there are no parts.
   bool LoadRows();
+  void FillGrid();
   bool CanShow(const jet::Recordset& part) const;
   void FillRow(int row, const jet::Recordset& part);
 
@@ -92,7 +93,6 @@ class KVI_UpdateInventory : public KviScreen {
   ShownAs Units() const { return OptPurchased.Value ? ShownAs::Purchased : ShownAs::Inventoried; }
 
   Tab tab_ = Tab::Count;
-  bool settingUp_ = false;       // options and lists are being set, not chosen
   bool changed_ = false;         // a cell was edited since the last load or save
   bool variancesFound_ = false;  // a recalculation met the acceptable variance
 };

@@ -21,7 +21,7 @@ KVI_Utilities::KVI_Utilities(Application& app)
     : KviScreen(app, "KVI_Utilities", "Utilities", "Inventory - Utilities") {
   app_.profitCenters.ShowIn(pcenter);
   pcenter.Click = [this] {
-    if (!showing_) TakeProfitCenter();
+    if (!settingUp_) TakeProfitCenter();
   };
   pcenter.LostFocus = [this] { LeaveProfitCenter(); };
   exit_lab.Click = [this] { Exit(); };
@@ -37,9 +37,9 @@ void KVI_Utilities::HandleSettings() {
   };
   dir_loc.LostFocus = [this] { CheckDirectory(); };
   SpreadPath.Change = [this] { app_.SpreadsheetPath = Trim(SpreadPath.Text()); };
-  use_security.Click = [this] { app_.settings.UseSecurity = use_security.Value; };
-  use_color.Click = [this] { app_.UseColors = use_color.Value != 0; };
-  use_osis.Click = [this] { app_.settings.UseOldStyleInventoryDetail = use_osis.Value; };
+  use_security.Click = [this] { app_.settings.UseSecurity = use_security.Value ? 1 : 0; };
+  use_color.Click = [this] { app_.UseColors = use_color.Value; };
+  use_osis.Click = [this] { app_.settings.UseOldStyleInventoryDetail = use_osis.Value ? 1 : 0; };
   OptUseFIFO.Click = [this] { app_.settings.Valuation = ValuationMethod::FIFO; };
   OptUseAvg.Click = [this] { app_.settings.Valuation = ValuationMethod::Weighted; };
   OptUseLast.Click = [this] { app_.settings.Valuation = ValuationMethod::LastPrice; };
@@ -66,9 +66,9 @@ void KVI_Utilities::ShowSettings() {
   co_title.Text = app_.settings.CompanyName;
   dir_loc.Text = app_.settings.DatabasePath;
   SpreadPath.Text = app_.SpreadsheetPath;
-  use_security.Value = app_.settings.UseSecurity;
-  use_color.Value = app_.UseColors ? 1 : 0;
-  use_osis.Value = app_.settings.UseOldStyleInventoryDetail;
+  use_security.Value = app_.settings.UseSecurity != 0;
+  use_color.Value = app_.UseColors;
+  use_osis.Value = app_.settings.UseOldStyleInventoryDetail != 0;
   const auto method = app_.settings.Valuation;
   OptUseFIFO.Value = method == ValuationMethod::FIFO;
   OptUseAvg.Value = method == ValuationMethod::Weighted;
@@ -78,7 +78,7 @@ void KVI_Utilities::ShowSettings() {
 // Showing is not choosing. A number that no profit center has is the position that Main's combo was
 // left at.
 void KVI_Utilities::ShowProfitCenter() {
-  const Flag showing(showing_);
+  const Flag settingUp(settingUp_);
   const int position = app_.profitCenters.PositionOf(app_.CurrentProfitCenter);
   pcenter.SetListIndex(std::clamp(position, -1, pcenter.ListCount() - 1));
 }
@@ -87,7 +87,7 @@ void KVI_Utilities::TakeProfitCenter() {
   app_.CurrentProfitCenter = app_.profitCenters.NumberAt(pcenter.ListIndex());
   RefreshMasterRecordsets(app_);
   // Which switches the sign-in off where there is nobody to sign in.
-  use_security.Value = app_.settings.UseSecurity;
+  use_security.Value = app_.settings.UseSecurity != 0;
 }
 
 // Leaving the combo takes the position for the number, and Main's combo follows.

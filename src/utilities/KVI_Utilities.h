@@ -64,7 +64,6 @@ class KVI_Utilities : public KviScreen {
   void AskToResetWidths();
 
   bool directoryChanged_ = false;
-  bool showing_ = false;  // the combo is being set, not clicked
 };
 
 }  // namespace kvi

@@ -108,7 +108,7 @@ TEST_F(FindTest, OpensEmptyEachTimeAndBothExitsLeaveTheGridAlone) {
     for (ActionLabel* exit : {&Finder().Label11, &Finder().Label12}) {
       stockroom.desktop.ExpectScreen("KVI_Find", [&] {
         EXPECT_EQ(Finder().Text1.Text(), "");
-        EXPECT_EQ(Finder().searchCB.Value + Finder().casecheck.Value, 0);
+        EXPECT_FALSE(Finder().searchCB.Value || Finder().casecheck.Value);
         EXPECT_EQ(Finder().Label1.Caption(), "What 'name' would you like to find?");
         stockroom.user().Tick(Finder().casecheck);
         stockroom.user().Click(*exit);

@@ -52,8 +52,8 @@ TEST_F(ControlsTest, AnAssignmentFiresTheEventOnlyWhenTheValueDiffers) {
   form.name.Text = "Bolt";
   form.name.Text = "Bolt";
   user.Type(form.name, "Nut");
-  form.active.Value = 1;
-  form.active.Value = 1;
+  form.active.Value = true;
+  form.active.Value = true;
   EXPECT_EQ(log, "name=Bolt name=Nut active ");
 }
 

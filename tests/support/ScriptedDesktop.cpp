@@ -92,6 +92,10 @@ void ScriptedDesktop::StartProgram(const std::string& commandLine) {
   if (step && step->failsWith != 0) throw RunTimeError(step->failsWith);
 }
 
+bool ScriptedDesktop::CanShowPicture(const std::string& path) {
+  return !brokenPictures.contains(path);
+}
+
 bool ScriptedDesktop::OpenHelp(const std::string& path) {
   helpOpened.push_back(path);
   return helpOpens;

@@ -3,6 +3,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -41,19 +42,27 @@ class ScriptedDesktop : public Desktop {
   MousePointer Pointer() const override { return pointer_; }
   void ClearClipboard() override { clipboardCleared = true; }
   void StartProgram(const std::string& commandLine) override;
+  bool CanShowPicture(const std::string& path) override;
   bool OpenHelp(const std::string& path) override;
   std::unique_ptr<Surface> NewDocument(const std::string& jobName) override;
   void PrintScreenImage(Screen& screen) override;
 
+  // Looks whether nothing is half done, whenever the program waits for its user.
+  std::function<void()> checkWait;
+
   bool ended = false;
   bool clipboardCleared = false;
   bool helpOpens = true;
+  std::set<std::string> brokenPictures;  // paths of files that no picture can be read from
   std::vector<std::string> openWindows;  // screen names, the topmost last
   std::vector<std::string> helpOpened;
   std::vector<std::string> screensPrinted;
   std::vector<std::shared_ptr<RecordedDocument>> documents;
 
  protected:
+  void CheckWait() const override {
+    if (checkWait) checkWait();
+  }
   Answer ShowBox(const Box& box) override;
   std::optional<std::string> AskText(const std::string& prompt, const std::string& title,
                                      const std::string& initial) override;

@@ -56,11 +56,23 @@ bool TestStockroom::Start(const std::string& commandLine) {
   app_ = std::make_unique<Application>(
       Surroundings{desktop, clock, chance, folder.Path().string(), commandLine});
   user_ = std::make_unique<Gestures>(app_->screens);
+  desktop.checkWait = [this] { NothingIsHalfDone(); };
   try {
     app_->screens.Load(app_->Get<Main>());
     return true;
   } catch (const EndOfProcess&) {
     return false;
+  }
+}
+
+void TestStockroom::NothingIsHalfDone() {
+  for (Screen* screen : app_->screens.Shown()) {
+    const auto* kvi = dynamic_cast<const KviScreen*>(screen);
+    EXPECT_FALSE(kvi != nullptr && kvi->IsSettingUp()) << screen->Name() << " waits in its set-up";
+    for (const Control* control : screen->Controls()) {
+      const auto* grid = dynamic_cast<const Spread*>(control);
+      EXPECT_TRUE(grid == nullptr || grid->ReDraw()) << screen->Name() << " waits unpainted";
+    }
   }
 }
 

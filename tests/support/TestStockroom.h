@@ -64,6 +64,7 @@ class TestStockroom {
 
  private:
   jet::Database& Store();
+  void NothingIsHalfDone();
 
   jet::Database own_;  // while the program does not run
   std::unique_ptr<Application> app_;

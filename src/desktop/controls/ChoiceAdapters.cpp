@@ -70,7 +70,7 @@ CheckAdapter::CheckAdapter(CheckBox& box, WindowContext& context)
 
 void CheckAdapter::ShowState() {
   shown_.setText(context_.keys.Claim(&box_, ToQt(box_.Caption)));
-  shown_.setChecked(box_.Value != 0);
+  shown_.setChecked(box_.Value);
 }
 
 void CheckAdapter::ShowColors() {
