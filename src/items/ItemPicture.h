@@ -13,7 +13,7 @@ namespace kvi {
 void ShowPicture(WorkingItem& item, const std::string& path);
 
 // Asks for a picture file and shows it. False when the user cancels, and nothing changed. Raises 53
-// for a file that is not there and 481 for one that is no picture; the path is taken even then.
+// for a file that is not there and 481 for one that cannot be shown; the path is taken even then.
 bool SelectPicture(WorkingItem& item, Desktop& desktop);
 
 }  // namespace kvi

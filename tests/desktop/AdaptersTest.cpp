@@ -129,7 +129,7 @@ TEST_F(AdaptersTest, ChecksAndOptionsFollowBothWays) {
   ShowSample();
   auto& active = As<QCheckBox>(sample.active);
   Click(active);
-  sample.active.Value = 0;
+  sample.active.Value = false;
   EXPECT_FALSE(active.isChecked());
   EXPECT_EQ(sample.TakeLog(), "active=1, active=0");
 

@@ -30,6 +30,7 @@ TEST_P(DetailScreenTest, APictureIsChosenKeptByItsPathAndRemoved) {
                     gone = stockroom.folder / "gone.bmp";
   WriteFile(picture, "GIF89a");
   WriteFile(text, "no picture");
+  stockroom.desktop.brokenPictures = {text};
   ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     OpenRow(1, [&](ItemDetailScreen& part) {

@@ -5,12 +5,13 @@
 #include <QPainter>
 
 #include "desktop/look/Look.h"
+#include "desktop/look/Picture.h"
 #include "desktop/look/QtText.h"
 
 namespace kvi {
 
 void PictureFrame::SetPicture(const QString& path) {
-  picture_ = path.isEmpty() ? QPixmap() : QPixmap(path);
+  picture_ = path.isEmpty() ? QPixmap() : QPixmap::fromImage(ReadPicture(path));
   update();
 }
 

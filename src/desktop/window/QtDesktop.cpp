@@ -13,6 +13,7 @@
 
 #include "base/RunTimeError.h"
 #include "desktop/look/Look.h"
+#include "desktop/look/Picture.h"
 #include "desktop/look/QtText.h"
 #include "desktop/printing/PrintService.h"
 #include "desktop/window/CommandLine.h"
@@ -164,6 +165,10 @@ void QtDesktop::StartProgram(const std::string& commandLine) {
   const QString program = words.isEmpty() ? QString() : FindProgram(words.takeFirst());
   if (program.isEmpty()) throw RunTimeError(kFileNotFound);
   if (!QProcess::startDetached(program, words)) throw RunTimeError(kInvalidProcedureCall);
+}
+
+bool QtDesktop::CanShowPicture(const std::string& path) {
+  return !ReadPicture(ToQt(path)).isNull();
 }
 
 bool QtDesktop::OpenHelp(const std::string& path) {

@@ -53,6 +53,7 @@ class QtDesktop : public Desktop {
   MousePointer Pointer() const override { return pointer_; }
   void ClearClipboard() override;
   void StartProgram(const std::string& commandLine) override;
+  bool CanShowPicture(const std::string& path) override;
   bool OpenHelp(const std::string& path) override;
   std::unique_ptr<Surface> NewDocument(const std::string& jobName) override;
   void PrintScreenImage(Screen& screen) override;
