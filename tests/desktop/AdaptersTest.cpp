@@ -167,6 +167,23 @@ TEST_F(AdaptersTest, TabsMenusStatusAndCaptionsFollow) {
   EXPECT_EQ(window.WidgetOf(sample.unplaced), nullptr);
 }
 
+TEST_F(AdaptersTest, APictureIsReadAnewAndOnlyWhatCanBeDecodedIsOne) {
+  ShowSample();
+  const std::string path = folder / "belt.tif";
+  for (const QColor& color : {QColor(Qt::red), QColor(Qt::blue)}) {
+    QImage image(40, 40, QImage::Format_RGB32);
+    image.fill(color);
+    ASSERT_TRUE(image.save(ToQt(path), "TIFF"));
+    EXPECT_TRUE(desktop.CanShowPicture(path));
+    sample.picture.Path = "";
+    sample.picture.Path = path;
+    const QImage shown = Widget(sample.picture).grab().toImage();
+    EXPECT_EQ(shown.pixelColor(shown.rect().center()), color);
+  }
+  WriteFile(folder / "cut.gif", "GIF89a");
+  EXPECT_FALSE(desktop.CanShowPicture(folder / "cut.gif"));
+}
+
 TEST_F(AdaptersTest, FieldsBearTheirLabelsNamesAndHideWithThem) {
   ShowSample();
   EXPECT_EQ(Widget(sample.code).accessibleName(), "Code");

@@ -74,6 +74,21 @@ TEST_F(ControlsTest, ATypedTextIsAChangeAndAChosenEntryIsAClick) {
   EXPECT_EQ(form.unit.ListIndex(), -1);
 }
 
+TEST_F(ControlsTest, AFieldIsLeftBeforeTheActAndKnowsWhereTheKeyboardGoes) {
+  std::string log;
+  form.name.LostFocus = [&] {
+    log += "leave for " + (form.FocusGoesTo() ? form.FocusGoesTo()->Name() : "nothing") + " ";
+  };
+  form.save.Click = [&] { log += "save "; };
+  user.Type(form.name, "Bolt");
+  user.Click(form.save);
+  user.Type(form.name, "Nut");
+  form.mayClose = false;
+  user.CloseWindow(form);
+  EXPECT_EQ(log, "leave for save save leave for nothing ");
+  EXPECT_EQ(form.Focused(), &form.name) << "a refused closing gives the keyboard back";
+}
+
 TEST_F(ControlsTest, AListOnlyComboShowsAnEntryOrNothing) {
   form.filter.AddItem("(All)");
   form.filter.AddItem("Belts");

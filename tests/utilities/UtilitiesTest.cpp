@@ -35,7 +35,10 @@ TEST_F(UtilitiesTest, EachChangeCountsAtOnceAndIsInTheFileOnLeaving) {
 TEST_F(UtilitiesTest, AClickTakesTheNumberOfTheProfitCenterAndLeavingItsPosition) {
   stockroom.Fill("I_Master", "inv_id | pcenter | name\n 1 | 4 | Bolt\n 2 | 1 | Nut");
   ASSERT_TRUE(stockroom.Start());
+  stockroom.App().CurrentProfitCenter = 9;
   stockroom.InUtilities([&](auto& screen) {
+    EXPECT_EQ(screen.pcenter.Text(), "Garage");
+    EXPECT_EQ(stockroom.App().CurrentProfitCenter, 9) << "showing is not choosing";
     stockroom.user().Tick(screen.use_security);
     stockroom.user().Choose(screen.pcenter, 1);
     EXPECT_FALSE(screen.use_security.Value) << "nobody could sign in";
@@ -45,6 +48,20 @@ TEST_F(UtilitiesTest, AClickTakesTheNumberOfTheProfitCenterAndLeavingItsPosition
     EXPECT_EQ(stockroom.App().CurrentProfitCenter, 1);
     EXPECT_EQ(stockroom.MainScreen().pcenter.ListIndex(), 1);
   });
+}
+
+TEST_F(UtilitiesTest, ItsWindowsBoxLeavesTheFieldAndExitsAsTheLabelDoes) {
+  ASSERT_TRUE(stockroom.Start());
+  const std::string here = stockroom.folder.Path().string();
+  stockroom.desktop.ExpectScreen("KVI_Utilities", [&] {
+    auto& screen = stockroom.App().Get<KVI_Utilities>();
+    stockroom.user().Type(screen.co_title, "Quay 7");
+    stockroom.user().Type(screen.dir_loc, here + "/");
+    stockroom.user().CloseWindow(screen);
+  });
+  stockroom.user().Click(stockroom.MainScreen().Label7);
+  EXPECT_EQ(stockroom.Get("CompanyName"), "Quay 7");
+  EXPECT_EQ(stockroom.App().DatabaseDirectory, here);
 }
 
 TEST_F(UtilitiesTest, AFolderWithoutTheDatabaseIsNotTaken) {
