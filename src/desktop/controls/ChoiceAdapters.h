@@ -10,57 +10,41 @@ class QTabWidget;
 
 namespace kvi {
 
-class ListAdapter : public ControlAdapter {
+class ListAdapter : public TypedAdapter<ListBox, QListWidget> {
  public:
-  ListAdapter(ListBox& list, WindowContext& context);
+  ListAdapter(ListBox& list, ScreenWindow& window);
 
  protected:
   void ShowState() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
-
- private:
-  ListBox& list_;
-  QListWidget& shown_;
 };
 
-class CheckAdapter : public ControlAdapter {
+class CheckAdapter : public TypedAdapter<CheckBox, QCheckBox> {
  public:
-  CheckAdapter(CheckBox& box, WindowContext& context);
+  CheckAdapter(CheckBox& box, ScreenWindow& window);
 
  protected:
   void ShowState() override;
   void ShowColors() override;
-
- private:
-  CheckBox& box_;
-  QCheckBox& shown_;
 };
 
-class OptionAdapter : public ControlAdapter {
+class OptionAdapter : public TypedAdapter<OptionButton, QRadioButton> {
  public:
-  OptionAdapter(OptionButton& option, WindowContext& context);
+  OptionAdapter(OptionButton& option, ScreenWindow& window);
 
  protected:
   void ShowState() override;
   void ShowColors() override;
-
- private:
-  OptionButton& option_;
-  QRadioButton& shown_;
 };
 
 // The tabs alone; the layout adds a page for each caption.
-class TabAdapter : public ControlAdapter {
+class TabAdapter : public TypedAdapter<TabStrip, QTabWidget> {
  public:
-  TabAdapter(TabStrip& strip, WindowContext& context);
+  TabAdapter(TabStrip& strip, ScreenWindow& window);
 
  protected:
   void ShowState() override;
   void ShowColors() override {}
-
- private:
-  TabStrip& strip_;
-  QTabWidget& shown_;
 };
 
 }  // namespace kvi

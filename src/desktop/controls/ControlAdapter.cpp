@@ -11,13 +11,14 @@
 #include "desktop/look/Panel.h"
 #include "desktop/look/QtText.h"
 #include "desktop/look/Shades.h"
+#include "desktop/window/ScreenWindow.h"
 #include "platform/Gestures.h"
 #include "platform/Screen.h"
 
 namespace kvi {
 
-ControlAdapter::ControlAdapter(Control& control, QWidget* widget, WindowContext& context)
-    : QObject(&context.window), context_(context), control_(control), widget_(widget) {
+ControlAdapter::ControlAdapter(Control& control, QWidget* widget, ScreenWindow& window)
+    : QObject(&window), window_(window), tied_(control), widget_(widget) {
   if (widget_ == nullptr) return;
   widget_->setObjectName(ToQt(control.Name()));
   widget_->installEventFilter(this);
@@ -33,7 +34,7 @@ void ControlAdapter::PropertyChanged(Property property) {
       case Property::BackColor:
       case Property::ForeColor:
         ShowColors();
-        return context_.colorsChanged();
+        return window_.ShowColors();
       default:
         return Show(property);
     }
@@ -62,20 +63,20 @@ void ControlAdapter::AddCompanion(QWidget& companion) {
 }
 
 void ControlAdapter::ShowEnabled() {
-  if (widget_ != nullptr) widget_->setEnabled(control_.Enabled);
+  if (widget_ != nullptr) widget_->setEnabled(tied_.Enabled);
 }
 
 void ControlAdapter::ShowVisible() {
-  if (widget_ != nullptr) widget_->setVisible(control_.Visible);
-  for (QWidget* companion : companions_) companion->setVisible(control_.Visible);
+  if (widget_ != nullptr) widget_->setVisible(tied_.Visible);
+  for (QWidget* companion : companions_) companion->setVisible(tied_.Visible);
 }
 
 // Fields: the text on the field's own ground.
 void ControlAdapter::ShowColors() {
   if (widget_ == nullptr) return;
   QPalette palette;
-  const QColor ground = BackdropColor(control_.BackColor, control_.ForeColor);
-  const QColor ink = ClassicColor(control_.ForeColor);
+  const QColor ground = BackdropColor(tied_.BackColor, tied_.ForeColor);
+  const QColor ink = ClassicColor(tied_.ForeColor);
   if (ground.isValid()) palette.setColor(QPalette::Base, ground);
   if (ink.isValid()) palette.setColor(QPalette::Text, ink);
   widget_->setPalette(palette);
@@ -86,7 +87,7 @@ void ControlAdapter::ShowColors() {
 void ControlAdapter::Hand(const std::function<void(Gestures&)>& gesture) {
   if (showing_) return;
   const QPointer<ControlAdapter> self(this);
-  WindowInput& input = context_.input;
+  WindowInput& input = window_.Input();
   input.Hand([&](Gestures& gestures) {
     gesture(gestures);
     if (self && input.IsOpen()) Showing([&] { ShowState(); });
@@ -112,13 +113,13 @@ bool ControlAdapter::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Shortcut && PressByAccessKey(*static_cast<QShortcutEvent*>(event)))
     return true;
   const bool comes = event->type() == QEvent::Enter;
-  if ((comes || event->type() == QEvent::Leave) && context_.input.IsOpen() &&
-      (control_.Kind() == ControlKind::ActionLabel || control_.MouseMove)) {
+  if ((comes || event->type() == QEvent::Leave) && window_.Input().IsOpen() &&
+      (tied_.Kind() == ControlKind::ActionLabel || tied_.MouseMove)) {
     Hand([this, comes](Gestures& user) {
       if (comes)
-        user.MoveOver(control_);
+        user.MoveOver(tied_);
       else
-        user.MoveOver(control_.Owner());
+        user.MoveOver(tied_.Owner());
     });
   }
   return QObject::eventFilter(watched, event);

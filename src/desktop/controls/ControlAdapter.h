@@ -8,28 +8,13 @@
 
 #include "platform/Control.h"
 
-class QButtonGroup;
 class QShortcutEvent;
 class QWidget;
 
 namespace kvi {
 
-class AccessKeys;
 class Gestures;
-class Screen;
-class WindowInput;
-
-// What the adapters of one window share.
-struct WindowContext {
-  Screen& screen;
-  WindowInput& input;
-  AccessKeys& keys;
-  QWidget& window;
-  std::function<QButtonGroup*(const std::string& name)> optionGroup;
-  std::function<void()> colorsChanged;  // of a control; bands take theirs from their labels
-  // A menu takes no focus by itself, so that what is being typed must be handed over.
-  std::function<void()> finishEditing;
-};
+class ScreenWindow;
 
 // Ties one widget to its control, both ways. What the control tells is shown without an echo; what
 // the user does goes to the system as a gesture, and afterwards the widget shows what the control
@@ -37,9 +22,9 @@ struct WindowContext {
 class ControlAdapter : public QObject, public ControlView {
  public:
   // `widget` belongs to its parent and may be null (a menu has none).
-  ControlAdapter(Control& control, QWidget* widget, WindowContext& context);
+  ControlAdapter(Control& control, QWidget* widget, ScreenWindow& window);
 
-  Control& Tied() const { return control_; }
+  Control& Tied() const { return tied_; }
   QWidget* Widget() const { return widget_; }
 
   void PropertyChanged(Property property) final;
@@ -68,20 +53,32 @@ class ControlAdapter : public QObject, public ControlView {
   QColor Backdrop() const;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
-  WindowContext& context_;
+  ScreenWindow& window_;
 
  private:
   bool PressByAccessKey(const QShortcutEvent& event);
   void Showing(const std::function<void()>& show);
 
-  Control& control_;
+  Control& tied_;
   QWidget* widget_;
   std::vector<QWidget*> companions_;
   bool showing_ = false;
 };
 
-// The adapter and widget for a control, by its kind; the widget has no parent yet. Menus and their
+// An adapter that knows what it ties by their own kinds. The widget belongs to the window.
+template <class Kind, class Shown>
+class TypedAdapter : public ControlAdapter {
+ public:
+  TypedAdapter(Kind& control, Shown* shown, ScreenWindow& window)
+      : ControlAdapter(control, shown, window), control_(control), shown_(*shown) {}
+
+ protected:
+  Kind& control_;
+  Shown& shown_;
+};
+
+// The adapter and widget for a control, by its kind; the widget has no place yet. Menus and their
 // items are made by the menu bar.
-ControlAdapter* MakeAdapter(Control& control, WindowContext& context);
+ControlAdapter* MakeAdapter(Control& control, ScreenWindow& window);
 
 }  // namespace kvi

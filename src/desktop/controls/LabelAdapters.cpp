@@ -8,6 +8,7 @@
 #include "desktop/look/Panel.h"
 #include "desktop/look/QtText.h"
 #include "desktop/look/Shades.h"
+#include "desktop/window/ScreenWindow.h"
 #include "platform/Gestures.h"
 #include "platform/Screen.h"
 
@@ -19,10 +20,8 @@ constexpr qsizetype kLongText = 70;  // wraps from here on, in characters
 
 }  // namespace
 
-LabelAdapter::LabelAdapter(Label& label, WindowContext& context)
-    : ControlAdapter(label, new QLabel(&context.window), context),
-      label_(label),
-      shown_(static_cast<QLabel&>(*Widget())) {
+LabelAdapter::LabelAdapter(Label& label, ScreenWindow& window)
+    : TypedAdapter(label, new QLabel(&window), window) {
   shown_.setTextFormat(Qt::PlainText);
 }
 
@@ -31,9 +30,9 @@ void LabelAdapter::SetBuddy(QWidget& field) {
 }
 
 void LabelAdapter::ShowState() {
-  const QString caption = ToQt(label_.Caption);
+  const QString caption = ToQt(control_.Caption);
   if (shown_.buddy() != nullptr) {
-    shown_.setText(context_.keys.Claim(&label_, caption));
+    shown_.setText(window_.Keys().Claim(&control_, caption));
     shown_.buddy()->setAccessibleName(PlainCaption(caption));
   } else {
     shown_.setText(PlainCaption(caption));
@@ -42,11 +41,11 @@ void LabelAdapter::ShowState() {
 }
 
 void LabelAdapter::ShowColors() {
-  const int back = label_.BackColor;
-  const bool asPanel = back == kToolkitColor || back == context_.screen.BackColor() ||
+  const int back = control_.BackColor;
+  const bool asPanel = back == kToolkitColor || back == window_.Shown().BackColor() ||
                        ClassicColor(back) == Backdrop();
-  const QColor ground = asPanel ? Backdrop() : BackdropColor(back, label_.ForeColor);
-  const QColor ink = ClassicColor(label_.ForeColor);
+  const QColor ground = asPanel ? Backdrop() : BackdropColor(back, control_.ForeColor);
+  const QColor ink = ClassicColor(control_.ForeColor);
   QPalette palette;
   palette.setColor(QPalette::Window, ground);
   palette.setColor(QPalette::WindowText, ink.isValid() ? ink : InkOn(ground));
@@ -54,39 +53,35 @@ void LabelAdapter::ShowColors() {
   shown_.setAutoFillBackground(!asPanel);
 }
 
-ActionAdapter::ActionAdapter(ActionLabel& label, WindowContext& context)
-    : ControlAdapter(label, new ActionButton(&context.window), context),
-      label_(label),
-      shown_(static_cast<ActionButton&>(*Widget())) {
+ActionAdapter::ActionAdapter(ActionLabel& label, ScreenWindow& window)
+    : TypedAdapter(label, new ActionButton(&window), window) {
   connect(&shown_, &QAbstractButton::clicked, this,
-          [this] { Hand([this](Gestures& user) { user.Click(label_); }); });
+          [this] { Hand([this](Gestures& user) { user.Click(control_); }); });
 }
 
 void ActionAdapter::ShowState() {
-  shown_.setText(context_.keys.Claim(&label_, ToQt(label_.Caption)));
-  shown_.setAccessibleName(PlainCaption(ToQt(label_.Caption)));
+  shown_.setText(window_.Keys().Claim(&control_, ToQt(control_.Caption)));
+  shown_.setAccessibleName(PlainCaption(ToQt(control_.Caption)));
   shown_.updateGeometry();
 }
 
 void ActionAdapter::ShowColors() {
-  const QColor back = ClassicColor(label_.BackColor);
+  const QColor back = ClassicColor(control_.BackColor);
   const QColor ground = back.isValid() ? back : Backdrop();
-  const QColor fore = ClassicColor(label_.ForeColor);
+  const QColor fore = ClassicColor(control_.ForeColor);
   shown_.SetColors(fore.isValid() ? fore : InkOn(ground), ground);
 }
 
-ButtonAdapter::ButtonAdapter(Button& button, WindowContext& context)
-    : ControlAdapter(button, new QPushButton(&context.window), context),
-      button_(button),
-      shown_(static_cast<QPushButton&>(*Widget())) {
+ButtonAdapter::ButtonAdapter(Button& button, ScreenWindow& window)
+    : TypedAdapter(button, new QPushButton(&window), window) {
   shown_.setAutoDefault(true);  // Enter presses it
   connect(&shown_, &QAbstractButton::clicked, this,
-          [this] { Hand([this](Gestures& user) { user.Click(button_); }); });
+          [this] { Hand([this](Gestures& user) { user.Click(control_); }); });
 }
 
 void ButtonAdapter::ShowState() {
-  shown_.setText(context_.keys.Claim(&button_, ToQt(button_.Caption)));
-  shown_.setAccessibleName(PlainCaption(ToQt(button_.Caption)));
+  shown_.setText(window_.Keys().Claim(&control_, ToQt(control_.Caption)));
+  shown_.setAccessibleName(PlainCaption(ToQt(control_.Caption)));
 }
 
 }  // namespace kvi

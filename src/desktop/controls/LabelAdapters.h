@@ -10,45 +10,33 @@ namespace kvi {
 
 class ActionButton;
 
-class LabelAdapter : public ControlAdapter {
+class LabelAdapter : public TypedAdapter<Label, QLabel> {
  public:
-  LabelAdapter(Label& label, WindowContext& context);
+  LabelAdapter(Label& label, ScreenWindow& window);
   // The field that the label's access key goes to.
   void SetBuddy(QWidget& field);
 
  protected:
   void ShowState() override;
   void ShowColors() override;
-
- private:
-  Label& label_;
-  QLabel& shown_;
 };
 
-class ActionAdapter : public ControlAdapter {
+class ActionAdapter : public TypedAdapter<ActionLabel, ActionButton> {
  public:
-  ActionAdapter(ActionLabel& label, WindowContext& context);
+  ActionAdapter(ActionLabel& label, ScreenWindow& window);
 
  protected:
   void ShowState() override;
   void ShowColors() override;
-
- private:
-  ActionLabel& label_;
-  ActionButton& shown_;
 };
 
-class ButtonAdapter : public ControlAdapter {
+class ButtonAdapter : public TypedAdapter<Button, QPushButton> {
  public:
-  ButtonAdapter(Button& button, WindowContext& context);
+  ButtonAdapter(Button& button, ScreenWindow& window);
 
  protected:
   void ShowState() override;
   void ShowColors() override {}
-
- private:
-  Button& button_;
-  QPushButton& shown_;
 };
 
 }  // namespace kvi

@@ -7,6 +7,7 @@
 #include "desktop/look/Look.h"
 #include "desktop/look/Picture.h"
 #include "desktop/look/QtText.h"
+#include "desktop/window/ScreenWindow.h"
 
 namespace kvi {
 
@@ -28,13 +29,11 @@ void PictureFrame::paintEvent(QPaintEvent*) {
   painter.drawPixmap(area, picture_);
 }
 
-PictureAdapter::PictureAdapter(PictureBox& box, WindowContext& context)
-    : ControlAdapter(box, new PictureFrame(&context.window), context),
-      box_(box),
-      shown_(static_cast<PictureFrame&>(*Widget())) {}
+PictureAdapter::PictureAdapter(PictureBox& box, ScreenWindow& window)
+    : TypedAdapter(box, new PictureFrame(&window), window) {}
 
 void PictureAdapter::ShowState() {
-  shown_.SetPicture(ToQt(box_.Path));
+  shown_.SetPicture(ToQt(control_.Path));
 }
 
 StatusLine::StatusLine(int panels, QWidget* parent) : QWidget(parent) {
@@ -64,14 +63,12 @@ void StatusLine::paintEvent(QPaintEvent*) {
   painter.drawLine(0, 0, width(), 0);
 }
 
-StatusAdapter::StatusAdapter(StatusBar& bar, WindowContext& context)
-    : ControlAdapter(bar, new StatusLine(bar.PanelCount(), &context.window), context),
-      bar_(bar),
-      shown_(static_cast<StatusLine&>(*Widget())) {}
+StatusAdapter::StatusAdapter(StatusBar& bar, ScreenWindow& window)
+    : TypedAdapter(bar, new StatusLine(bar.PanelCount(), &window), window) {}
 
 void StatusAdapter::ShowState() {
-  for (int panel = 1; panel <= bar_.PanelCount(); ++panel)
-    shown_.SetText(panel - 1, ToQt(bar_.PanelText(panel)));
+  for (int panel = 1; panel <= control_.PanelCount(); ++panel)
+    shown_.SetText(panel - 1, ToQt(control_.PanelText(panel)));
 }
 
 }  // namespace kvi

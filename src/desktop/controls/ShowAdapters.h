@@ -25,17 +25,13 @@ class PictureFrame : public QWidget {
   QPixmap picture_;
 };
 
-class PictureAdapter : public ControlAdapter {
+class PictureAdapter : public TypedAdapter<PictureBox, PictureFrame> {
  public:
-  PictureAdapter(PictureBox& box, WindowContext& context);
+  PictureAdapter(PictureBox& box, ScreenWindow& window);
 
  protected:
   void ShowState() override;
   void ShowColors() override {}
-
- private:
-  PictureBox& box_;
-  PictureFrame& shown_;
 };
 
 // The line of texts at the foot of a window.
@@ -51,17 +47,13 @@ class StatusLine : public QWidget {
   std::vector<QLabel*> texts_;
 };
 
-class StatusAdapter : public ControlAdapter {
+class StatusAdapter : public TypedAdapter<StatusBar, StatusLine> {
  public:
-  StatusAdapter(StatusBar& bar, WindowContext& context);
+  StatusAdapter(StatusBar& bar, ScreenWindow& window);
 
  protected:
   void ShowState() override;
   void ShowColors() override {}
-
- private:
-  StatusBar& bar_;
-  StatusLine& shown_;
 };
 
 }  // namespace kvi

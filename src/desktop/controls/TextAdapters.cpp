@@ -8,6 +8,7 @@
 #include "base/Flag.h"
 #include "desktop/look/Look.h"
 #include "desktop/look/QtText.h"
+#include "desktop/window/ScreenWindow.h"
 #include "platform/Gestures.h"
 
 namespace kvi {
@@ -42,51 +43,47 @@ void ShadeIfLocked(QWidget& field, const TextBox& box) {
 
 }  // namespace
 
-TextAdapter::TextAdapter(TextBox& box, WindowContext& context)
-    : ControlAdapter(box, new QLineEdit(&context.window), context),
-      box_(box),
-      shown_(static_cast<QLineEdit&>(*Widget())) {
+TextAdapter::TextAdapter(TextBox& box, ScreenWindow& window)
+    : TypedAdapter(box, new QLineEdit(&window), window) {
   shown_.setTextMargins(2, 0, 2, 0);
   connect(&shown_, &QLineEdit::textEdited, this, [this](const QString& text) {
-    Hand([&](Gestures& user) { user.Type(box_, FromQt(text)); });
+    Hand([&](Gestures& user) { user.Type(control_, FromQt(text)); });
   });
 }
 
 // The bound holds for typing alone: a longer text of the system's own shows whole.
 void TextAdapter::ShowState() {
-  const QString text = ToQt(box_.Text);
+  const QString text = ToQt(control_.Text);
   const int length = static_cast<int>(text.size());
-  const int bound = box_.MaxLength > 0 ? std::max(box_.MaxLength, length) : 32767;
+  const int bound = control_.MaxLength > 0 ? std::max(control_.MaxLength, length) : 32767;
   if (shown_.maxLength() != bound) shown_.setMaxLength(bound);
   if (shown_.text() != text) shown_.setText(text);
-  shown_.setReadOnly(box_.Locked);
-  shown_.setEchoMode(box_.Masked ? QLineEdit::Password : QLineEdit::Normal);
-  shown_.setAlignment(box_.RightAligned ? Qt::AlignRight : Qt::AlignLeft);
+  shown_.setReadOnly(control_.Locked);
+  shown_.setEchoMode(control_.Masked ? QLineEdit::Password : QLineEdit::Normal);
+  shown_.setAlignment(control_.RightAligned ? Qt::AlignRight : Qt::AlignLeft);
 }
 
 void TextAdapter::Show(Property property) {
   ShowState();
   if (property == Property::Locked) ShowColors();
-  if (property == Property::Selection) shown_.setCursorPosition(box_.SelStart);
+  if (property == Property::Selection) shown_.setCursorPosition(control_.SelStart);
 }
 
 void TextAdapter::ShowColors() {
   ControlAdapter::ShowColors();
-  ShadeIfLocked(shown_, box_);
+  ShadeIfLocked(shown_, control_);
 }
 
-MemoAdapter::MemoAdapter(TextBox& box, WindowContext& context)
-    : ControlAdapter(box, new QPlainTextEdit(&context.window), context),
-      box_(box),
-      shown_(static_cast<QPlainTextEdit&>(*Widget())) {
+MemoAdapter::MemoAdapter(TextBox& box, ScreenWindow& window)
+    : TypedAdapter(box, new QPlainTextEdit(&window), window) {
   shown_.setTabChangesFocus(true);
   connect(&shown_, &QPlainTextEdit::textChanged, this, [this] {
-    Hand([this](Gestures& user) { user.Type(box_, FromQt(shown_.toPlainText())); });
+    Hand([this](Gestures& user) { user.Type(control_, FromQt(shown_.toPlainText())); });
   });
 }
 
 void MemoAdapter::ShowState() {
-  const QString text = ToQt(box_.Text).replace("\r\n", "\n");
+  const QString text = ToQt(control_.Text).replace("\r\n", "\n");
   if (shown_.toPlainText() != text) {
     const int position = shown_.textCursor().position();
     shown_.setPlainText(text);
@@ -94,7 +91,7 @@ void MemoAdapter::ShowState() {
     cursor.setPosition(std::min(position, static_cast<int>(text.size())));
     if (shown_.hasFocus()) shown_.setTextCursor(cursor);
   }
-  shown_.setReadOnly(box_.Locked);
+  shown_.setReadOnly(control_.Locked);
 }
 
 void MemoAdapter::Show(Property property) {
@@ -102,19 +99,17 @@ void MemoAdapter::Show(Property property) {
   if (property == Property::Locked) ShowColors();
   if (property != Property::Selection) return;
   QTextCursor cursor = shown_.textCursor();
-  cursor.setPosition(std::min(box_.SelStart(), shown_.document()->characterCount() - 1));
+  cursor.setPosition(std::min(control_.SelStart(), shown_.document()->characterCount() - 1));
   shown_.setTextCursor(cursor);
 }
 
 void MemoAdapter::ShowColors() {
   ControlAdapter::ShowColors();
-  ShadeIfLocked(shown_, box_);
+  ShadeIfLocked(shown_, control_);
 }
 
-ComboAdapter::ComboAdapter(ComboBox& combo, WindowContext& context)
-    : ControlAdapter(combo, new QuietComboBox(&context.window), context),
-      combo_(combo),
-      shown_(static_cast<QComboBox&>(*Widget())) {
+ComboAdapter::ComboAdapter(ComboBox& combo, ScreenWindow& window)
+    : TypedAdapter(combo, new QuietComboBox(&window), window) {
   shown_.setFocusPolicy(Qt::StrongFocus);
   shown_.setInsertPolicy(QComboBox::NoInsert);
   shown_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -126,21 +121,22 @@ ComboAdapter::ComboAdapter(ComboBox& combo, WindowContext& context)
     // It would put entries into the text that nobody typed.
     shown_.setCompleter(nullptr);
     connect(shown_.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
-      Hand([&](Gestures& user) { user.Type(combo_, FromQt(text)); });
+      Hand([&](Gestures& user) { user.Type(control_, FromQt(text)); });
     });
   }
   connect(&shown_, &QComboBox::activated, this, [this](int index) {
     if (static_cast<QuietComboBox&>(shown_).IsLeaving()) return;
-    Hand([&](Gestures& user) { user.Choose(combo_, index); });
+    Hand([&](Gestures& user) { user.Choose(control_, index); });
   });
 }
 
 void ComboAdapter::ShowState() {
-  if (combo_.ListCount() < shown_.count()) shown_.clear();
-  for (int i = shown_.count(); i < combo_.ListCount(); ++i) shown_.addItem(ToQt(combo_.List(i)));
+  if (control_.ListCount() < shown_.count()) shown_.clear();
+  for (int i = shown_.count(); i < control_.ListCount(); ++i)
+    shown_.addItem(ToQt(control_.List(i)));
   // The toolkit chooses the first entry of an empty list by itself.
-  if (shown_.currentIndex() != combo_.ListIndex()) shown_.setCurrentIndex(combo_.ListIndex());
-  const QString text = ToQt(combo_.Text);
+  if (shown_.currentIndex() != control_.ListIndex()) shown_.setCurrentIndex(control_.ListIndex());
+  const QString text = ToQt(control_.Text);
   if (IsEditable() && shown_.lineEdit()->text() != text) shown_.setEditText(text);
 }
 

@@ -9,47 +9,36 @@ class QPlainTextEdit;
 
 namespace kvi {
 
-class TextAdapter : public ControlAdapter {
+class TextAdapter : public TypedAdapter<TextBox, QLineEdit> {
  public:
-  TextAdapter(TextBox& box, WindowContext& context);
+  TextAdapter(TextBox& box, ScreenWindow& window);
 
  protected:
   void ShowState() override;
   void Show(Property property) override;
   void ShowColors() override;
-
- private:
-  TextBox& box_;
-  QLineEdit& shown_;
 };
 
 // A text box of several lines.
-class MemoAdapter : public ControlAdapter {
+class MemoAdapter : public TypedAdapter<TextBox, QPlainTextEdit> {
  public:
-  MemoAdapter(TextBox& box, WindowContext& context);
+  MemoAdapter(TextBox& box, ScreenWindow& window);
 
  protected:
   void ShowState() override;
   void Show(Property property) override;
   void ShowColors() override;
-
- private:
-  TextBox& box_;
-  QPlainTextEdit& shown_;
 };
 
-class ComboAdapter : public ControlAdapter {
+class ComboAdapter : public TypedAdapter<ComboBox, QComboBox> {
  public:
-  ComboAdapter(ComboBox& combo, WindowContext& context);
+  ComboAdapter(ComboBox& combo, ScreenWindow& window);
 
  protected:
   void ShowState() override;
 
  private:
-  bool IsEditable() const { return combo_.GetStyle() == ComboBox::Style::Editable; }
-
-  ComboBox& combo_;
-  QComboBox& shown_;
+  bool IsEditable() const { return control_.GetStyle() == ComboBox::Style::Editable; }
 };
 
 }  // namespace kvi

@@ -4,16 +4,15 @@
 
 #include "desktop/controls/WindowInput.h"
 #include "desktop/grid/SpreadView.h"
+#include "desktop/window/ScreenWindow.h"
 
 namespace kvi {
 
-SpreadAdapter::SpreadAdapter(Spread& grid, WindowContext& context)
-    : ControlAdapter(grid,
-                     new SpreadView(
-                         grid, [this](const auto& gesture) { Hand(gesture); }, &context.window),
-                     context),
-      grid_(grid),
-      shown_(static_cast<SpreadView&>(*Widget())) {
+SpreadAdapter::SpreadAdapter(Spread& grid, ScreenWindow& window)
+    : TypedAdapter(grid,
+                   new SpreadView(
+                       grid, [this](const auto& gesture) { Hand(gesture); }, &window),
+                   window) {
   QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   policy.setRetainSizeWhenHidden(true);
   shown_.setSizePolicy(policy);
@@ -42,13 +41,13 @@ void SpreadAdapter::Show(Property property) {
 // Screens hide a grid, fill it and show it again: that is one event, in which nothing should
 // flicker nor the focus move on. So hiding waits for the event's end.
 void SpreadAdapter::ShowVisible() {
-  if (grid_.Visible || !shown_.isVisible()) {
+  if (control_.Visible || !shown_.isVisible()) {
     ControlAdapter::ShowVisible();
-    if (grid_.Visible && std::exchange(hadFocus_, false)) shown_.setFocus();
+    if (control_.Visible && std::exchange(hadFocus_, false)) shown_.setFocus();
     return;
   }
   QTimer::singleShot(0, this, [this] {
-    if (!context_.input.IsOpen() || grid_.Visible) return;
+    if (!window_.Input().IsOpen() || control_.Visible) return;
     hadFocus_ = shown_.hasFocus();
     ControlAdapter::ShowVisible();
   });

@@ -7,9 +7,9 @@ namespace kvi {
 
 class SpreadView;
 
-class SpreadAdapter : public ControlAdapter {
+class SpreadAdapter : public TypedAdapter<Spread, SpreadView> {
  public:
-  SpreadAdapter(Spread& grid, WindowContext& context);
+  SpreadAdapter(Spread& grid, ScreenWindow& window);
   void FinishEditing() override;
   void Release() override;
 
@@ -19,8 +19,6 @@ class SpreadAdapter : public ControlAdapter {
   void ShowVisible() override;
 
  private:
-  Spread& grid_;
-  SpreadView& shown_;
   bool hadFocus_ = false;
 };
 

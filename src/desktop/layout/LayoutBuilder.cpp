@@ -306,12 +306,7 @@ QWidget* LayoutBuilder::BuildGrid(const Layout& node) {
   int at = 0;
   for (const Layout& child : node.children) {
     QWidget* widget = child.kind == Layout::Kind::Gap ? nullptr : BuildNode(child);
-    if (widget != nullptr) {
-      // Keys of a pad are as wide as their columns.
-      if (child.kind == Layout::Kind::Control && child.control->Kind() == ControlKind::ActionLabel)
-        widget->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-      grid->addWidget(widget, at / columns, at % columns);
-    }
+    if (widget != nullptr) grid->addWidget(widget, at / columns, at % columns);
     ++at;
   }
   return panel;

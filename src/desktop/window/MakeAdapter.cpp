@@ -10,40 +10,39 @@ namespace kvi {
 namespace {
 
 template <class Adapter, class Kind>
-ControlAdapter* Make(Control& control, WindowContext& context) {
-  return new Adapter(static_cast<Kind&>(control), context);
+ControlAdapter* Make(Control& control, ScreenWindow& window) {
+  return new Adapter(static_cast<Kind&>(control), window);
 }
 
 }  // namespace
 
-ControlAdapter* MakeAdapter(Control& control, WindowContext& context) {
+ControlAdapter* MakeAdapter(Control& control, ScreenWindow& window) {
   switch (control.Kind()) {
     case ControlKind::Label:
-      return Make<LabelAdapter, Label>(control, context);
+      return Make<LabelAdapter, Label>(control, window);
     case ControlKind::ActionLabel:
-      return Make<ActionAdapter, ActionLabel>(control, context);
+      return Make<ActionAdapter, ActionLabel>(control, window);
     case ControlKind::TextBox:
-      return static_cast<TextBox&>(control).Multiline
-                 ? Make<MemoAdapter, TextBox>(control, context)
-                 : Make<TextAdapter, TextBox>(control, context);
+      return static_cast<TextBox&>(control).Multiline ? Make<MemoAdapter, TextBox>(control, window)
+                                                      : Make<TextAdapter, TextBox>(control, window);
     case ControlKind::ComboBox:
-      return Make<ComboAdapter, ComboBox>(control, context);
+      return Make<ComboAdapter, ComboBox>(control, window);
     case ControlKind::ListBox:
-      return Make<ListAdapter, ListBox>(control, context);
+      return Make<ListAdapter, ListBox>(control, window);
     case ControlKind::CheckBox:
-      return Make<CheckAdapter, CheckBox>(control, context);
+      return Make<CheckAdapter, CheckBox>(control, window);
     case ControlKind::OptionButton:
-      return Make<OptionAdapter, OptionButton>(control, context);
+      return Make<OptionAdapter, OptionButton>(control, window);
     case ControlKind::Button:
-      return Make<ButtonAdapter, Button>(control, context);
+      return Make<ButtonAdapter, Button>(control, window);
     case ControlKind::PictureBox:
-      return Make<PictureAdapter, PictureBox>(control, context);
+      return Make<PictureAdapter, PictureBox>(control, window);
     case ControlKind::TabStrip:
-      return Make<TabAdapter, TabStrip>(control, context);
+      return Make<TabAdapter, TabStrip>(control, window);
     case ControlKind::StatusBar:
-      return Make<StatusAdapter, StatusBar>(control, context);
+      return Make<StatusAdapter, StatusBar>(control, window);
     case ControlKind::Spread:
-      return Make<SpreadAdapter, Spread>(control, context);
+      return Make<SpreadAdapter, Spread>(control, window);
     case ControlKind::Menu:
     case ControlKind::MenuItem:
       break;

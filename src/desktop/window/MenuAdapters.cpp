@@ -5,17 +5,18 @@
 
 #include "desktop/controls/AccessKeys.h"
 #include "desktop/look/QtText.h"
+#include "desktop/window/ScreenWindow.h"
 #include "platform/Gestures.h"
 
 namespace kvi {
 
-MenuAdapter::MenuAdapter(Menu& menu, QMenuBar& bar, WindowContext& context)
-    : ControlAdapter(menu, nullptr, context), menu_(menu), shown_(*bar.addMenu("")) {
+MenuAdapter::MenuAdapter(Menu& menu, QMenuBar& bar, ScreenWindow& window)
+    : ControlAdapter(menu, nullptr, window), menu_(menu), shown_(*bar.addMenu("")) {
   shown_.setObjectName(ToQt(menu.Name()));
 }
 
 void MenuAdapter::ShowState() {
-  shown_.setTitle(context_.keys.Claim(&menu_, ToQt(menu_.Caption)));
+  shown_.setTitle(window_.Keys().Claim(&menu_, ToQt(menu_.Caption)));
 }
 
 void MenuAdapter::ShowEnabled() {
@@ -26,11 +27,12 @@ void MenuAdapter::ShowVisible() {
   shown_.menuAction()->setVisible(menu_.Visible);
 }
 
-MenuItemAdapter::MenuItemAdapter(MenuItem& item, QMenu& menu, WindowContext& context)
-    : ControlAdapter(item, nullptr, context), item_(item), shown_(*menu.addAction("")) {
+MenuItemAdapter::MenuItemAdapter(MenuItem& item, QMenu& menu, ScreenWindow& window)
+    : ControlAdapter(item, nullptr, window), item_(item), shown_(*menu.addAction("")) {
   shown_.setObjectName(ToQt(item.Name()));
   connect(&shown_, &QAction::triggered, this, [this] {
-    context_.finishEditing();
+    // A menu takes no focus by itself.
+    window_.FinishEditing();
     Hand([this](Gestures& user) { user.Click(item_); });
   });
 }

@@ -11,7 +11,7 @@ namespace kvi {
 
 class MenuAdapter : public ControlAdapter {
  public:
-  MenuAdapter(Menu& menu, QMenuBar& bar, WindowContext& context);
+  MenuAdapter(Menu& menu, QMenuBar& bar, ScreenWindow& window);
   QMenu& Shown() const { return shown_; }
 
  protected:
@@ -26,7 +26,7 @@ class MenuAdapter : public ControlAdapter {
 
 class MenuItemAdapter : public ControlAdapter {
  public:
-  MenuItemAdapter(MenuItem& item, QMenu& menu, WindowContext& context);
+  MenuItemAdapter(MenuItem& item, QMenu& menu, ScreenWindow& window);
 
  protected:
   void ShowState() override;

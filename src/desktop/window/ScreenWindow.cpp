@@ -50,13 +50,6 @@ int FocusRank(const Control& control, bool isList) {
 ScreenWindow::ScreenWindow(Screen& screen, Gestures& gestures, bool modal)
     : screen_(screen),
       input_(gestures),
-      context_{screen,
-               input_,
-               keys_,
-               *this,
-               [this](const std::string& name) { return OptionGroup(name); },
-               [this] { ShowColors(); },
-               [this] { FinishEditing(); }},
       builder_(
           *this, [this](Control& control) { return Place(control); },
           [this] { input_.Hand([this](Gestures& user) { user.MoveOver(screen_); }); }) {
@@ -93,7 +86,7 @@ ControlAdapter* ScreenWindow::Place(Control& control) {
                            control.Kind() == ControlKind::Menu ||
                            control.Kind() == ControlKind::MenuItem;
   if (hasOwnPlace) return nullptr;
-  return adapters_.emplace_back(MakeAdapter(control, context_));
+  return adapters_.emplace_back(MakeAdapter(control, *this));
 }
 
 void ScreenWindow::BuildMenus(QMenuBar& bar) {
@@ -101,11 +94,11 @@ void ScreenWindow::BuildMenus(QMenuBar& bar) {
   for (Control* control : screen_.Controls()) {
     if (control->Kind() == ControlKind::Menu) {
       auto& menu = static_cast<Menu&>(*control);
-      menus[&menu] = new MenuAdapter(menu, bar, context_);
+      menus[&menu] = new MenuAdapter(menu, bar, *this);
       adapters_.push_back(menus[&menu]);
     } else if (control->Kind() == ControlKind::MenuItem) {
       auto& item = static_cast<MenuItem&>(*control);
-      adapters_.push_back(new MenuItemAdapter(item, menus.at(&item.Parent())->Shown(), context_));
+      adapters_.push_back(new MenuItemAdapter(item, menus.at(&item.Parent())->Shown(), *this));
     }
   }
 }
@@ -113,7 +106,7 @@ void ScreenWindow::BuildMenus(QMenuBar& bar) {
 QWidget* ScreenWindow::BuildStatus() {
   for (Control* control : screen_.Controls())
     if (control->Kind() == ControlKind::StatusBar)
-      return adapters_.emplace_back(MakeAdapter(*control, context_))->Widget();
+      return adapters_.emplace_back(MakeAdapter(*control, *this))->Widget();
   return nullptr;
 }
 
@@ -209,7 +202,6 @@ void ScreenWindow::showEvent(QShowEvent* event) {
   if (!event->spontaneous()) Center();
 }
 
-// The system decides; its answer comes as Dismiss.
 // The keys that no field had a use for.
 void ScreenWindow::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -229,6 +221,7 @@ void ScreenWindow::keyPressEvent(QKeyEvent* event) {
   QWidget::keyPressEvent(event);
 }
 
+// The system decides; its answer comes as Dismiss.
 void ScreenWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   FinishEditing();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPointer>
 #include <QWidget>
 #include <map>
 #include <vector>
@@ -34,6 +33,12 @@ class ScreenWindow : public QWidget, public ScreenView {
   void FitInto(const QSize& room);
   // What the user types goes no further than its editor until this.
   void FinishEditing();
+  // The bands take the colour of their controls, so that every change of one comes here.
+  void ShowColors();
+  // Options of one name exclude each other.
+  QButtonGroup* OptionGroup(const std::string& name);
+  WindowInput& Input() { return input_; }
+  AccessKeys& Keys() { return keys_; }
   // Brings late changes of grids into the picture.
   void Settle();
 
@@ -50,16 +55,13 @@ class ScreenWindow : public QWidget, public ScreenView {
   ControlAdapter* Place(Control& control);
   void BuildMenus(QMenuBar& bar);
   QWidget* BuildStatus();
-  void ShowColors();
   void SetFirstFocus();
-  QButtonGroup* OptionGroup(const std::string& name);
   ControlAdapter* AdapterOf(const QWidget* widget) const;
   void FollowFocus(const QWidget* now);
 
   Screen& screen_;
   AccessKeys keys_;
   WindowInput input_;
-  WindowContext context_;
   LayoutBuilder builder_;
   std::vector<ControlAdapter*> adapters_;  // owned as children
   std::map<std::string, QButtonGroup*> groups_;
