@@ -4,6 +4,7 @@
 
 #include "base/RunTimeError.h"
 #include "platform/Gestures.h"
+#include "platform/Hourglass.h"
 #include "platform/Screen.h"
 #include "platform/ScreenStack.h"
 #include "support/ScriptedDesktop.h"
@@ -87,6 +88,17 @@ TEST_F(ControlsTest, AFieldIsLeftBeforeTheActAndKnowsWhereTheKeyboardGoes) {
   user.CloseWindow(form);
   EXPECT_EQ(log, "leave for save save leave for nothing ");
   EXPECT_EQ(form.Focused(), &form.name) << "a refused closing gives the keyboard back";
+}
+
+TEST_F(ControlsTest, WhatBelongsToAVisitEndsWithItAndSoDoesABusyPointer) {
+  user.MoveOver(form.save);
+  user.Type(form.name, "Bolt");
+  stack.Hide(form);
+  EXPECT_EQ(form.save.ForeColor, kWhite) << "the hover colour";
+  EXPECT_EQ(form.Focused(), nullptr);
+  desktop.SetPointer(MousePointer::Hourglass);  // as a failed routine leaves it
+  { const Hourglass busy(desktop); }
+  EXPECT_EQ(desktop.Pointer(), MousePointer::Default);
 }
 
 TEST_F(ControlsTest, AListOnlyComboShowsAnEntryOrNothing) {

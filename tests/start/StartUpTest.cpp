@@ -69,9 +69,8 @@ TEST_F(StartUpTest, LeavingTheProfitCenterTakesThePositionForTheNumber) {
   Main& main = stockroom.MainScreen();
   stockroom.user().Choose(main.pcenter, 2);
   EXPECT_EQ(stockroom.App().CurrentProfitCenter, 0) << "choosing alone changes nothing";
-  stockroom.user().Leave(main.pcenter);
-  EXPECT_EQ(stockroom.App().CurrentProfitCenter, 2);
-  EXPECT_TRUE(stockroom.Exit());
+  stockroom.user().CloseWindow(main);
+  EXPECT_TRUE(stockroom.desktop.ended);
   EXPECT_EQ(stockroom.Get("ProfitCenterNo"), "2");
 }
 

@@ -20,14 +20,14 @@ class DropListTest : public ::testing::Test {
     stockroom.Fill("DD_category", "Description\n Belts\n Seals\n belts\n ");
     stockroom.Fill("Vendor_Info", "Name | Description\n Zeta | 30 days\n Alpha | \n Nord | cash");
   }
-  // Opens the screen as a user does, through Utilities, and closes both afterwards.
+  // Opens the screen as a user does, through Utilities, and closes it by its window's own box.
   void Manage(std::function<void(KVI_ManageDropLIsts&)> user, const std::string& rights = "") {
     ASSERT_TRUE(stockroom.Start(rights));
     stockroom.InUtilities([this, user](auto& utilities) {
       stockroom.desktop.ExpectScreen("KVI_ManageDropLIsts", [this, user] {
         auto& screen = stockroom.App().Get<KVI_ManageDropLIsts>();
         user(screen);
-        stockroom.user().Click(screen.exit_lab);
+        stockroom.user().CloseWindow(screen);
       });
       stockroom.user().Click(utilities.Command1);
     });
