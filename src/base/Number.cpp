@@ -138,6 +138,18 @@ double ValOf(double value) {
   return fewDecimals && scaled / kScale == value ? value : Val(Str(value));
 }
 
+double CDbl(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) throw RunTimeError(13);
+  text = text.substr(first, text.find_last_not_of(' ') - first + 1);
+  if (text.front() == '+') text.remove_prefix(1);
+  double number = 0;
+  const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || stop != text.data() + text.size() || !std::isfinite(number))
+    throw RunTimeError(13);
+  return number;
+}
+
 long CLng(double value) {
   const double whole = std::nearbyint(value);
   constexpr double kLowest = std::numeric_limits<std::int32_t>::min();

@@ -25,6 +25,10 @@ inline std::string Str(int value) {
 // Val of the general text form: the number as far as 15 significant digits tell it.
 double ValOf(double value);
 
+// The number that a text is as a whole, blanks around it apart. Raises 13 for a blank text and for
+// one that holds anything else.
+double CDbl(std::string_view text);
+
 // The nearest whole number, a half going to the even one, as the classic conversions do.
 // Raises 6 outside of the 32-bit range.
 long CLng(double value);

@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "frame/Application.h"
 #include "frame/GENERAL.h"
+#include "frame/Wording.h"
 #include "platform/Hourglass.h"
 #include "platform/IniFile.h"
 
@@ -106,16 +107,16 @@ const Setting kSettings[] = {
      [](const std::string&) { return std::string("0"); }},
     {"CurrentInventoryCategory",
      [](Application& app, const std::string& text) {
-       app.CurrentCategory = text.empty() ? "(All Categories)" : text;
+       app.CurrentCategory = text.empty() ? kAllCategories : text;
      },
      [](const Application& app) { return app.CurrentCategory; },
-     [](const std::string&) { return std::string("(All Categories)"); }},
+     [](const std::string&) { return kAllCategories; }},
     {"CurrentPsoVendor",
      [](Application& app, const std::string& text) {
-       app.CurrentOrderVendor = text.empty() ? "(All Vendors)" : text;
+       app.CurrentOrderVendor = text.empty() ? kAllVendors : text;
      },
      [](const Application& app) { return app.CurrentOrderVendor; },
-     [](const std::string&) { return std::string("(All Vendors)"); }},
+     [](const std::string&) { return kAllVendors; }},
     {"SpreadsheetExePath",
      [](Application& app, const std::string& text) { app.SpreadsheetPath = text; },
      [](const Application& app) { return app.SpreadsheetPath; },

@@ -12,4 +12,8 @@ inline const std::string kPartGroupLower = "part group";
 inline const std::string kPartGroupsLower = "part groups";
 inline const std::string kPartGroupMenu = "Menu Costing/Part Group";
 
+// The entries by which a list is not filtered.
+inline const std::string kAllCategories = "(All Categories)";
+inline const std::string kAllVendors = "(All Vendors)";
+
 }  // namespace kvi

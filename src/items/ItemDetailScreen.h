@@ -86,7 +86,6 @@ class ItemDetailScreen : public KviScreen, public WorkingItem {
   jet::Recordset ReadRow(const std::string& trimmedKey, const LoadStatements& run);
   bool ShowRow(const jet::Recordset& row, const LoadStatements& run);
   void LoadItemRecord();
-  void OfferVendors();
   void TakeAsLoaded();
   void ShowNothing();
   void ShowPartGroups();

@@ -46,7 +46,8 @@ void ItemDetailScreen::LoadItemOnActivate() {
   const jet::ReadTogether reads(app_.CurrentDatabase);
   const jet::Recordset row = ReadRow("Trim(Inv_ID)", run);
   if (row.IsOpen()) FillLists(run);
-  if (ShowRow(row, run)) OfferVendors();
+  if (!ShowRow(row, run)) return;
+  for (int n = 1; n <= kVendors; ++n) ApplyVendorAvailability(*this, n);
 }
 
 bool ItemDetailScreen::LoadInvItem_2() {
@@ -87,18 +88,9 @@ void ItemDetailScreen::LoadItemRecord() {
   ShowTexts(*this, row, run);
   ShowPlainNumbers(*this, row, run);
   ShowCorporateFlag(*this, row, run);
-  if (missing_) {
-    // Behind a part that could not be shown there are no prices to keep.
-    ShowPrices(*this, row, run);
-    OfferVendors();
-  }
   run([&] { Recalc(); });
   run([&] { ShowPartGroups(); });
   TakeAsLoaded();
-}
-
-void ItemDetailScreen::OfferVendors() {
-  for (int n = 1; n <= kVendors; ++n) ApplyVendorAvailability(*this, n);
 }
 
 void ItemDetailScreen::TakeAsLoaded() {

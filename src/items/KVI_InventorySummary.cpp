@@ -23,8 +23,6 @@ namespace kvi {
 
 namespace {
 
-constexpr const char* kAllCategories = "(All Categories)";
-constexpr const char* kAllVendors = "(All Vendors)";
 constexpr const char* kQuantity = "#####0.00";
 constexpr const char* kCost = "$ #####0.0000";
 

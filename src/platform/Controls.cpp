@@ -57,6 +57,14 @@ void ListControl::AddItem(std::string item) {
   TellView(Property::List);
 }
 
+void ListControl::RemoveItem(int index) {
+  List(index);
+  items_.erase(items_.begin() + index);
+  if (index_ == index) SetListIndex(-1);
+  if (index_ > index) --index_;
+  TellView(Property::List);
+}
+
 const std::string& ListControl::List(int index) const {
   if (index < 0 || index >= ListCount()) throw RunTimeError(kInvalidPropertyArrayIndex);
   return items_[static_cast<std::size_t>(index)];

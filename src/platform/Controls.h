@@ -68,6 +68,8 @@ class ListControl : public Control {
  public:
   void Clear();
   void AddItem(std::string item);
+  // Takes an entry out; one that was chosen leaves no choice. Raises 381 outside.
+  void RemoveItem(int index);
   int ListCount() const { return static_cast<int>(items_.size()); }
   const std::string& List(int index) const;  // raises 381 outside
   const std::vector<std::string>& Items() const { return items_; }
@@ -159,6 +161,8 @@ class TabStrip : public Control {
   TabStrip(Screen& screen, std::string name, std::vector<std::string> captions);
   const std::vector<std::string>& Captions() const { return captions_; }
   Observed<int> Tab{*this, Property::ListIndex, 0};  // from 0
+  // Asked before a user's choice takes effect; no keeps the tab that shows.
+  std::function<bool(int tab)> MayShow;
   std::function<void()> Click;
 
  protected:

@@ -82,7 +82,9 @@ bool Gestures::Choose(ListBox& list, int index) {
 }
 
 bool Gestures::Choose(TabStrip& strip, int tab) {
-  return Do(strip, [&] { strip.Tab = tab; });
+  return Do(strip, [&] {
+    if (tab != strip.Tab && (!strip.MayShow || strip.MayShow(tab))) strip.Tab = tab;
+  });
 }
 
 bool Gestures::DoubleClick(ListBox& list) {

@@ -101,7 +101,9 @@ TabAdapter::TabAdapter(TabStrip& strip, ScreenWindow& window)
   // A click on a tab takes the focus, as it ends what is being typed elsewhere.
   shown_.tabBar()->setFocusPolicy(Qt::StrongFocus);
   connect(&shown_, &QTabWidget::currentChanged, this, [this](int tab) {
-    if (tab >= 0) Hand([&](Gestures& user) { user.Choose(control_, tab); });
+    if (tab < 0) return;
+    Hand([&](Gestures& user) { user.Choose(control_, tab); });
+    ShowState();  // the screen may have refused
   });
 }
 
