@@ -2,7 +2,6 @@
 #include "base/Number.h"
 #include "base/Text.h"
 #include "frame/GENERAL.h"
-#include "frame/Wording.h"
 #include "partgroups/UpdatePartGroupCosts.h"
 #include "security/CheckAccess.h"
 #include "stock/KVI_UpdateInventory.h"
@@ -44,12 +43,8 @@ void KVI_UpdateInventory::SaveUpdateGrid() {
 }
 
 std::string KVI_UpdateInventory::AlreadySaved(int rows) const {
-  if (rows == 0) return "";
-  const std::string text =
-      "Saved before that: " + Str(rows) + " of " + Str(Spread1.MaxRows()) + " lines.";
-  return tab_ == Tab::Count
-             ? text
-             : text + "  Their quantity is 0 now, so that saving again adds nothing twice.";
+  const std::string text = SavedBefore(rows, Spread1.MaxRows());
+  return text.empty() || tab_ == Tab::Count ? text : text + kNothingTwice;
 }
 
 // False for a part that is not there (any more): its row is passed over without a word.
@@ -91,8 +86,8 @@ void KVI_UpdateInventory::BookReceipt(const std::string& number, const Booking& 
 // The grid is not loaded again: the costs stay as they were typed. (The quantities are 0 before the
 // groups are costed, so that a costing that fails does not let the next save add them again.)
 void KVI_UpdateInventory::FinishPurchases(bool partChanged) {
-  if (partChanged && AskYesNo("You made a change to one or more items(s).  Should we update the " +
-                                  kPartGroupsLower + "?",
+  if (partChanged && AskYesNo("You made a change to one or more items(s).  Should we update the "
+                              "part groups?",
                               "Speedy Update"))
     UpdatePartGroupCosts(app_);
 }

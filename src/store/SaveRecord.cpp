@@ -90,6 +90,11 @@ SaveEnd SaveRecord(Desktop& desktop, jet::Database& database, const std::functio
   }
 }
 
+std::string SavedBefore(int lines, int of) {
+  if (lines == 0) return "";
+  return "Saved before that: " + Str(lines) + " of " + Str(of) + " lines.";
+}
+
 void SaveRows(jet::Database& database, int count, const std::function<void(int row)>& save,
               const std::function<void(int row)>& saved) {
   using Clock = std::chrono::steady_clock;

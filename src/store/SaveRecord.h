@@ -28,6 +28,11 @@ bool WriteUnderLocks(Desktop& desktop, jet::Database& database, const std::funct
 SaveEnd SaveRecord(Desktop& desktop, jet::Database& database, const std::function<void()>& save,
                    const std::function<std::string()>& alreadySaved = {});
 
+// What such a box adds of a list's lines; "" where none was saved.
+std::string SavedBefore(int lines, int of);
+inline constexpr const char* kNothingTwice =
+    "  Their quantity is 0 now, so that saving again adds nothing twice.";
+
 // Saves the rows 1 to `count` of a list, some 100 ms of them at a time, each row whole or not at
 // all. `save` may run again for a row that was taken back, and must read again what it reckons
 // with. `saved` comes once for each row, as soon as it stands in the file. A row that fails ends
