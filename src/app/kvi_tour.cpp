@@ -14,6 +14,7 @@
 #include "items/KVI_InventoryDetail.h"
 #include "items/KVI_InventoryDetail1Screen.h"
 #include "items/KVI_InventorySummary.h"
+#include "ordering/KVI_OrderSystem.h"
 #include "security/KVI_SecurityCheckpoint.h"
 #include "start/Main.h"
 #include "stock/KVI_Invoice.h"
@@ -117,6 +118,19 @@ class Tour {
     app_.screens.Hide(screen);
   }
 
+  // The par sheet, and the last saved order with its own parts alone.
+  void VisitOrders() {
+    auto& screen = app_.Get<kvi::KVI_OrderSystem>();
+    app_.screens.Show(screen);
+    screen.ut.Click();
+    Picture(screen, "-1");
+    screen.TabStrip1.Tab = 1;
+    screen.orders.SetListIndex(screen.orders.ListCount() - 1);
+    screen.ShowAboveZero.Value = true;
+    Picture(screen, "-2");
+    app_.screens.Hide(screen);
+  }
+
   bool Failed() const { return failed_; }
 
  private:
@@ -149,6 +163,7 @@ int main(int argc, char** argv) {
     tour.Visit<kvi::KVI_InventorySummary>();
     tour.VisitPart();
     tour.VisitUpdate();
+    tour.VisitOrders();
     tour.Visit<kvi::KVI_Find>();
     tour.Visit<kvi::KVI_Invoice>();
     tour.VisitTabs<kvi::KVI_Utilities>();

@@ -10,6 +10,7 @@
 #include "items/KVI_ChooseVendors.h"
 #include "items/KVI_InventoryDetail.h"
 #include "items/KVI_InventorySummary.h"
+#include "ordering/KVI_OrderSystem.h"
 #include "security/CheckAccess.h"
 #include "security/KVI_SecurityCheckpoint.h"
 #include "start/Version.h"
@@ -28,10 +29,10 @@ Main::Main(Application& app) : Screen("Main", "Kestvar Inventory"), app_(app) {
     if (MayOpen(kInventoryModule)) app_.screens.ShowModal(app_.Get<KVI_InventorySummary>());
   };
   MaintProc.Click = [this] {
-    if (MayOpen(kPartGroupModule)) SayNotBuiltYet(app_.desktop, kPartGroup + " Maintenance");
+    if (MayOpen(kPartGroupModule)) SayNotBuiltYet(app_.desktop, "Part Group Maintenance");
   };
   Label16.Click = [this] {
-    if (MayOpen(kOrderModule)) SayNotBuiltYet(app_.desktop, "Manage Orders");
+    if (MayOpen(kOrderModule)) app_.screens.ShowModal(app_.Get<KVI_OrderSystem>());
   };
   Label6.Click = [this] {
     if (MayOpen(kUpdateModule)) app_.screens.ShowModal(app_.Get<KVI_UpdateInventory>());

@@ -2,7 +2,6 @@
 
 #include "frame/Application.h"
 #include "frame/KviScreen.h"
-#include "frame/Wording.h"
 
 namespace kvi {
 
@@ -25,9 +24,8 @@ class Main : public Screen {
   Label Label20{*this, "Label20", "What would you like to do today?"};
   ActionLabel Label1{*this, "Label1",
                      "&Inventory Maintenance - Build, change or remove inventory items"};
-  ActionLabel MaintProc{
-      *this, "MaintProc",
-      "&" + kPartGroup + " Maintenance - Build, change or remove " + kPartGroupsLower};
+  ActionLabel MaintProc{*this, "MaintProc",
+                        "&Part Group Maintenance - Build, change or remove part groups"};
   ActionLabel Label6{*this, "Label6", "Update Inventory \"&On Hand\" && Prices"};
   ActionLabel Label16{*this, "Label16", "&Manage Orders - Par sheet ordering system"};
   ActionLabel Label2{*this, "Label2", "Usage &Analysis - Historical inventory "};

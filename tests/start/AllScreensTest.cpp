@@ -9,6 +9,7 @@
 #include "items/KVI_InventoryDetail.h"
 #include "items/KVI_InventoryDetail1Screen.h"
 #include "items/KVI_InventorySummary.h"
+#include "ordering/KVI_OrderSystem.h"
 #include "security/KVI_SecurityCheckpoint.h"
 #include "stock/KVI_Invoice.h"
 #include "stock/KVI_UpdateInventory.h"
@@ -70,7 +71,7 @@ TEST(AllScreensTest, EveryControlHasItsPlaceAndEveryAccessKeyItsOneControl) {
            &app.Get<KVI_InventoryDetail>(), &app.Get<KVI_InventoryDetail1Screen>(),
            &app.Get<KVI_InventorySummary>(), &app.Get<KVI_SecurityCheckpoint>(),
            &app.Get<KVI_Invoice>(), &app.Get<KVI_UpdateInventory>(), &app.Get<KVI_GetILocation>(),
-           &app.Get<KVI_ManageDropLIsts>(), &app.Get<KVI_Utilities>()})
+           &app.Get<KVI_ManageDropLIsts>(), &app.Get<KVI_OrderSystem>(), &app.Get<KVI_Utilities>()})
     Check(*screen);
 }
 
