@@ -34,6 +34,18 @@ std::string OrderName(long day, bool againstInvoice, Dice& dice) {
   return "Order " + Format(moment, "HH:MM AM/PM") + "-" + Format(moment, "mm/dd/yyyy");
 }
 
+// An order as stockrooms have them too: a line without a price, and one of a part that is gone.
+void PlaceOddOrder(Stockroom& room, Dice& dice) {
+  Order order{DrawId(room.Orders, dice), "Invoice:4711", LastPurchaseDay(), 0, {}};
+  for (const Part& part : room.Parts) {
+    if (!part.Active || part.ProfitCenter != 0) continue;
+    order.Lines.push_back({part.InvId, 4, order.Lines.empty() ? part.Cents : 0});
+    if (order.Lines.size() == 2) break;
+  }
+  order.Lines.push_back({"GONE-4711", 1, 950});
+  room.Orders.push_back(std::move(order));
+}
+
 }  // namespace
 
 void PlaceOrders(Stockroom& room, Dice& dice) {
@@ -49,10 +61,12 @@ void PlaceOrders(Stockroom& room, Dice& dice) {
           DrawId(room.Orders, dice), {}, LastPurchaseDay() - dice.Between(1, 5), center, {}};
       order.Name = OrderName(order.Day, i == 1, dice);
       for (; next != low.end() && order.Lines.size() < std::min(share, kLongestOrder); ++next)
-        order.Lines.push_back({*next, ((*next)->Par * 100 - (*next)->OnHand + 99) / 100});
+        order.Lines.push_back(
+            {(*next)->InvId, ((*next)->Par * 100 - (*next)->OnHand + 99) / 100, (*next)->Cents});
       room.Orders.push_back(std::move(order));
     }
   }
+  PlaceOddOrder(room, dice);
 }
 
 void RegisterInvoices(Stockroom& room, Dice& dice) {

@@ -69,8 +69,8 @@ struct Order {
   long Day;
   int ProfitCenter;
   struct Line {
-    const Part* Of;
-    int Quantity;
+    std::string InvId;
+    int Quantity, Cents;  // 0 cents: ordered without a price
   };
   std::vector<Line> Lines;
 };

@@ -181,9 +181,9 @@ void WriteOrders(jet::Database& database, const Stockroom& room) {
                 {"pcenter", order.ProfitCenter}});
     for (const auto& line : order.Lines)
       lines.Add({{"pso_id", order.Id},
-                 {"pso_inv_id", line.Of->InvId},
+                 {"pso_inv_id", line.InvId},
                  {"pso_qty", line.Quantity},
-                 {"pso_price", Money(line.Of->Cents)},
+                 {"pso_price", line.Cents == 0 ? Value() : Value(Money(line.Cents))},
                  {"pcenter", order.ProfitCenter}});
   }
   TableWriter invoices(database, "Invoice");
