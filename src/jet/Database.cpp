@@ -5,16 +5,16 @@
 #include <filesystem>
 
 #include "base/RunTimeError.h"
-#include "jet/engine/Engine.h"
 #include "jet/engine/StatementRun.h"
 #include "jet/functions/JetFunctions.h"
 #include "jet/sets/Dynaset.h"
+#include "jet/sets/QueryCache.h"
 #include "jet/sets/Snapshot.h"
 
 namespace kvi::jet {
 namespace {
 
-Engine& Required(const std::shared_ptr<Engine>& engine) {
+OpenFile& Required(const std::shared_ptr<OpenFile>& engine) {
   if (!engine) throw RunTimeError(3420);
   engine->RequireOpen();
   return *engine;
@@ -23,14 +23,14 @@ Engine& Required(const std::shared_ptr<Engine>& engine) {
 void MakeTables(const std::string& path, const std::vector<TableDef>& tables) {
   Connection connection(path);
   connection.Run("PRAGMA page_size=16384;BEGIN");
-  for (const TableDef& table : tables) Schema::CreateTable(connection, table);
+  for (const TableDef& table : tables) TableCatalog::CreateTable(connection, table);
   connection.Run("COMMIT");
 }
 
 }  // namespace
 
 Database::Database() = default;
-Database::Database(std::shared_ptr<Engine> engine) : engine_(std::move(engine)) {}
+Database::Database(std::shared_ptr<OpenFile> engine) : engine_(std::move(engine)) {}
 Database::Database(Database&&) noexcept = default;
 Database::~Database() {
   Close();
@@ -44,7 +44,7 @@ Database& Database::operator=(Database&& other) noexcept {
 }
 
 Database Database::Open(const std::string& path, bool exclusive) {
-  return Database(std::make_shared<Engine>(path, exclusive));
+  return Database(std::make_shared<OpenFile>(path, exclusive));
 }
 
 Database Database::Create(const std::string& path, const std::vector<TableDef>& tables) {
@@ -76,19 +76,19 @@ void Database::Close() {
 }
 
 Recordset Database::OpenRecordset(std::string_view sql) {
-  Engine& engine = Required(engine_);
+  OpenFile& engine = Required(engine_);
   engine.lock.Breathe();
   engine.Look();
-  const auto query = engine.QueryOf(sql);
+  const auto query = engine.queries.Find(sql);
   if (query->translation.kind != Translation::Kind::Select) throw RunTimeError(3219);
   if (query->shape) return Recordset(std::make_unique<Dynaset>(engine_, *query));
   return Recordset(std::make_unique<Snapshot>(engine_, *query));
 }
 
 long Database::Execute(std::string_view sql) {
-  Engine& engine = Required(engine_);
+  OpenFile& engine = Required(engine_);
   engine.Look();
-  const auto query = engine.QueryOf(sql);
+  const auto query = engine.queries.Find(sql);
   if (query->translation.kind != Translation::Kind::Action) throw RunTimeError(3065);
   long count = 0;
   engine.lock.Run([&] {
@@ -102,20 +102,20 @@ long Database::Execute(std::string_view sql) {
 }
 
 std::vector<TableDef> Database::TableDefs() {
-  Engine& engine = Required(engine_);
+  OpenFile& engine = Required(engine_);
   engine.Look();
-  return engine.schema.Tables();
+  return engine.tables.Tables();
 }
 
 void Database::AppendField(std::string_view table, const FieldDef& field) {
-  Engine& engine = Required(engine_);
+  OpenFile& engine = Required(engine_);
   engine.Look();
-  engine.lock.Run([&] { engine.schema.AppendField(table, field); });
-  engine.ForgetSchema();
+  engine.lock.Run([&] { engine.tables.AppendField(table, field); });
+  engine.tables.Forget();
 }
 
 void Database::WriteAtOnce(const std::function<void()>& work) {
-  Engine& engine = Required(engine_);
+  OpenFile& engine = Required(engine_);
   if (engine.lock.InBatch()) throw RunTimeError(5);
   for (;;) {
     try {

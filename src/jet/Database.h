@@ -12,7 +12,7 @@
 
 namespace kvi::jet {
 
-class Engine;
+struct OpenFile;
 
 // The one door to a database file, under the operations' classic names. Movable; a default one is
 // closed, and every call on a closed one raises 3420. Recordsets opened from it share its engine
@@ -75,8 +75,8 @@ class Database {
   friend class KeyedQuery;
   friend class ReadTogether;
   friend class WriteBatch;
-  explicit Database(std::shared_ptr<Engine> engine);
-  std::shared_ptr<Engine> engine_;
+  explicit Database(std::shared_ptr<OpenFile> engine);
+  std::shared_ptr<OpenFile> engine_;
 };
 
 // A real Jet file stands where ours is wanted: recognised by its signature, and refused. Its
@@ -94,7 +94,7 @@ class ReadTogether {
   ReadTogether& operator=(const ReadTogether&) = delete;
 
  private:
-  std::shared_ptr<Engine> engine_;
+  std::shared_ptr<OpenFile> engine_;
   bool begun_;
 };
 
@@ -114,7 +114,7 @@ class WriteBatch {
   void Finish();
 
  private:
-  std::shared_ptr<Engine> engine_;
+  std::shared_ptr<OpenFile> engine_;
   bool finished_ = false;
 };
 

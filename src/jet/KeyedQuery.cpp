@@ -4,8 +4,8 @@
 
 #include "base/RunTimeError.h"
 #include "jet/KeyedRows.h"
-#include "jet/engine/Engine.h"
 #include "jet/engine/StatementRun.h"
+#include "jet/sets/QueryCache.h"
 
 namespace kvi::jet {
 
@@ -13,7 +13,7 @@ KeyedQuery::KeyedQuery(Database& database, std::string_view sql) : engine_(datab
   if (!engine_) throw RunTimeError(3420);
   engine_->RequireOpen();
   engine_->Look();
-  const auto query = engine_->QueryOf(sql);
+  const auto query = engine_->queries.Find(sql);
   if (query->translation.kind != Translation::Kind::Select) throw RunTimeError(3219);
   query_ = std::shared_ptr<const Translation>(query, &query->translation);
 }

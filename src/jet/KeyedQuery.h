@@ -26,7 +26,7 @@ class KeyedQuery {
   void Walk(std::string_view key, const std::function<bool(std::span<const Value>)>& take);
 
  private:
-  std::shared_ptr<Engine> engine_;
+  std::shared_ptr<OpenFile> engine_;
   std::shared_ptr<const Translation> query_;
   std::vector<Value> row_;
 };

@@ -1,6 +1,6 @@
 #include "base/RunTimeError.h"
 #include "jet/Database.h"
-#include "jet/engine/Engine.h"
+#include "jet/sets/QueryCache.h"
 
 namespace kvi::jet {
 

@@ -1,17 +1,12 @@
 #pragma once
 
 #include <chrono>
-#include <memory>
 #include <string>
-#include <string_view>
-#include <unordered_map>
 
-#include "jet/dialect/JetSql.h"
 #include "jet/engine/ChangeWatch.h"
 #include "jet/engine/Connection.h"
-#include "jet/engine/Schema.h"
+#include "jet/engine/TableCatalog.h"
 #include "jet/engine/WriteLock.h"
-#include "jet/sets/QueryShape.h"
 
 namespace kvi::jet {
 
@@ -26,21 +21,11 @@ class Engine {
   void RequireOpen() const;
   void Close();
 
-  // A statement's translation, and for a dynaset what is known of its shape (else null).
-  struct Query {
-    Translation translation;
-    std::shared_ptr<QueryShape> shape;
-  };
-  std::shared_ptr<const Query> QueryOf(std::string_view sql);
-  // What the dialect asks of a table.
-  ShapeOfTable ShapeOf();
-
   // Notices what other desks changed since the last look. Free while we hold the write lock.
   void Look();
   // The same for a row in a fast walk, where a look a row would cost more than the row: at most
   // 16 rows or 2 ms late.
   void Glance();
-  void ForgetSchema();
   // When rows of a table were read. They are as the file has them while the stamp is the same.
   struct Stamp {
     std::uint64_t epoch = 0, writes = 0;
@@ -50,12 +35,10 @@ class Engine {
 
   Connection connection;
   ChangeWatch watch;
-  Schema schema;
+  TableCatalog tables;
   WriteLock lock;
 
  private:
-  std::unordered_map<std::string, std::shared_ptr<const Query>> queries_;
-  std::unordered_map<std::string, std::shared_ptr<QueryShape>> shapes_;
   std::uint64_t schemaEpoch_ = 0;
   unsigned versionLookedAt_ = 0;
   int glances_ = 0;

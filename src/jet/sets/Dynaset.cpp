@@ -12,7 +12,7 @@ constexpr std::size_t kFastWalk = 256;
 
 }  // namespace
 
-Dynaset::Dynaset(std::shared_ptr<Engine> engine, const Engine::Query& query)
+Dynaset::Dynaset(std::shared_ptr<Engine> engine, const Query& query)
     : RecordsetImpl(std::move(engine)), shape_(query.shape) {
   // A set that will be left early needs its keys only, where no other desk can come between them
   // and the rows.

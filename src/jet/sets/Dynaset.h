@@ -5,6 +5,7 @@
 
 #include "jet/sets/EditBuffer.h"
 #include "jet/sets/KeySet.h"
+#include "jet/sets/QueryCache.h"
 #include "jet/sets/RecordsetImpl.h"
 #include "jet/sets/RowBlock.h"
 
@@ -15,7 +16,7 @@ namespace kvi::jet {
 // once the file changed under it. So a row is seen as it stands when it becomes the current one.
 class Dynaset : public RecordsetImpl, private WriteLock::Writer {
  public:
-  Dynaset(std::shared_ptr<Engine> engine, const Engine::Query& query);
+  Dynaset(std::shared_ptr<Engine> engine, const Query& query);
   ~Dynaset() override;
 
   int RecordCount() const override { return static_cast<int>(keys_.Live()); }

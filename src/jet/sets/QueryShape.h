@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "jet/dialect/JetSql.h"
-#include "jet/engine/Schema.h"
+#include "jet/engine/TableCatalog.h"
 #include "jet/sets/FieldList.h"
 
 namespace kvi::jet {

@@ -59,7 +59,7 @@ class Snapshot::Finder {
   Connection memory_;
 };
 
-Snapshot::Snapshot(std::shared_ptr<Engine> engine, const Engine::Query& query)
+Snapshot::Snapshot(std::shared_ptr<Engine> engine, const Query& query)
     : RecordsetImpl(std::move(engine)), fields_(std::vector<FieldDef>()) {
   StatementRun run(TheEngine().connection, query.translation.Sql);
   run.BindAll(query.translation.Parameters);

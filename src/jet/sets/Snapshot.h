@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "jet/sets/FieldList.h"
+#include "jet/sets/QueryCache.h"
 #include "jet/sets/RecordsetImpl.h"
 
 struct sqlite3;
@@ -13,7 +14,7 @@ namespace kvi::jet {
 // The rows of a grouped or joined query as they were when it was opened. It cannot be written.
 class Snapshot : public RecordsetImpl {
  public:
-  Snapshot(std::shared_ptr<Engine> engine, const Engine::Query& query);
+  Snapshot(std::shared_ptr<Engine> engine, const Query& query);
   ~Snapshot() override;
 
   int RecordCount() const override { return static_cast<int>(Size()); }

@@ -24,14 +24,19 @@ struct StoredTable {
 };
 
 // What tables there are, read from the file when first asked for.
-class Schema {
+class TableCatalog {
  public:
-  explicit Schema(Connection& connection) : connection_(connection) {}
+  explicit TableCatalog(Connection& connection) : connection_(connection) {}
 
   // Null for an unknown table.
   std::shared_ptr<StoredTable> Find(std::string_view table);
   std::vector<TableDef> Tables();
-  void Forget() { tables_.clear(); }
+  void Forget() {
+    tables_.clear();
+    ++epoch_;
+  }
+  // Counts how often the tables were forgotten: what was known of them then may not hold.
+  std::uint64_t Epoch() const { return epoch_; }
 
   static void CreateTable(Connection& connection, const TableDef& table);
   void AppendField(std::string_view table, const FieldDef& field);
@@ -40,6 +45,7 @@ class Schema {
   std::shared_ptr<StoredTable> Read(std::string_view table);
 
   Connection& connection_;
+  std::uint64_t epoch_ = 1;
   // By the name in upper case.
   std::map<std::string, std::shared_ptr<StoredTable>> tables_;
   std::map<std::string, std::shared_ptr<std::uint64_t>> writes_;

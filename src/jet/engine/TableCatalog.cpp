@@ -1,4 +1,4 @@
-#include "jet/engine/Schema.h"
+#include "jet/engine/TableCatalog.h"
 
 #include "base/RunTimeError.h"
 #include "base/Text.h"
@@ -14,7 +14,7 @@ constexpr std::string_view kTableNames =
 
 }  // namespace
 
-std::shared_ptr<StoredTable> Schema::Find(std::string_view table) {
+std::shared_ptr<StoredTable> TableCatalog::Find(std::string_view table) {
   std::string name = UCase(table);
   if (const auto found = tables_.find(name); found != tables_.end()) return found->second;
   std::shared_ptr<StoredTable> read = Read(table);
@@ -25,7 +25,7 @@ std::shared_ptr<StoredTable> Schema::Find(std::string_view table) {
   return tables_.emplace(std::move(name), std::move(read)).first->second;
 }
 
-std::shared_ptr<StoredTable> Schema::Read(std::string_view table) {
+std::shared_ptr<StoredTable> TableCatalog::Read(std::string_view table) {
   auto stored = std::make_shared<StoredTable>();
   StatementRun kind(connection_,
                     "SELECT name,wr FROM pragma_table_list(?1) WHERE schema='main' AND "
@@ -49,7 +49,7 @@ std::shared_ptr<StoredTable> Schema::Read(std::string_view table) {
   return stored;
 }
 
-std::vector<TableDef> Schema::Tables() {
+std::vector<TableDef> TableCatalog::Tables() {
   std::vector<std::string> names;
   {
     StatementRun run(connection_, kTableNames);
@@ -61,7 +61,7 @@ std::vector<TableDef> Schema::Tables() {
   return tables;
 }
 
-void Schema::CreateTable(Connection& connection, const TableDef& table) {
+void TableCatalog::CreateTable(Connection& connection, const TableDef& table) {
   const std::string name = Bracketed(table.Name);
   // AUTOINCREMENT: the number of a deleted row must never come back. A desk that still has the old
   // row in its set would take the new one for it, and write into the wrong part.
@@ -83,7 +83,7 @@ void Schema::CreateTable(Connection& connection, const TableDef& table) {
   }
 }
 
-void Schema::AppendField(std::string_view table, const FieldDef& field) {
+void TableCatalog::AppendField(std::string_view table, const FieldDef& field) {
   const auto stored = Find(table);
   if (!stored) throw RunTimeError(3265, DescriptionOf(3265) + " (" + std::string(table) + ")");
   for (const FieldDef& there : stored->Fields)
