@@ -27,7 +27,7 @@ void MakeTrips() {
   const ScratchCopy copy("trips.mdb");
   DetailDesk desk(copy.Path());
   const auto save = [&](int step) {
-    desk.Detail().iname.Text = "Part " + desk.Number(step);
+    desk.Detail().desc.Text = "Seen " + desk.Number(step);
     desk.Detail().SaveItem();
   };
   desk.LoadPart(1);

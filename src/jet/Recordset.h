@@ -66,7 +66,8 @@ class Recordset {
   // 3421 for a value that the field's type cannot take ("" into a number or a date too). Null is
   // taken by every field; a boolean one makes it False.
   void Set(std::string_view field, const Value& value);
-  // Writes the fields that were set. 3020 without an edit, 3022 for a duplicate key, 3183 for a
+  // Writes the fields that were set to another value than they have; none, and nothing is written,
+  // so no other desk sees a change. 3020 without an edit, 3022 for a duplicate key, 3183 for a
   // full disk, 3027 for a read-only file, 3260 for a lock that lasts. After each of them the row is
   // as it was, the lock is given back, the edit buffer is kept and Update can be run again.
   void Update();

@@ -60,6 +60,17 @@ TEST_F(SharingTest, AnEditOfAChangedRowTells3197AndGoesOnOnTheFreshRow) {
   EXPECT_EQ(set.Number("qty"), 60);
 }
 
+TEST_F(SharingTest, AnUpdateThatChangesNothingIsNoChange) {
+  AddParts(1);
+  Recordset set = db_.OpenRecordset(kParts), theirs = other_.OpenRecordset(kParts);
+  EXPECT_EQ(theirs.Number("qty") + set.Number("qty"), 20);
+  set.Edit();
+  for (const double level : {11, 10}) set.Set("qty", level);
+  set.Update();
+  EXPECT_EQ(ErrorOf([&] { theirs.Edit(); }), 0);
+  theirs.CancelUpdate();
+}
+
 TEST_F(SharingTest, ANewRowNeverTakesADeletedRowsPlaceInAnothersSet) {
   AddParts(2);
   Recordset set = db_.OpenRecordset("SELECT * FROM I_Master");

@@ -20,9 +20,18 @@ WriteLock::Clock::time_point WriteLock::Tick() {
 void WriteLock::Begin() {
   if (connection_.IsReadOnly()) throw RunTimeError(3027);
   if (lost_ != 0) throw RunTimeError(lost_);
-  EndRead();
   if (group_ && edits_ == 0 && IsGroupOver()) CommitGroup();
+  if (reading_ && (connection_.HoldsNothing() || !KeepReadLock())) EndRead();
   if (!connection_.InTransaction()) Take();
+}
+
+// Writing after reading keeps the lock that is held, where nobody else is about to write: no state
+// of the file comes in between, and a shared folder sees half the trips.
+bool WriteLock::KeepReadLock() {
+  if (connection_.TryRun("DELETE FROM sqlite_sequence WHERE 0") != SQLITE_OK) return false;
+  reading_ = false;
+  Taken();
+  return true;
 }
 
 void WriteLock::Take() {
@@ -31,6 +40,10 @@ void WriteLock::Take() {
   int code = connection_.TryStep("BEGIN IMMEDIATE");
   while (IsBusy(code) && connection_.AskToWait()) code = connection_.TryStep("BEGIN IMMEDIATE");
   if (code != SQLITE_OK) connection_.Fail(code);
+  Taken();
+}
+
+void WriteLock::Taken() {
   watch_.Look();
   changesBefore_ = sqlite3_total_changes64(connection_.Handle());
   group_ = InBatch();

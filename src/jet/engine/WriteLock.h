@@ -89,6 +89,8 @@ class WriteLock {
   static Clock::time_point Tick();
 
   void Take();
+  bool KeepReadLock();
+  void Taken();
   // False when the commit met a lock and the user goes on waiting: the rows must be written again.
   bool End();
   int TryCommit();

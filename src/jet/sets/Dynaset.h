@@ -52,12 +52,12 @@ class Dynaset : public RecordsetImpl, private WriteLock::Writer {
   Engine::Stamp Now() const { return TheEngine().Now(shape_->Table()); }
 
   template <typename Write>
-  void WriteRow(Write write);
+  bool WriteRow(Write write);
   void Committed() override;
   void TakenBack() override;
   void WriteEdit();
   void WriteNew();
-  void UpdateRow();
+  bool UpdateRow();
   std::int64_t InsertRow();
   void DeleteRow();
   const std::string& UpdateSql();
@@ -74,6 +74,7 @@ class Dynaset : public RecordsetImpl, private WriteLock::Writer {
   Engine::Stamp rowStamp_;          // as of when the current row is
   std::vector<RowBlock> outgrown_;  // values of the current row that callers may still look at
   EditBuffer buffer_;
+  std::vector<std::size_t> differing_;  // of the fields set, those with another value than the row
   std::vector<std::size_t> updateFields_;
   std::string updateSql_;
 };

@@ -63,33 +63,36 @@ void Dynaset::Update() {
 // Where the lock was given back since Edit, it is taken again, and the last writer wins: the fields
 // that were set are written over whatever another desk wrote meanwhile, the others are left alone.
 void Dynaset::WriteEdit() {
-  WriteRow([&] {
+  const bool written = WriteRow([&] {
     TheEngine().lock.CloseEdit(buffer_.Ticket);
     LandAgain();
-    UpdateRow();
+    return UpdateRow();
   });
   rowStamp_ = Now();
-  block_.SetVersion(Position(), block_.Version(Position()) + 1);
-  for (const std::size_t field : buffer_.Changed())
+  if (written) block_.SetVersion(Position(), block_.Version(Position()) + 1);
+  for (const std::size_t field : differing_)
     if (const int at = block_.PositionOf(field); at != ColumnChoice::kNotFetched)
       cells_[at] = buffer_[field];
   buffer_.Close();
 }
 
-// The block is as the file has it, but for the row written, if it was so before.
+// False when `write` found nothing to write. The block is as the file has it, but for the row
+// written, if it was so before.
 template <typename Write>
-void Dynaset::WriteRow(Write write) {
-  bool blockWasFresh = false;
+bool Dynaset::WriteRow(Write write) {
+  bool written = false, blockWasFresh = false;
   TheEngine().lock.Run([&] {
-    write();
+    written = write();
     blockWasFresh = block_.Stamp == Now();
-    if (joined_) return;
+    if (!written || joined_) return;
     joined_ = true;
     sizeBefore_ = keys_.Size();
     TheEngine().lock.Join(*this);
   });
+  if (!written) return false;
   ++*shape_->Table().Writes;
   if (blockWasFresh) block_.Stamp = Now();
+  return true;
 }
 
 void Dynaset::Committed() {
@@ -108,21 +111,29 @@ void Dynaset::TakenBack() {
   cells_ = nullptr;
 }
 
-void Dynaset::UpdateRow() {
-  const StoredTable& table = shape_->Table();
-  if (buffer_.Changed().empty() && !table.Versioned) return;
+// Only what differs from the row as it stands is written, as an index costs pages even where its
+// field gets the value that it has. False when nothing differs.
+bool Dynaset::UpdateRow() {
+  differing_.clear();
+  for (const std::size_t field : buffer_.Changed()) {
+    const int at = block_.PositionOf(field);
+    if (at == ColumnChoice::kNotFetched || !(cells_[at] == buffer_[field]))
+      differing_.push_back(field);
+  }
+  if (differing_.empty()) return false;
   StatementRun run(TheEngine().connection, UpdateSql());
   run.Bind(1, keys_[Position()]);
   int parameter = 1;
-  for (const std::size_t field : buffer_.Changed()) run.Bind(++parameter, buffer_[field]);
-  if (table.Versioned) run.Bind(++parameter, block_.Version(Position()) + 1);
+  for (const std::size_t field : differing_) run.Bind(++parameter, buffer_[field]);
+  if (shape_->Table().Versioned) run.Bind(++parameter, block_.Version(Position()) + 1);
   run.Step();
+  return true;
 }
 
 const std::string& Dynaset::UpdateSql() {
-  if (!updateSql_.empty() && updateFields_ == buffer_.Changed()) return updateSql_;
+  if (!updateSql_.empty() && updateFields_ == differing_) return updateSql_;
   const StoredTable& table = shape_->Table();
-  updateFields_ = buffer_.Changed();
+  updateFields_ = differing_;
   updateSql_ = "UPDATE " + Bracketed(table.Name) + " SET ";
   int parameter = 1;
   const auto assign = [&](std::string_view column) {
@@ -136,7 +147,10 @@ const std::string& Dynaset::UpdateSql() {
 
 void Dynaset::WriteNew() {
   std::int64_t key = 0;
-  WriteRow([&] { key = InsertRow(); });
+  WriteRow([&] {
+    key = InsertRow();
+    return true;
+  });
   keys_.Append(key);
   buffer_.Close();
 }
@@ -162,7 +176,10 @@ std::int64_t Dynaset::InsertRow() {
 void Dynaset::Delete() {
   CancelUpdate();
   RequireCurrent();
-  WriteRow([&] { DeleteRow(); });
+  WriteRow([&] {
+    DeleteRow();
+    return true;
+  });
   keys_.Delete(Position());
   if (joined_) deletedSince_.push_back(Position());
   cells_ = nullptr;
