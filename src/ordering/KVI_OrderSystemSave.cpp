@@ -100,7 +100,7 @@ bool KVI_OrderSystem::ClaimOpened() {
   };
   for (;;) {
     try {
-      ClaimOrder(opened_);
+      ClaimOrder(opened_, app_.clock.Now());
       return true;
     } catch (const RunTimeError& error) {
       if (error.Number == kDataChanged || !IsLockError(error.Number)) throw;

@@ -87,9 +87,15 @@ void WriteOrder(jet::Database& database, const SavedOrder& order) {
   });
 }
 
-void ClaimOrder(jet::Recordset& order) {
+// What is written must differ, or no other desk would see it: the time of day joins the order's
+// date.
+void ClaimOrder(jet::Recordset& order, const Date& now) {
   order.Edit();
-  order.Set("pso_name", order["pso_name"]);
+  Date date = order["pso_date"].IsDate() ? order["pso_date"].AsDate() : now;
+  date.hour = now.hour;
+  date.minute = now.minute;
+  date.second = now.second;
+  order.Set("pso_date", date);
   order.Update();
 }
 

@@ -55,7 +55,7 @@ OnOrder QuantitiesOnOrder(jet::Database& database, int profitCenter);
 void WriteOrder(jet::Database& database, const SavedOrder& order);
 // Marks an opened order as being received. Raises 3197 when another desk has marked it since it was
 // opened, 3167 when it is gone: of two desks that receive one order the second books nothing.
-void ClaimOrder(jet::Recordset& order);
+void ClaimOrder(jet::Recordset& order, const Date& now);
 // Removes an order with every line that bears its id, in any profit center; all or nothing. Raises
 // 3167 when it is gone.
 void DeleteOrder(jet::Database& database, jet::Recordset& order);

@@ -93,7 +93,7 @@ TEST_F(ReceiveOrderTest, OfTwoDesksTheSecondBooksNothing) {
     ExpectBox(kReceive, Answer::Yes, "Par Order Sheet");
     stockroom.desktop.Meanwhile([&] {
       jet::Recordset order = OrderAt(other, 0, 0);
-      ClaimOrder(order);
+      ClaimOrder(order, stockroom.clock.Now());
     });
     ExpectBox("An error has occured: 3197-" + DescriptionOf(3197));
     Click(Screen().save);

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "jet/engine/Engine.h"
 #include "jet/engine/StatementRun.h"
+#include "jet/sets/QueryCache.h"
 #include "store/Schema.h"
 #include "support/TemporaryFolder.h"
 
@@ -9,8 +9,8 @@ namespace kvi::test {
 namespace {
 
 // The plan of a statement as the recordset runs it.
-std::string PlanOf(jet::Engine& engine, const std::string& sql) {
-  const auto query = engine.QueryOf(sql);
+std::string PlanOf(jet::OpenFile& engine, const std::string& sql) {
+  const auto query = engine.queries.Find(sql);
   jet::StatementRun run(
       engine.connection,
       "EXPLAIN QUERY PLAN " + (query->shape ? query->shape->KeySql() : query->translation.Sql));
@@ -23,7 +23,7 @@ std::string PlanOf(jet::Engine& engine, const std::string& sql) {
 TEST(StatementPlans, TheFrequentStatementsUseAnIndex) {
   TemporaryFolder folder;
   CreateInventoryDatabase(folder / "KV_Inventory.mdb").Close();
-  jet::Engine engine(folder / "KV_Inventory.mdb", false);
+  jet::OpenFile engine(folder / "KV_Inventory.mdb", false);
   const char* statements[] = {
       "SELECT * FROM I_Master WHERE Trim(Inv_ID) = '9';",
       "SELECT * FROM I_Master WHERE lTrim(rtrim(Inv_ID)) = '9';",
