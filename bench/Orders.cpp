@@ -213,6 +213,7 @@ void ReceiveOrder(benchmark::State& state) {
   RunPair(state, {{[&] { return desk->Receive(); },
                    [&] {
                      desk.reset();
+                     ours.reset();
                      ours = std::make_unique<OrderedStock>("receive-ours.mdb");
                      desk = std::make_unique<OrderDesk>(ours->Path());
                      desk->ToReceiving(false);
@@ -220,6 +221,7 @@ void ReceiveOrder(benchmark::State& state) {
                   {[&] { return raw->Receive(); },
                    [&] {
                      raw.reset();
+                     floor.reset();
                      floor = std::make_unique<OrderedStock>("receive-floor.mdb");
                      raw = std::make_unique<RawOrders>(floor->Path());
                      raw->Open(false);
