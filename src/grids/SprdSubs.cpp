@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/Number.h"
+#include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "frame/BulkWalk.h"
 #include "grids/PaintingOff.h"
@@ -111,6 +112,15 @@ void SaveColumnWidths(const Spread& grid, const Screen& screen, jet::Database& d
     const int col = GridColumn(grid, row);
     return col > 0 ? SetWidth(row, std::max(grid.ColWidth(col), kNarrowestKept)) : RowEnd::Leave;
   });
+}
+
+void SaveColumnWidths(const Spread& grid, const Screen& screen, jet::Database& database,
+                      Desktop& desktop) {
+  try {
+    SaveColumnWidths(grid, screen, database);
+  } catch (const RunTimeError& error) {
+    desktop.MsgBox({.text = Str(error.Number) + " " + error.Description, .icon = Icon::Error});
+  }
 }
 
 bool ResetColumnWidths(jet::Database& database) {

@@ -4,6 +4,7 @@
 
 #include "jet/Database.h"
 #include "platform/Controls.h"
+#include "platform/Desktop.h"
 #include "platform/Screen.h"
 #include "platform/Spread.h"
 
@@ -44,6 +45,10 @@ void ShadeGridRows(Spread& grid, bool useColors);
 void LoadColumnWidths(Spread& grid, const Screen& screen, jet::Database& database);
 // A width under 150 twips is kept as 150: a column dragged shut comes back visible.
 void SaveColumnWidths(const Spread& grid, const Screen& screen, jet::Database& database);
+// The same on the way out of a screen: widths that cannot be kept are told, and are no reason to
+// hold the user there.
+void SaveColumnWidths(const Spread& grid, const Screen& screen, jet::Database& database,
+                      Desktop& desktop);
 // All kept widths become 1500. Stops at the first of the three tables that is empty; false then.
 [[nodiscard]] bool ResetColumnWidths(jet::Database& database);
 

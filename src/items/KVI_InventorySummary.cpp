@@ -243,12 +243,7 @@ void KVI_InventorySummary::exit_is() {
 }
 
 void KVI_InventorySummary::Unload() {
-  try {
-    SaveColumnWidths(Spread1, *this, app_.CurrentDatabase);
-  } catch (const RunTimeError& error) {
-    // Widths that cannot be kept are no reason to hold the user on the screen.
-    app_.desktop.MsgBox({.text = Str(error.Number) + " " + error.Description, .icon = Icon::Error});
-  }
+  SaveColumnWidths(Spread1, *this, app_.CurrentDatabase, app_.desktop);
 }
 
 Layout KVI_InventorySummary::Arrange() {

@@ -227,7 +227,7 @@ void KVI_OrderSystem::PaintOverPar() {
 void KVI_OrderSystem::Exit() {
   if (changed_ && AskYesNo("Changes have been made.  Save before exiting?")) save_changes();
   changed_ = false;
-  SaveColumnWidths(Spread1, *this, app_.CurrentDatabase);
+  SaveColumnWidths(Spread1, *this, app_.CurrentDatabase, app_.desktop);
   CloseScreen();
 }
 
