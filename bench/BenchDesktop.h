@@ -14,6 +14,7 @@ class BenchDesktop : public Desktop {
   void BringToFront(Screen&) override {}
   void EndAllLoops() override {}
   void DoEvents() override {}
+  std::unique_ptr<Progress> NewProgress(const std::string&, bool) override;
   void SetPointer(MousePointer pointer) override { pointer_ = pointer; }
   MousePointer Pointer() const override { return pointer_; }
   void ClearClipboard() override {}

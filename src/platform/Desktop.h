@@ -8,6 +8,7 @@
 
 namespace kvi {
 
+class Progress;
 class Screen;
 class Surface;
 
@@ -64,6 +65,9 @@ class Desktop {
   virtual void EndAllLoops() = 0;
   virtual void DoEvents() = 0;
 
+  // For a routine that may last: nothing else can be used meanwhile, and the windows below stay
+  // painted. Cancel is offered where the routine can stop.
+  virtual std::unique_ptr<Progress> NewProgress(const std::string& title, bool canCancel) = 0;
   virtual void SetPointer(MousePointer pointer) = 0;
   virtual MousePointer Pointer() const = 0;
   virtual void ClearClipboard() = 0;
@@ -79,6 +83,8 @@ class Desktop {
   // 482 (printer error) when neither can be written.
   virtual std::unique_ptr<Surface> NewDocument(const std::string& jobName) = 0;
   virtual void PrintScreenImage(Screen& screen) = 0;
+  // Called with the path of each document that became a PDF, once it is whole.
+  std::function<void(const std::string& path)> DocumentSaved;
 
  protected:
   // For a desktop that looks whether the rule of WaitComes was kept.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/RunTimeError.h"
+#include "platform/Progress.h"
 #include "platform/Screen.h"
 
 namespace kvi::test {
@@ -12,6 +13,30 @@ namespace {
 std::string BoxText(const std::string& title, const std::string& text) {
   return "[" + title + "] " + text;
 }
+
+class ScriptedProgress : public Progress {
+ public:
+  ScriptedProgress(ScriptedDesktop& desktop, std::string title, bool canCancel)
+      : desktop_(desktop), title_(std::move(title)), canCancel_(canCancel) {}
+  bool Cancelled() const override { return cancelled_; }
+
+ protected:
+  void Told() override {
+    if (Done() == 0)
+      desktop_.progress.push_back(title_ + ": " + Step() + ", " + std::to_string(Total()));
+    EXPECT_TRUE(Total() == 0 || Done() <= Total()) << Step();
+    if (desktop_.cancelAt == std::pair(Step(), Done())) {
+      EXPECT_TRUE(canCancel_) << title_ << " offers no Cancel";
+      cancelled_ = canCancel_;
+    }
+  }
+
+ private:
+  ScriptedDesktop& desktop_;
+  const std::string title_;
+  const bool canCancel_;
+  bool cancelled_ = false;
+};
 
 }  // namespace
 
@@ -85,6 +110,10 @@ void ScriptedDesktop::CloseWindow(Screen& screen) {
 void ScriptedDesktop::BringToFront(Screen& screen) {
   std::erase(openWindows, screen.Name());
   openWindows.push_back(screen.Name());
+}
+
+std::unique_ptr<Progress> ScriptedDesktop::NewProgress(const std::string& title, bool canCancel) {
+  return std::make_unique<ScriptedProgress>(*this, title, canCancel);
 }
 
 void ScriptedDesktop::StartProgram(const std::string& commandLine) {

@@ -38,6 +38,7 @@ class ScriptedDesktop : public Desktop {
   void BringToFront(Screen& screen) override;
   void EndAllLoops() override { ended = true; }
   void DoEvents() override {}
+  std::unique_ptr<Progress> NewProgress(const std::string& title, bool canCancel) override;
   void SetPointer(MousePointer pointer) override { pointer_ = pointer; }
   MousePointer Pointer() const override { return pointer_; }
   void ClearClipboard() override { clipboardCleared = true; }
@@ -58,6 +59,9 @@ class ScriptedDesktop : public Desktop {
   std::vector<std::string> helpOpened;
   std::vector<std::string> screensPrinted;
   std::vector<std::shared_ptr<RecordedDocument>> documents;
+  std::vector<std::string> progress;  // the steps told, "title: step, total"
+  // The user presses Cancel once so much of the step is told as done.
+  std::optional<std::pair<std::string, int>> cancelAt;
 
  protected:
   void CheckWait() const override {

@@ -17,6 +17,7 @@
 #include "desktop/look/QtText.h"
 #include "desktop/printing/PrintService.h"
 #include "desktop/window/CommandLine.h"
+#include "desktop/window/ProgressWindow.h"
 #include "desktop/window/ScreenWindow.h"
 #include "platform/Gestures.h"
 #include "platform/ScreenStack.h"
@@ -145,6 +146,10 @@ void QtDesktop::EndAllLoops() {
 // Keys and clicks wait: a routine that lets events run does not expect another one to begin.
 void QtDesktop::DoEvents() {
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+std::unique_ptr<Progress> QtDesktop::NewProgress(const std::string& title, bool canCancel) {
+  return std::make_unique<ProgressWindow>(ToQt(title), canCancel, DialogParent());
 }
 
 void QtDesktop::SetPointer(MousePointer pointer) {

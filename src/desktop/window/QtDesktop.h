@@ -49,6 +49,7 @@ class QtDesktop : public Desktop {
   void BringToFront(Screen& screen) override;
   void EndAllLoops() override;
   void DoEvents() override;
+  std::unique_ptr<Progress> NewProgress(const std::string& title, bool canCancel) override;
   void SetPointer(MousePointer pointer) override;
   MousePointer Pointer() const override { return pointer_; }
   void ClearClipboard() override;
