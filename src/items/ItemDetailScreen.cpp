@@ -26,6 +26,9 @@ ItemDetailScreen::ItemDetailScreen(Application& app, const Differences& differen
     : KviScreen(app, differences.name, "Inventory Detail", "Inventory - Inventory Detail"),
       WorkingItem(static_cast<Screen&>(*this), differences.vendors),
       differences_(differences) {
+  btnCID.Tip = "Change the part number";
+  cmdAddOnHand.Tip = "Add to on-hand";
+  cmdMinusOnHand.Tip = "Take from on-hand";
   WatchChanges();
   HandleActions();
   HandleLostFocus();

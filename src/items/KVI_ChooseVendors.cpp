@@ -6,6 +6,7 @@ KVI_ChooseVendors::KVI_ChooseVendors(Application& app)
     : KviScreen(app, "KVI_ChooseVendors", "Choose Vendor", "Choose Vendor") {
   app_.DropListCombos.push_back({&where1, "Vendor_Info"});
   u_v1.Value = true;
+  exit_lab.Cancel = true;
   exit_lab.Click = [this] { Exit(); };
 }
 

@@ -41,6 +41,8 @@ class OutOfSight {
 KVI_Find::KVI_Find(Application& app)
     : KviScreen(app, "KVI_Find", "Quick Find", "Inventory - Quick Find") {
   Label12.Default = true;
+  Label11.Cancel = true;
+  Label1.Names = &Text1;
   Label12.Click = [this] { SearchAndClose(); };
   Label11.Click = [this] { Exit(); };
 }

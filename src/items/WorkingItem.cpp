@@ -16,6 +16,26 @@ WorkingItem::WorkingItem(Screen& screen, Vendors vendors)
   for (TextBox* number : {&hp_qty, &hi_qty, &hu_qty, &hp_cost_per, &hi_cost_per, &hu_cost_per,
                           &qty_on_hand, &valuation, &re_order, &optimal, &Price1, &Price2, &Price3})
     number->RightAligned = true;
+  GiveSpokenNames();
+}
+
+void WorkingItem::GiveSpokenNames() {
+  Label24.Names = &RecipeList;
+  hp_qty.SpokenName = "How purchased, quantity";
+  hi_qty.SpokenName = "How inventoried, quantity";
+  hu_qty.SpokenName = "How used, quantity";
+  how_purchased.SpokenName = "How purchased, unit";
+  how_inv.SpokenName = "How inventoried, unit";
+  how_used.SpokenName = "How used, unit";
+  picpath.SpokenName = "Picture file";
+  Imageman1.SpokenName = "Picture";
+  for (int n = 1; n <= kVendors; ++n) {
+    const Vendor vendor = VendorOf(n);
+    const std::string words = "Vendor " + std::to_string(n);
+    vendor.where.SpokenName = words + " name";
+    vendor.v_id.SpokenName = words + " inv. #";
+    vendor.Price.SpokenName = words + " price";
+  }
 }
 
 void WorkingItem::ChooseForNewPart() {

@@ -39,6 +39,8 @@ class WorkingItem {
   std::vector<DropList> DropLists();
 
  private:
+  void GiveSpokenNames();
+
   Screen& screen_;
 
  public:

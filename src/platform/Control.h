@@ -88,6 +88,13 @@ class Control {
   ControlKind Kind() const { return kind_; }
   Screen& Owner() const { return screen_; }
 
+  // Both are set once, before the screen is first shown. What it does in a few words more than its
+  // caption: shown under the mouse and told to a screen reader.
+  std::string Tip;
+  // What a screen reader calls it, where the caption or the label beside it does not tell it from
+  // the others of its screen.
+  std::string SpokenName;
+
   // Controls without colours (menus, status bars) are passed over by a colour scheme.
   virtual bool HasColors() const { return true; }
   // Gives it the keyboard; without a view no event comes with it.

@@ -17,10 +17,13 @@ class Captioned : public Control {
   Captioned(Screen& screen, ControlKind kind, std::string name, std::string caption);
 };
 
-// A text that shows.
+// A text that shows. A label that stands above its field names it by hand; beside it the layout's
+// Field does.
 class Label : public Captioned {
  public:
   Label(Screen& screen, std::string name, std::string caption = "");
+  // The control that its access key goes to and that a screen reader calls by it; set once.
+  Control* Names = nullptr;
 
  protected:
   Label(Screen& screen, ControlKind kind, std::string name, std::string caption);
@@ -32,6 +35,7 @@ class ActionLabel : public Label {
  public:
   ActionLabel(Screen& screen, std::string name, std::string caption);
   bool Default = false;  // Enter clicks it from every field that has no use for the key
+  bool Cancel = false;   // and so does Escape
   std::function<void()> Click;
 };
 

@@ -6,6 +6,7 @@ KVI_GetILocation::KVI_GetILocation(Application& app)
     : KviScreen(app, "KVI_GetILocation", "Location", "Inventory - Location") {
   save.Click = [this] { Browse(); };
   Label12.Click = [this] { Answer(false); };
+  Label11.Cancel = true;
   Label11.Click = [this] { Exit(); };
 }
 

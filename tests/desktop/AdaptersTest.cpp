@@ -187,7 +187,7 @@ TEST_F(AdaptersTest, APictureIsReadAnewAndOnlyWhatCanBeDecodedIsOne) {
 TEST_F(AdaptersTest, FieldsBearTheirLabelsNamesAndHideWithThem) {
   ShowSample();
   EXPECT_EQ(Widget(sample.code).accessibleName(), "Code");
-  EXPECT_EQ(Widget(sample.name).accessibleName(), "Name:");
+  EXPECT_EQ(Widget(sample.name).accessibleName(), "Name");
   EXPECT_EQ(Widget(sample.code).objectName(), "code");
   const auto shownTexts = [this] {
     int shown = 0;

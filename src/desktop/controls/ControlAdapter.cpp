@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QShortcutEvent>
 #include <QWidget>
+#include <algorithm>
 
 #include "base/Flag.h"
 #include "desktop/controls/WindowInput.h"
@@ -12,10 +13,24 @@
 #include "desktop/look/QtText.h"
 #include "desktop/look/Shades.h"
 #include "desktop/window/ScreenWindow.h"
+#include "platform/Controls.h"
 #include "platform/Gestures.h"
 #include "platform/Screen.h"
 
 namespace kvi {
+
+namespace {
+
+// A caption as it is spoken; empty where it has no word ("+").
+QString Spoken(const QString& caption) {
+  QString words = PlainCaption(caption).trimmed();
+  while (words.endsWith(':')) words.chop(1);
+  const bool isWord =
+      std::any_of(words.begin(), words.end(), [](QChar c) { return c.isLetterOrNumber(); });
+  return isWord ? words : QString();
+}
+
+}  // namespace
 
 ControlAdapter::ControlAdapter(Control& control, QWidget* widget, ScreenWindow& window)
     : QObject(&window), window_(window), tied_(control), widget_(widget) {
@@ -35,6 +50,9 @@ void ControlAdapter::PropertyChanged(Property property) {
       case Property::ForeColor:
         ShowColors();
         return window_.ShowColors();
+      case Property::Caption:
+        Show(property);
+        return ShowName();
       default:
         return Show(property);
     }
@@ -51,6 +69,7 @@ void ControlAdapter::ShowAll() {
     ShowEnabled();
     ShowVisible();
     ShowColors();
+    ShowName();
   });
 }
 
@@ -60,6 +79,25 @@ void ControlAdapter::ShowColorsAgain() {
 
 void ControlAdapter::AddCompanion(QWidget& companion) {
   companions_.push_back(&companion);
+}
+
+void ControlAdapter::SetLabel(const QString& label) {
+  label_ = label;
+  ShowName();
+}
+
+void ControlAdapter::ShowName() {
+  if (widget_ == nullptr || tied_.Kind() == ControlKind::Label) return;
+  const auto* captioned = dynamic_cast<const Captioned*>(&tied_);
+  const QString tip = ToQt(tied_.Tip);
+  QString name;
+  for (const QString& words :
+       {ToQt(tied_.SpokenName), captioned == nullptr ? QString() : ToQt(captioned->Caption), label_,
+        tip})
+    if (name.isEmpty()) name = Spoken(words);
+  widget_->setAccessibleName(name);
+  widget_->setAccessibleDescription(tip == name ? QString() : tip);
+  widget_->setToolTip(tip);
 }
 
 void ControlAdapter::ShowEnabled() {

@@ -35,6 +35,8 @@ class ControlAdapter : public QObject, public ControlView {
   void ShowColorsAgain();
   // A widget that shows and hides with the control's own, such as its field's label.
   void AddCompanion(QWidget& companion);
+  // What stands beside the control and names it where it has no caption of its own.
+  void SetLabel(const QString& label);
   // Hands over what the user has typed so far, where that waits for a key (a cell's editor).
   virtual void FinishEditing() {}
   // The window closes or the screen ends: the control is not looked at any more.
@@ -58,10 +60,12 @@ class ControlAdapter : public QObject, public ControlView {
  private:
   bool PressByAccessKey(const QShortcutEvent& event);
   void Showing(const std::function<void()>& show);
+  void ShowName();
 
   Control& tied_;
   QWidget* widget_;
   std::vector<QWidget*> companions_;
+  QString label_;
   bool showing_ = false;
 };
 

@@ -25,15 +25,16 @@ LabelAdapter::LabelAdapter(Label& label, ScreenWindow& window)
   shown_.setTextFormat(Qt::PlainText);
 }
 
-void LabelAdapter::SetBuddy(QWidget& field) {
-  shown_.setBuddy(&field);
+void LabelAdapter::SetBuddy(ControlAdapter& field) {
+  field_ = &field;
+  shown_.setBuddy(field.Widget());
 }
 
 void LabelAdapter::ShowState() {
   const QString caption = ToQt(control_.Caption);
-  if (shown_.buddy() != nullptr) {
+  if (field_ != nullptr) {
     shown_.setText(window_.Keys().Claim(&control_, caption));
-    shown_.buddy()->setAccessibleName(PlainCaption(caption));
+    field_->SetLabel(caption);
   } else {
     shown_.setText(PlainCaption(caption));
   }
@@ -61,7 +62,6 @@ ActionAdapter::ActionAdapter(ActionLabel& label, ScreenWindow& window)
 
 void ActionAdapter::ShowState() {
   shown_.setText(window_.Keys().Claim(&control_, ToQt(control_.Caption)));
-  shown_.setAccessibleName(PlainCaption(ToQt(control_.Caption)));
   shown_.updateGeometry();
 }
 
@@ -81,7 +81,6 @@ ButtonAdapter::ButtonAdapter(Button& button, ScreenWindow& window)
 
 void ButtonAdapter::ShowState() {
   shown_.setText(window_.Keys().Claim(&control_, ToQt(control_.Caption)));
-  shown_.setAccessibleName(PlainCaption(ToQt(control_.Caption)));
 }
 
 }  // namespace kvi

@@ -13,12 +13,15 @@ class ActionButton;
 class LabelAdapter : public TypedAdapter<Label, QLabel> {
  public:
   LabelAdapter(Label& label, ScreenWindow& window);
-  // The field that the label's access key goes to.
-  void SetBuddy(QWidget& field);
+  // The field that the label names and that its access key goes to.
+  void SetBuddy(ControlAdapter& field);
 
  protected:
   void ShowState() override;
   void ShowColors() override;
+
+ private:
+  ControlAdapter* field_ = nullptr;
 };
 
 class ActionAdapter : public TypedAdapter<ActionLabel, ActionButton> {

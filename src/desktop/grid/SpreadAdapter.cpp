@@ -4,6 +4,7 @@
 
 #include "desktop/controls/WindowInput.h"
 #include "desktop/grid/SpreadView.h"
+#include "desktop/look/QtText.h"
 #include "desktop/window/ScreenWindow.h"
 
 namespace kvi {
@@ -16,7 +17,7 @@ SpreadAdapter::SpreadAdapter(Spread& grid, ScreenWindow& window)
   QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   policy.setRetainSizeWhenHidden(true);
   shown_.setSizePolicy(policy);
-  shown_.setAccessibleName(shown_.objectName());
+  SetLabel(ToQt(window.Shown().Caption()));  // until a label of its own names it
 }
 
 void SpreadAdapter::FinishEditing() {

@@ -6,6 +6,7 @@
 #include <QTabWidget>
 #include <algorithm>
 
+#include "desktop/controls/AccessKeys.h"
 #include "desktop/controls/ControlAdapter.h"
 #include "desktop/controls/LabelAdapters.h"
 #include "desktop/layout/LayoutGrowth.h"
@@ -30,9 +31,10 @@ bool AreChoices(const std::vector<Layout>& nodes) {
 
 }  // namespace
 
-LayoutBuilder::LayoutBuilder(QWidget& window, std::function<ControlAdapter*(Control&)> place,
+LayoutBuilder::LayoutBuilder(QWidget& window, AccessKeys& keys,
+                             std::function<ControlAdapter*(Control&)> place,
                              std::function<void()> mouseOver)
-    : window_(window), place_(std::move(place)), mouseOver_(std::move(mouseOver)) {}
+    : window_(window), keys_(keys), place_(std::move(place)), mouseOver_(std::move(mouseOver)) {}
 
 Panel* LayoutBuilder::NewPanel() {
   auto* panel = new Panel(&window_);
@@ -160,19 +162,20 @@ LayoutBuilder::FieldParts LayoutBuilder::BuildFieldParts(const Layout& node) {
   const Layout& label = node.children[0];
   const Layout& field = node.children[1];
   if (label.kind == Layout::Kind::Text) {
-    QWidget* text = BuildText(label);
+    auto* text = new PlainLabel(ToQt(label.text), &window_);
     ControlAdapter* adapter = place_(*field.control);
     SetSize(*adapter->Widget(), field);
+    text->setText(keys_.Claim(text, ToQt(label.text)));
+    text->setBuddy(adapter->Widget());
     adapter->AddCompanion(*text);
-    QString name = PlainCaption(ToQt(label.text));
-    if (name.endsWith(':')) name.chop(1);
-    adapter->Widget()->setAccessibleName(name);
+    adapter->SetLabel(ToQt(label.text));
     return {text, adapter->Widget()};
   }
   ControlAdapter* caption = place_(*label.control);
-  QWidget* widget = BuildControl(field);
-  if (auto* adapter = dynamic_cast<LabelAdapter*>(caption)) adapter->SetBuddy(*widget);
-  return {caption->Widget(), widget};
+  ControlAdapter* adapter = place_(*field.control);
+  SetSize(*adapter->Widget(), field);
+  if (auto* plain = dynamic_cast<LabelAdapter*>(caption)) plain->SetBuddy(*adapter);
+  return {caption->Widget(), adapter->Widget()};
 }
 
 QWidget* LayoutBuilder::BuildField(const Layout& node) {

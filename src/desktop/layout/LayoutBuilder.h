@@ -11,6 +11,7 @@ class QWidget;
 
 namespace kvi {
 
+class AccessKeys;
 class Control;
 class ControlAdapter;
 class Panel;
@@ -27,7 +28,7 @@ class LayoutBuilder {
     const Control* lead;
   };
   // `place` makes a control's widget; `mouseOver` is told of the mouse over a free area.
-  LayoutBuilder(QWidget& window, std::function<ControlAdapter*(Control&)> place,
+  LayoutBuilder(QWidget& window, AccessKeys& keys, std::function<ControlAdapter*(Control&)> place,
                 std::function<void()> mouseOver);
 
   Panel* Build(const Layout& root);
@@ -62,6 +63,7 @@ class LayoutBuilder {
   void SetSize(QWidget& widget, const Layout& node) const;
 
   QWidget& window_;
+  AccessKeys& keys_;
   std::function<ControlAdapter*(Control&)> place_;
   std::function<void()> mouseOver_;
   std::vector<Band> bands_;

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include "desktop/controls/LabelAdapters.h"
 #include "desktop/layout/ScrollingContent.h"
 #include "desktop/look/Look.h"
 #include "desktop/look/Panel.h"
@@ -51,7 +52,7 @@ ScreenWindow::ScreenWindow(Screen& screen, Gestures& gestures, bool modal)
     : screen_(screen),
       input_(gestures),
       builder_(
-          *this, [this](Control& control) { return Place(control); },
+          *this, keys_, [this](Control& control) { return Place(control); },
           [this] { input_.Hand([this](Gestures& user) { user.MoveOver(screen_); }); }) {
   setObjectName(ToQt(screen.Name()));
   if (modal) setWindowModality(Qt::ApplicationModal);
@@ -62,6 +63,7 @@ ScreenWindow::ScreenWindow(Screen& screen, Gestures& gestures, bool modal)
   BuildMenus(*bar);
   column->setMenuBar(bar);
   content_ = builder_.Build(screen.Arrange());
+  NameFields();
   QWidget* status = BuildStatus();
   for (ControlAdapter* adapter : adapters_) adapter->Tied().Attach(adapter);
   screen_.Attach(this);
@@ -110,6 +112,16 @@ QWidget* ScreenWindow::BuildStatus() {
   return nullptr;
 }
 
+// The labels that stand above what they name.
+void ScreenWindow::NameFields() {
+  for (ControlAdapter* adapter : adapters_) {
+    if (adapter->Tied().Kind() != ControlKind::Label) continue;
+    const Control* named = static_cast<const Label&>(adapter->Tied()).Names;
+    ControlAdapter* field = named == nullptr ? nullptr : AdapterOf(*named);
+    if (field != nullptr) static_cast<LabelAdapter*>(adapter)->SetBuddy(*field);
+  }
+}
+
 QButtonGroup* ScreenWindow::OptionGroup(const std::string& name) {
   QButtonGroup*& group = groups_[name];
   if (group == nullptr) group = new QButtonGroup(this);
@@ -133,10 +145,15 @@ void ScreenWindow::Dismiss() {
   hide();
 }
 
-QWidget* ScreenWindow::WidgetOf(const Control& control) const {
-  for (const ControlAdapter* adapter : adapters_)
-    if (&adapter->Tied() == &control) return adapter->Widget();
+ControlAdapter* ScreenWindow::AdapterOf(const Control& control) const {
+  for (ControlAdapter* adapter : adapters_)
+    if (&adapter->Tied() == &control) return adapter;
   return nullptr;
+}
+
+QWidget* ScreenWindow::WidgetOf(const Control& control) const {
+  const ControlAdapter* adapter = AdapterOf(control);
+  return adapter == nullptr ? nullptr : adapter->Widget();
 }
 
 void ScreenWindow::FinishEditing() {
@@ -215,7 +232,7 @@ void ScreenWindow::keyPressEvent(QKeyEvent* event) {
       if ((enter && button.Default) || (escape && button.Cancel)) return press(button);
     } else if (control->Kind() == ControlKind::ActionLabel) {
       auto& label = static_cast<ActionLabel&>(*control);
-      if (enter && label.Default) return press(label);
+      if ((enter && label.Default) || (escape && label.Cancel)) return press(label);
     }
   }
   QWidget::keyPressEvent(event);

@@ -55,7 +55,9 @@ class ScreenWindow : public QWidget, public ScreenView {
   ControlAdapter* Place(Control& control);
   void BuildMenus(QMenuBar& bar);
   QWidget* BuildStatus();
+  void NameFields();
   void SetFirstFocus();
+  ControlAdapter* AdapterOf(const Control& control) const;
   ControlAdapter* AdapterOf(const QWidget* widget) const;
   void FollowFocus(const QWidget* now);
 
