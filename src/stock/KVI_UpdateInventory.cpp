@@ -5,10 +5,10 @@
 #include "base/Number.h"
 #include "grids/ExportGridToSpreadsheet.h"
 #include "grids/ItemSorts.h"
+#include "grids/KVI_Find.h"
 #include "grids/PaintingOff.h"
 #include "grids/PrintScreenGrid.h"
 #include "grids/SprdSubs.h"
-#include "items/KVI_Find.h"
 #include "stock/CountVariance.h"
 #include "stock/KVI_Invoice.h"
 

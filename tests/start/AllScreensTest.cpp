@@ -4,8 +4,8 @@
 #include <set>
 
 #include "base/Text.h"
+#include "grids/KVI_Find.h"
 #include "items/KVI_ChooseVendors.h"
-#include "items/KVI_Find.h"
 #include "items/KVI_InventoryDetail.h"
 #include "items/KVI_InventoryDetail1Screen.h"
 #include "items/KVI_InventorySummary.h"

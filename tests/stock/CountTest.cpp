@@ -1,4 +1,4 @@
-#include "items/KVI_Find.h"
+#include "grids/KVI_Find.h"
 #include "stock/KVI_Invoice.h"
 #include "stock/UpdateStory.h"
 #include "support/TemporaryFolder.h"

@@ -1,4 +1,4 @@
-#include "items/KVI_Find.h"
+#include "grids/KVI_Find.h"
 
 #include "base/Counter16.h"
 #include "base/Text.h"

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "grids/ItemSorts.h"
+#include "grids/KVI_Find.h"
 #include "grids/SprdSubs.h"
-#include "items/KVI_Find.h"
 #include "items/KVI_InventorySummary.h"
 #include "support/TestStockroom.h"
 
