@@ -1,12 +1,10 @@
 #include "items/DuplicateItem.h"
 
-#include "base/Text.h"
+#include "frame/StrgSubs.h"
 
 namespace kvi {
 
 namespace {
-
-constexpr const char* kMark = " DUP";
 
 constexpr const char* kCopiedFields[] = {
     "pcenter",  "category",      "location", "inv_id",  "name",     "desc",        "how_inv",
@@ -24,17 +22,14 @@ jet::Recordset OpenByNumber(jet::Database& database, const std::string& number) 
 
 }  // namespace
 
-bool IsNamedDuplicate(const std::string& name) {
-  return Trim(Right(name, 3)) == "DUP";
-}
-
 bool DuplicateItem(jet::Database& database, const std::string& number) {
   const jet::Recordset original = OpenByNumber(database, number);
-  jet::Recordset copy = OpenByNumber(database, number + kMark);
+  jet::Recordset copy = OpenByNumber(database, number + kDuplicateMark);
   if (!copy.Eof()) return false;
   copy.AddNew();
   for (const char* field : kCopiedFields)
-    copy.Set(field, IsMarked(field) ? Value(original.Text(field) + kMark) : original[field]);
+    copy.Set(field,
+             IsMarked(field) ? Value(original.Text(field) + kDuplicateMark) : original[field]);
   copy.Update();
   return true;
 }

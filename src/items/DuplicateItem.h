@@ -6,9 +6,6 @@
 
 namespace kvi {
 
-// Whether a part bears the name of a duplicate. A part whose own name ends in "DUP" counts too.
-bool IsNamedDuplicate(const std::string& name);
-
 // Copies a part to a new one with " DUP" behind its number and its name. The level is copied too,
 // so the same stock stands twice; scan number, corporate flag, prices, vendor's choice and yield
 // stay empty. False when the duplicate stands already. Raises 3021 when the part is gone.

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "base/Number.h"
+#include "frame/StrgSubs.h"
 #include "grids/SprdSubs.h"
 #include "items/DuplicateItem.h"
 #include "items/KVI_InventoryDetail.h"
