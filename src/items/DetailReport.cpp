@@ -1,10 +1,10 @@
 #include "items/DetailReport.h"
 
-#include <sstream>
 #include <vector>
 
 #include "base/Format.h"
 #include "base/Text.h"
+#include "grids/WrapText.h"
 
 namespace kvi {
 
@@ -42,34 +42,6 @@ std::vector<ReportLine> ReportLines(const WorkingItem& item, const std::string& 
           {"Notes:", item.notes.Text}};
 }
 
-// The lines of one paragraph that fit in a width, broken at blanks; one at least.
-void AddWrapped(const Surface& page, const std::string& paragraph, double width,
-                std::vector<std::string>& lines) {
-  std::istringstream words(paragraph);
-  std::string line;
-  for (std::string word; std::getline(words, word, ' ');) {
-    std::string longer = line;
-    if (!line.empty()) longer += ' ';
-    longer += word;
-    if (line.empty() || page.TextWidth(longer) <= width) {
-      line = longer;
-    } else {
-      lines.push_back(line);
-      line = word;
-    }
-  }
-  lines.push_back(line);
-}
-
-std::vector<std::string> Wrapped(const Surface& page, const std::string& text, double width) {
-  std::vector<std::string> lines;
-  std::istringstream paragraphs(Replace(text, "\r\n", "\n"));
-  for (std::string paragraph; std::getline(paragraphs, paragraph);)
-    AddWrapped(page, paragraph, width, lines);
-  if (lines.empty()) lines.emplace_back();
-  return lines;
-}
-
 void PrintHeading(Surface& page, const DetailReportFrame& frame) {
   page.FontName = "Arial";
   page.FontSize = 12;
@@ -96,7 +68,7 @@ void PrintDetailReport(Surface& page, const WorkingItem& item, const DetailRepor
   double y = page.CurrentY;
   for (const ReportLine& line : ReportLines(item, frame.moneyMask)) {
     std::string label = line.label;
-    for (const std::string& value : Wrapped(page, line.value, width)) {
+    for (const std::string& value : WrapText(page, line.value, width)) {
       if (y + page.TextHeight() > page.PageHeight() - kBottomMargin) {
         page.NewPage();
         y = kTop;
