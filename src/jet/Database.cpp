@@ -63,7 +63,9 @@ Database Database::Create(const std::string& path, const std::vector<TableDef>& 
     std::filesystem::remove(unfinished, error);
     throw;
   }
-  return Open(path, false);
+  Database made = Open(path, false);
+  made.UseDefaultsOf(tables);
+  return made;
 }
 
 bool Database::IsOpen() const {
@@ -105,6 +107,10 @@ std::vector<TableDef> Database::TableDefs() {
   OpenFile& engine = Required(engine_);
   engine.Look();
   return engine.tables.Tables();
+}
+
+void Database::UseDefaultsOf(const std::vector<TableDef>& tables) {
+  Required(engine_).tables.UseDefaultsOf(tables);
 }
 
 void Database::AppendField(std::string_view table, const FieldDef& field) {

@@ -34,7 +34,8 @@ class Database {
   // numbers, and without `_ver` no change by another desk is noticed. A table without row numbers
   // opens as a snapshot.
   static Database Open(const std::string& path, bool exclusive);
-  // Makes a new file with the tables given; raises 3204 when one stands there already.
+  // Makes a new file with the tables given, and uses their defaults; raises 3204 when one stands
+  // there already.
   static Database Create(const std::string& path, const std::vector<TableDef>& tables);
 
   bool IsOpen() const;
@@ -50,6 +51,9 @@ class Database {
 
   // Tables in the order of their making, each with its fields as stored.
   std::vector<TableDef> TableDefs();
+  // Takes the fields' defaults from here for each AddNew: a file holds none, so that one that was
+  // made before has them too.
+  void UseDefaultsOf(const std::vector<TableDef>& tables);
   // Appends a field; raises 3191 when the table has it already, 3265 for an unknown table.
   void AppendField(std::string_view table, const FieldDef& field);
 

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "base/Value.h"
+
 namespace kvi::jet {
 
 // Field types under their classic numbers.
@@ -17,11 +19,12 @@ enum class FieldType {
 };
 
 // One field of a table. Text holds at most `Size` characters (255 when not stated); memo has no
-// bound.
+// bound. A new row starts with the default, Null where there is none.
 struct FieldDef {
   std::string Name;
   FieldType Type = FieldType::Text;
   int Size = 255;
+  Value Default = {};
 };
 
 // An index on expressions as SQLite writes them, e.g. "trim(inv_id) COLLATE JET1" or "p_date DESC".

@@ -7,6 +7,7 @@
 #include "frame/Application.h"
 #include "platform/Hourglass.h"
 #include "store/RepairItemDefaults.h"
+#include "store/Schema.h"
 #include "store/UpgradeSchema.h"
 
 namespace kvi {
@@ -55,6 +56,7 @@ void OpenInventoryDatabase(Application& app) {
   }
   try {
     app.CurrentDatabase = jet::Database::Open(path, !app.settings.NetworkVisible);
+    app.CurrentDatabase.UseDefaultsOf(Schema());
     UpgradeSchema(app.CurrentDatabase, app.desktop);
     RepairItemDefaults(app.CurrentDatabase, app.desktop);
     app.ProfitCenterSet = app.CurrentDatabase.OpenRecordset("SELECT * FROM PCenter;");

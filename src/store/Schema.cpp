@@ -21,6 +21,10 @@ FieldDef Number(const char* name) {
 FieldDef Whole(const char* name) {
   return {name, FieldType::Integer};
 }
+FieldDef FromZero(FieldDef field) {
+  field.Default = 0;
+  return field;
+}
 FieldDef Day(const char* name) {
   return {name, FieldType::Date};
 }
@@ -73,12 +77,12 @@ TableDef ItemTable() {
 
 std::vector<TableDef> PartGroupTables() {
   return {{"R_Master",
-           {Text("rec_id"), Whole("pcenter"), Text("name"), Text("category", 50), Memo("notes"),
-            Number("cost")},
+           {Text("rec_id"), FromZero(Whole("pcenter")), Text("name"), Text("category", 50),
+            Memo("notes"), FromZero(Number("cost"))},
            {{{"rec_id"}, true}, {{"pcenter", "name"}}}},
           {"Inv_Recipe",
-           {Text("rec_id"), Whole("pcenter"), Text("inv_id"), Text("iname"), Text("how_used"),
-            Number("qty"), Number("cost_per"), Text("desc"), Memo("notes")},
+           {Text("rec_id"), FromZero(Whole("pcenter")), Text("inv_id"), Text("iname"),
+            Text("how_used"), Number("qty"), Number("cost_per"), Text("desc"), Memo("notes")},
            {{{"rec_id", "inv_id"}}, {{"inv_id"}}}}};
 }
 

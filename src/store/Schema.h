@@ -9,7 +9,7 @@
 namespace kvi {
 
 // Every table of KV_Inventory.mdb, its fields and the indexes that serve the system's statements:
-// the one place from which a new database is made.
+// the one place from which a new database is made. The defaults hold for files made before, too.
 const std::vector<jet::TableDef>& Schema();
 
 // Fills the empty CW_ tables of a new database: one row per grid column, in twips, so that the

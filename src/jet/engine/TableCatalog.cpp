@@ -46,7 +46,23 @@ std::shared_ptr<StoredTable> TableCatalog::Read(std::string_view table) {
       stored->Fields.push_back(FieldOfColumn(name, columns.Text(1)));
     }
   }
+  SetDefaults(*stored);
   return stored;
+}
+
+void TableCatalog::UseDefaultsOf(const std::vector<TableDef>& tables) {
+  for (const TableDef& table : tables)
+    for (const FieldDef& field : table.Fields)
+      if (!field.Default.IsNull()) defaults_[UCase(table.Name)].push_back(field);
+  Forget();
+}
+
+void TableCatalog::SetDefaults(StoredTable& table) const {
+  const auto found = defaults_.find(UCase(table.Name));
+  if (found == defaults_.end()) return;
+  for (const FieldDef& known : found->second)
+    for (FieldDef& field : table.Fields)
+      if (EqualsNoCase(field.Name, known.Name)) field.Default = known.Default;
 }
 
 std::vector<TableDef> TableCatalog::Tables() {

@@ -35,6 +35,8 @@ class TableCatalog {
     tables_.clear();
     ++epoch_;
   }
+  // What is read from now on has these fields' defaults.
+  void UseDefaultsOf(const std::vector<TableDef>& tables);
   // Counts how often the tables were forgotten: what was known of them then may not hold.
   std::uint64_t Epoch() const { return epoch_; }
 
@@ -43,12 +45,14 @@ class TableCatalog {
 
  private:
   std::shared_ptr<StoredTable> Read(std::string_view table);
+  void SetDefaults(StoredTable& table) const;
 
   Connection& connection_;
   std::uint64_t epoch_ = 1;
   // By the name in upper case.
   std::map<std::string, std::shared_ptr<StoredTable>> tables_;
   std::map<std::string, std::shared_ptr<std::uint64_t>> writes_;
+  std::map<std::string, std::vector<FieldDef>> defaults_;
 };
 
 }  // namespace kvi::jet

@@ -11,7 +11,10 @@ void EditBuffer::Open(Kind kind, const FieldList& fields) {
   values_.resize(fields.Size());
   if (kind != Kind::New) return;
   for (std::size_t field = 0; field < fields.Size(); ++field)
-    values_[field] = ToField(fields[field], {});
+    if (const Value& initial = fields[field].Default; initial.IsNull())
+      values_[field] = ToField(fields[field], {});
+    else
+      Set(fields, field, initial);
 }
 
 void EditBuffer::Set(const FieldList& fields, std::size_t field, const Value& value) {
