@@ -30,6 +30,8 @@ class KviScreen : public Screen {
   virtual void Prepare() {}
 
   Layout BannerLayout();
+  // Takes the window away without an Unload: the next showing brings no load.
+  void HideScreen() { app_.screens.Hide(*this); }
   // Shows a box with one button.
   void Inform(const std::string& text, const std::string& title = "Kestvar Inventory");
   bool AskYesNo(const std::string& text, const std::string& title = "Kestvar Inventory");

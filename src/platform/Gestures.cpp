@@ -141,6 +141,10 @@ bool Gestures::GoToCell(Spread& grid, int row, int col) {
   return Do(grid, [&] { grid.GoToCell(row, col); });
 }
 
+bool Gestures::Select(Spread& grid, std::vector<Block> blocks) {
+  return Do(grid, [&] { grid.SetSelectedBlocks(std::move(blocks)); });
+}
+
 bool Gestures::PressKey(Spread& grid, const std::string& character) {
   const int row = grid.ActiveRow(), col = grid.ActiveCol();
   if (grid.TakesTyping(row, col)) return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace kvi {
 
@@ -17,6 +18,7 @@ class ScreenStack;
 class Spread;
 class TabStrip;
 class TextBox;
+struct Block;
 
 // What a user can do to a screen. The Qt adapters and the tests' scripted user both act through
 // these, so that a test meets the same rules as a person: nothing happens on a disabled or hidden
@@ -48,6 +50,8 @@ class Gestures {
   void MoveOver(Screen& screen);
 
   bool GoToCell(Spread& grid, int row, int col);
+  // Blocks of cells by dragging and with Ctrl; the active cell stays.
+  bool Select(Spread& grid, std::vector<Block> blocks);
   // One character typed on the active cell; a cell that takes typing keeps it for itself.
   bool PressKey(Spread& grid, const std::string& character);
   bool TypeIntoCell(Spread& grid, int row, int col, const std::string& text);

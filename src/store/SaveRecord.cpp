@@ -90,6 +90,15 @@ SaveEnd SaveRecord(Desktop& desktop, jet::Database& database, const std::functio
   }
 }
 
+SaveEnd SaveOnce(Desktop& desktop, const std::function<void()>& save) {
+  try {
+    save();
+    return SaveEnd::Saved;
+  } catch (const RunTimeError& error) {
+    return TellFailure(desktop, error, "");
+  }
+}
+
 std::string SavedBefore(int lines, int of) {
   if (lines == 0) return "";
   return "Saved before that: " + Str(lines) + " of " + Str(of) + " lines.";

@@ -28,6 +28,10 @@ bool WriteUnderLocks(Desktop& desktop, jet::Database& database, const std::funct
 SaveEnd SaveRecord(Desktop& desktop, jet::Database& database, const std::function<void()>& save,
                    const std::function<std::string()>& alreadySaved = {});
 
+// The same of a save that belongs together and asks nothing: a lock that lasts is one of the other
+// failures.
+SaveEnd SaveOnce(Desktop& desktop, const std::function<void()>& save);
+
 // What such a box adds of a list's lines; "" where none was saved.
 std::string SavedBefore(int lines, int of);
 inline constexpr const char* kNothingTwice =
