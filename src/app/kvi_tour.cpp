@@ -1,4 +1,5 @@
-// Makes the picture tour: each screen of the stockroom in the program's folder as a PNG.
+// Makes the picture tour: each screen of the stockroom in the program's folder as a PNG, as on a
+// common small display or on one of the size given.
 
 #include <algorithm>
 #include <cstdio>
@@ -57,15 +58,20 @@ class TourDesktop : public kvi::QtDesktop {
   bool asked_ = false;
 };
 
+struct DisplaySize {
+  int width = 1280, height = 760;
+};
+
 class Tour {
  public:
-  Tour(kvi::QtDesktop& desktop, kvi::Application& app, std::filesystem::path folder)
-      : desktop_(desktop), app_(app), folder_(std::move(folder)) {}
+  Tour(kvi::QtDesktop& desktop, kvi::Application& app, std::filesystem::path folder,
+       DisplaySize display)
+      : desktop_(desktop), app_(app), folder_(std::move(folder)), display_(display) {}
 
   void Picture(kvi::Screen& screen, const std::string& suffix = "") {
     desktop_.DoEvents();
     const std::string file = (folder_ / (screen.Name() + suffix + ".png")).string();
-    const bool saved = desktop_.SavePicture(screen, file);
+    const bool saved = desktop_.SavePicture(screen, file, display_.width, display_.height);
     std::printf("%s %s\n", saved ? "made" : "FAILED", file.c_str());
     failed_ = failed_ || !saved;
   }
@@ -137,14 +143,18 @@ class Tour {
   kvi::QtDesktop& desktop_;
   kvi::Application& app_;
   std::filesystem::path folder_;
+  DisplaySize display_;
   bool failed_ = false;
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fprintf(stderr, "usage: kvi-tour FOLDER\n");
+  DisplaySize display;
+  const bool sized =
+      argc == 3 && std::sscanf(argv[2], "%dx%d", &display.width, &display.height) == 2;
+  if (argc != 2 && !sized) {
+    std::fprintf(stderr, "usage: kvi-tour FOLDER [WIDTHxHEIGHT]\n");
     return 2;
   }
   const std::filesystem::path folder = argv[1];
@@ -155,7 +165,7 @@ int main(int argc, char** argv) {
   kvi::Application app({desktop, clock, chance, kvi::ProgramFolder(), ""});
   desktop.SetProgramFolder(app.ProgramFolder);
   desktop.SetStack(app.screens);
-  Tour tour(desktop, app, folder);
+  Tour tour(desktop, app, folder, display);
   try {
     auto& main = app.Get<kvi::Main>();
     app.screens.Load(main);

@@ -86,10 +86,11 @@ TEST_F(PrintingTest, AFolderThatCannotBeWrittenIsAPrinterError) {
   }
 }
 
-TEST_F(PrintingTest, WithoutAPrinterTheFirstDocumentTellsWhereItIs) {
+TEST_F(PrintingTest, WithoutAPrinterDocumentsTellWhereTheyAre) {
   if (!QPrinterInfo::defaultPrinter().isNull()) GTEST_SKIP() << "this machine would print";
-  std::vector<std::string> told;
-  PrintService service([&](const std::string& text) { told.push_back(text); });
+  std::vector<std::string> told, saved;
+  PrintService service([&](const std::string& text) { told.push_back(text); },
+                       [&](const std::string& path) { saved.push_back(path); });
   service.SetProgramFolder(ToQt(folder.Path().string()));
   QPixmap wide(300, 100);
   wide.fill(Qt::red);
@@ -98,6 +99,8 @@ TEST_F(PrintingTest, WithoutAPrinterTheFirstDocumentTellsWhereItIs) {
   ASSERT_EQ(told.size(), 1U);
   EXPECT_NE(told[0].find(FromQt(Printed()) + "/Screen-"), std::string::npos) << told[0];
   EXPECT_EQ(Files().size(), 2);
+  ASSERT_EQ(saved.size(), 2U) << "each is named";
+  EXPECT_NE(saved[1].find("/Second-"), std::string::npos) << saved[1];
 }
 
 }  // namespace kvi::test

@@ -248,7 +248,7 @@ TEST_F(WindowTest, EverythingFitsIntoASmallDisplay) {
   window.resize(640, 360);
   QCoreApplication::processEvents();
   EXPECT_EQ(window.size(), QSize(640, 360));
-  EXPECT_TRUE(desktop.SavePicture(sample, folder / "sample.png"));
+  EXPECT_TRUE(desktop.SavePicture(sample, folder / "sample.png", 640, 480));
   EXPECT_GT(QFileInfo(ToQt(folder / "sample.png")).size(), 1000);
 }
 

@@ -8,7 +8,8 @@
 
 namespace kvi {
 
-PrintService::PrintService(std::function<void(const std::string&)> tell) : tell_(std::move(tell)) {}
+PrintService::PrintService(Call tell, Call saved)
+    : tell_(std::move(tell)), saved_(std::move(saved)) {}
 
 std::unique_ptr<PrintJob> PrintService::NewJob(const std::string& jobName,
                                                const std::string& pdfName, bool landscape) const {
@@ -37,11 +38,14 @@ void PrintService::PrintPicture(const QPixmap& picture, const std::string& jobNa
 }
 
 void PrintService::Finish(PrintJob& job) {
-  const QString pdf = job.Finish();
-  if (pdf.isEmpty() || std::exchange(told_, true)) return;
-  tell_(
-      "There is no printer on this machine. What is printed is saved as PDF documents instead:\n" +
-      FromQt(pdf));
+  const std::string pdf = FromQt(job.Finish());
+  if (pdf.empty()) return;
+  if (!std::exchange(told_, true))
+    tell_(
+        "There is no printer on this machine. What is printed is saved as PDF documents "
+        "instead:\n" +
+        pdf);
+  saved_(pdf);
 }
 
 }  // namespace kvi

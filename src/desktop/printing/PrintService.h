@@ -13,10 +13,12 @@ class PrintJob;
 class Surface;
 
 // Prints on the machine's printer. Where there is none, each document becomes a PDF in `printed/`
-// under the program's folder, and the first time `tell` is called with a text that says so.
+// under the program's folder: `saved` is called with its path, and the first time `tell` with a
+// text that says so.
 class PrintService {
  public:
-  explicit PrintService(std::function<void(const std::string& text)> tell);
+  using Call = std::function<void(const std::string&)>;
+  PrintService(Call tell, Call saved);
 
   void SetProgramFolder(const QString& folder) { folder_ = folder; }
   // A PDF is named by what it shows, since there is no queue that shows the job's name.
@@ -29,7 +31,7 @@ class PrintService {
                                    bool landscape) const;
   void Finish(PrintJob& job);
 
-  std::function<void(const std::string&)> tell_;
+  Call tell_, saved_;
   QString folder_;
   bool told_ = false;
 };

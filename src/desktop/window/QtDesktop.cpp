@@ -29,8 +29,6 @@ namespace {
 
 constexpr int kInvalidProcedureCall = 5;
 constexpr int kFileNotFound = 53;
-// A picture shows a window as on a common small display.
-constexpr QSize kPictureSize{1280, 760};
 
 std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
   if (!QtDesktop::HasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -58,7 +56,10 @@ bool QtDesktop::HasDisplay() {
 QtDesktop::QtDesktop(int& argc, char** argv)
     : app_(MakeApplication(argc, argv)),
       printing_(std::make_unique<PrintService>(
-          [this](const std::string& text) { MsgBox({.text = text}); })) {}
+          [this](const std::string& text) { MsgBox({.text = text}); },
+          [this](const std::string& path) {
+            if (DocumentSaved) DocumentSaved(path);
+          })) {}
 
 QtDesktop::~QtDesktop() {
   CloseAllWindows();
@@ -195,11 +196,11 @@ void QtDesktop::PrintScreenImage(Screen& screen) {
   printing_->PrintPicture(window->grab(), screen.Caption());
 }
 
-bool QtDesktop::SavePicture(Screen& screen, const std::string& pngPath) {
+bool QtDesktop::SavePicture(Screen& screen, const std::string& pngPath, int width, int height) {
   ScreenWindow* window = WindowOf(screen);
   if (window == nullptr) return false;
   window->Settle();
-  window->FitInto(kPictureSize);
+  window->FitInto({width, height});
   QCoreApplication::processEvents();
   return window->grab().save(ToQt(pngPath), "PNG");
 }

@@ -38,8 +38,9 @@ class QtDesktop : public Desktop {
   int RunEventLoop();
   void CloseAllWindows();
 
-  // The window of a shown screen as a PNG; false when it has none or the file cannot be written.
-  bool SavePicture(Screen& screen, const std::string& pngPath);
+  // The window of a shown screen as a PNG, as on a display of that many pixels; false when it has
+  // none or the file cannot be written.
+  bool SavePicture(Screen& screen, const std::string& pngPath, int width, int height);
   // The window of a shown screen, or null.
   ScreenWindow* WindowOf(const Screen& screen) const;
 
