@@ -1,9 +1,11 @@
 #include "items/DetailReport.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "base/Format.h"
 #include "base/Text.h"
+#include "grids/TextRuler.h"
 #include "grids/WrapText.h"
 
 namespace kvi {
@@ -15,6 +17,8 @@ constexpr double kValueLeft = 2.1;
 constexpr double kTop = 0.3;
 constexpr double kBottomMargin = 0.5;
 constexpr double kAroundRule = 0.08;
+constexpr double kLabelGap = 0.08;
+constexpr double kSmallestLabel = 6;  // points
 
 struct ReportLine {
   std::string label, value;
@@ -60,6 +64,24 @@ void PrintHeading(Surface& page, const DetailReportFrame& frame) {
   page.CurrentY += kAroundRule;
 }
 
+// A label keeps to its place: one with a long unit is printed smaller, and what is too long still
+// ends in an ellipsis.
+void PrintLabel(Surface& page, double y, const std::string& label) {
+  constexpr double kRoom = kValueLeft - kLeft - kLabelGap;
+  const double usual = page.FontSize, height = page.TextHeight();
+  page.FontBold = true;
+  const double width = page.TextWidth(Trim(label));
+  if (width <= kRoom) {
+    page.Put(kLeft, y, label);
+  } else {
+    page.FontSize = std::max(kSmallestLabel, 0.99 * usual * kRoom / width);
+    const TextRuler ruler(page, page.FontSize, true);
+    page.Put(kLeft, y + height - page.TextHeight(), ruler.Shortened(Trim(label), kRoom));
+    page.FontSize = usual;
+  }
+  page.FontBold = false;
+}
+
 }  // namespace
 
 void PrintDetailReport(Surface& page, const WorkingItem& item, const DetailReportFrame& frame) {
@@ -73,9 +95,7 @@ void PrintDetailReport(Surface& page, const WorkingItem& item, const DetailRepor
         page.NewPage();
         y = kTop;
       }
-      page.FontBold = true;
-      page.PrintAt(kLeft, y, label);
-      page.FontBold = false;
+      PrintLabel(page, y, label);
       page.PrintAt(kValueLeft, y, value);
       y += page.TextHeight();
       label.clear();

@@ -76,11 +76,16 @@ TEST_P(DetailScreenTest, TheDetailReportShowsWhatTheScreenShows) {
     Click(part.print_lab);
     EXPECT_FALSE(part.ItemDirty());
     part.notes.Text = std::string(60, '\n') + "last line";
+    part.how_purchased.Text = "shrink-wrapped layer";
     part.SaveItem();
     Click(part.print_lab);
   });
   ASSERT_EQ(stockroom.desktop.documents.size(), 2U);
   EXPECT_NE(stockroom.desktop.documents[1]->Page(2).find("| last line"), std::string::npos);
+  EXPECT_NE(stockroom.desktop.documents[1]->Page(1).find(
+                " bold 6 | Re-Order Level (shrink-wrapped la\u2026\n2.10 "),
+            std::string::npos)
+      << stockroom.desktop.documents[1]->Page(1);
   const RecordedDocument& report = *stockroom.desktop.documents[0];
   EXPECT_TRUE(report.ended);
   EXPECT_EQ(report.Shapes(1), "line 0.00 0.91 8.50 0.91\n");
@@ -90,10 +95,9 @@ TEST_P(DetailScreenTest, TheDetailReportShowsWhatTheScreenShows) {
             "0.30 0.67 10 | 3/9/2026\n0.30 0.99 bold 10 | Name:\n2.10 0.99 10 | Belt\n");
   for (const char* line :
        {"bold 10 | Cost Per (case):", OnePage() ? " 10 | 12.3456" : " 10 | 12.35",
-        "bold 10 | Quantity on Hand:", " 10 | 14.50", " 10 | 179.01",
-        "bold 10 | Re-Order Level (case): ", "bold 10 | Par Level (case): ",
-        "bold 10 | Where to Re Order 3:\n0.30", "2.10 3.66 10 | dry place", "3.83 10 | aaa",
-        "3.99 10 | bbb"})
+        "bold 10 | Quantity on Hand:", " 10 | 14.50", " 10 | 179.01", " | Re-Order Level (case):",
+        "bold 10 | Par Level (case): ", "bold 10 | Where to Re Order 3:\n0.30",
+        "2.10 3.66 10 | dry place", "3.83 10 | aaa", "3.99 10 | bbb"})
     EXPECT_NE(page.find(line), std::string::npos) << line << " in\n" << page;
 }
 
