@@ -17,13 +17,9 @@ struct GridPrint {
 };
 
 // Prints a grid as it stands, as one document: every visible column and all rows down to the last
-// one with a text, the headings on every page. Columns that do not fit side by side are shrunk to
-// 70 % at most; if that is not enough, they go to further pages, behind all rows of the pages
-// before. A text too long for its column is cut, a number too long shows as "###". Raises 482 when
-// it cannot be printed.
+// one with a text, the headings on every page. How columns share the page stands at GridStrips. A
+// text too long for its column ends in an ellipsis, a figure too long shows as "###". The user sees
+// how far it is and may cancel, which drops the document. Raises 482 when it cannot be printed.
 void PrintGrid(Desktop& desktop, const Spread& grid, const GridPrint& print);
-
-// The pages alone, on any surface; the document stays open.
-void DrawGrid(Surface& surface, const Spread& grid, const GridPrint& print);
 
 }  // namespace kvi

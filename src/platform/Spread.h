@@ -110,6 +110,8 @@ class Spread : public Control {
   bool ReDraw() const { return paintingOff_ == 0; }
   void SetReDraw(bool on);
 
+  std::vector<int> KeptCols;             // stay in view while the grid scrolls sideways
+
   std::function<void(int row, int col)> DblClick;  // row 0 is a heading
   std::function<void(int col)> HeadingClick;
   // A character typed on the active cell where it takes no typing; row 0 when none is active.

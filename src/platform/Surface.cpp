@@ -1,5 +1,7 @@
 #include "platform/Surface.h"
 
+#include <utility>
+
 namespace kvi {
 
 void Surface::PrintLine(const std::string& text) {
@@ -12,6 +14,14 @@ void Surface::Print(const std::string& text) {
   if (text.empty()) return;
   DrawText(text);
   CurrentX += TextWidth(text);
+}
+
+void Surface::Put(double x, double y, const std::string& text) {
+  if (text.empty()) return;
+  const double beforeX = std::exchange(CurrentX, x), beforeY = std::exchange(CurrentY, y);
+  DrawText(text);
+  CurrentX = beforeX;
+  CurrentY = beforeY;
 }
 
 void Surface::PrintAt(double x, double y, const std::string& text) {

@@ -16,8 +16,8 @@ class Surface {
   std::string FontName = "Arial";
   double FontSize = 10;  // points
   bool FontBold = false;
-  double CurrentX = 0;   // inches
-  double CurrentY = 0;   // inches
+  double CurrentX = 0;  // inches
+  double CurrentY = 0;  // inches
 
   virtual double PageWidth() const = 0;
   virtual double PageHeight() const = 0;
@@ -29,6 +29,9 @@ class Surface {
   // Draws and stays on the line: the position goes to the text's right end.
   void Print(const std::string& text);
   void PrintAt(double x, double y, const std::string& text);
+  // Draws at a place and leaves the position as it is, so that nothing is measured: for the cells
+  // of a list.
+  void Put(double x, double y, const std::string& text);
   virtual void Line(double x1, double y1, double x2, double y2) = 0;
   // A filled rectangle in a palette colour, under the texts that come after.
   virtual void FillBox(double x, double y, double width, double height, int color) = 0;

@@ -120,44 +120,63 @@ TEST_F(PrintGridTest, WhatDoesNotFitTakesTheFreeRoomOfThePage) {
   EXPECT_EQ(Texts(document, 1), "Col1 Col2 Bearing, sealed, 6204 1.2 2.1 2.2 ");
 }
 
-TEST_F(PrintGridTest, OnAFullPageTextsAreCutAndFiguresShowThatTheyAre) {
-  SetUpGrid({1, 1, 1, 4.5}, 2);
+TEST_F(PrintGridTest, OnAFullPageTextsAreShortenedAndFiguresAndHeadingsWhole) {
+  SetUpGrid({1, 0.5, 1, 1, 5}, 60);
   grid.SetAlign(Block::Column(2), CellAlign::Right);
-  grid.SetText(2, 3, "9781234567890");
-  grid.SetHeading(3, "Reconditioned");
-  grid.SetText(1, 1, "Bearing, sealed, 6204");
-  grid.SetText(1, 2, "$ 1234567890.50");
-  grid.SetText(1, 3, "12 x\n34");
-  grid.SetText(2, 1, "Dichtungsgröße 20");
   grid.SetHeading(1, "Theoretical Quantity on Hand today");
-  EXPECT_EQ(Texts(Printed(), 1),
-            "Theoretical Col2 Reconditione Col4 Quantity on d Hand today "
-            "Bearing, sea ############ 12 x 34 1.4 Dichtungsgrö 2.2 978123456789 2.4 ");
+  grid.SetHeading(2, "Reconditioned");
+  const std::string longName(90, 'x');
+  for (int row = 1; row <= 60; ++row) grid.SetText(row, 5, longName);
+  grid.SetText(1, 2, "$ 1234567.50");
+  grid.SetText(2, 2, "123456789012345678901234567890");
+  grid.SetText(1, 3, "1\n3");
+  grid.SetText(1, 4, "9781234567890, first order of 2026");
+  const std::string texts = Texts(Printed(), 1).substr(0, 300);
+  EXPECT_TRUE(texts.starts_with("Theoretical Reconditioned Col3 Col4 Col5 Quantity on Hand today "))
+      << texts;
+  EXPECT_NE(texts.find(" $ 1234567.50 1 3 978\u2026 xxx"), std::string::npos) << texts;
+  EXPECT_NE(texts.find("x\u2026 2.1 ####"), std::string::npos) << texts;
+  EXPECT_EQ(desktop.documents.back()->Page(1).substr(0, 14), "0.53 0.62 bold") << "shrunk";
 }
 
-TEST_F(PrintGridTest, ColumnsThatNearlyFitAreShrunk) {
+TEST_F(PrintGridTest, RoomThatSomeLeaveGoesToThoseWhoNeedIt) {
   SetUpGrid({5, 5}, 1);
-  const auto& document = Printed();
-  EXPECT_EQ(document.PageCount(), 1);
-  EXPECT_EQ(document.Page(1),
-            "0.54 0.62 bold 6.75 | Col1\n"
-            "4.29 0.62 bold 6.75 | Col2\n"
-            "0.54 0.77 6.75 | 1.1\n"
-            "4.29 0.77 6.75 | 1.2\n");
+  EXPECT_EQ(Texts(Printed(), 1), "Col1 Col2 1.1 1.2 ");
+  EXPECT_EQ(desktop.documents.back()->Page(1).substr(0, 16), "0.54 0.62 bold 9") << "full size";
+  for (const int col : {1, 2}) grid.SetText(1, col, std::string(60, 'x'));
+  EXPECT_EQ(Printed().PageCount(), 1);
+  EXPECT_EQ(desktop.documents.back()->Page(1).substr(0, 17), "0.53 0.62 bold 7.");
 }
 
-TEST_F(PrintGridTest, ColumnsBeyondThePageFollowBehindAllRows) {
-  SetUpGrid({4, 4, 0, 3, 20}, 70);
+TEST_F(PrintGridTest, AWideListPrintsStripsThatEachTellNameAndNumber) {
+  SetUpGrid({2, 4, 1, 0, 5, 6}, 70);
+  grid.KeptCols = {1, 3};
+  for (const int col : {2, 5, 6})
+    for (int row = 1; row <= 70; ++row) grid.SetText(row, col, std::string(60, 'x'));
   const auto& document = Printed("", "/cPage: /p");
   ASSERT_EQ(document.PageCount(), 6);
-  const std::string starts[] = {"Col1 1.1 ",          "Col1 50.1 ",
-                                "Col2 Col4 1.2 1.4 ", "Col2 Col4 50.2 50.4 ",
-                                "Col5 1.5 ",          "Col5 50.5 "};
+  const std::string starts[] = {"Col1 Col2 Col3 1.1 ",       "Col1 Col3 Col5 1.1 1.3 ",
+                                "Col1 Col3 Col6 1.1 1.3 ",   "Col1 Col2 Col3 50.1 ",
+                                "Col1 Col3 Col5 50.1 50.3 ", "Col1 Col3 Col6 50.1 50.3 "};
   for (int page = 1; page <= 6; ++page) {
     const std::string texts = Texts(document, page);
     const std::string& start = starts[page - 1];
     EXPECT_EQ(texts.substr(0, start.size()), start);
     EXPECT_TRUE(texts.ends_with("Page: " + Str(page) + " ")) << texts;
+  }
+}
+
+TEST_F(PrintGridTest, TheUserSeesHowFarItIsAndMayCancel) {
+  SetUpGrid({4}, 120);
+  Printed();
+  const std::vector<std::string> told{"Job: Counting the pages, 0", "Job: Printing 3 pages, 3"};
+  EXPECT_EQ(desktop.progress, told);
+  for (const int page : {0, 2, 3}) {
+    desktop.cancelAt = {"Printing 3 pages", page};
+    PrintGrid(desktop, grid, {.jobName = "Job"});
+    EXPECT_TRUE(desktop.documents.back()->killed);
+    EXPECT_FALSE(desktop.documents.back()->ended);
+    EXPECT_EQ(desktop.documents.back()->PageCount(), std::max(1, page)) << "no page behind it";
   }
 }
 
@@ -173,7 +192,7 @@ TEST_F(PrintGridTest, EmptyRowsBelowTheLastTextAreLeftOut) {
   EXPECT_EQ(Texts(Printed("none"), 1), "none ");
 }
 
-TEST_F(PrintGridTest, ColoursPrintUnderTheirCells) {
+TEST_F(PrintGridTest, ColoursPrintUnderTheirCellsAndWarningsHaveAMark) {
   SetUpGrid({1, 1, 1}, 2);
   grid.SetBackColor(Block::Row(1), kWhite);
   grid.SetBackColor(Block::Row(2), kLightGrey);
@@ -182,7 +201,8 @@ TEST_F(PrintGridTest, ColoursPrintUnderTheirCells) {
   EXPECT_EQ(shapes.substr(0, shapes.find("line")),
             "box 0.50 0.60 3.00 0.19 colour 7\n"
             "box 0.50 0.98 2.00 0.19 colour 7\n"
-            "box 2.50 0.98 1.00 0.19 colour 12\n");
+            "box 2.50 0.98 1.00 0.19 colour 12\n"
+            "box 2.50 0.98 0.03 0.19 colour 0\n");
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "desktop/printing/PageMark.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
 #include <QPen>
 
@@ -15,59 +14,60 @@ constexpr double kUnitsPerInch = 7200;
 constexpr double kUnitsPerPoint = kUnitsPerInch / 72;
 constexpr double kLineWidth = 0.6 * kUnitsPerPoint;
 
-void PaintInUnits(QPainter& painter, const PageMark& mark) {
-  const auto units = [](double inches) { return inches * kUnitsPerInch; };
+double Units(double inches) {
+  return inches * kUnitsPerInch;
+}
+
+}  // namespace
+
+void ScaleToMarks(QPainter& painter, double unitsPerInch) {
+  painter.scale(unitsPerInch / kUnitsPerInch, unitsPerInch / kUnitsPerInch);
+}
+
+void PaintMark(QPainter& painter, const PageMark& mark) {
   switch (mark.kind) {
     case PageMark::Kind::Text:
       painter.setFont(mark.font);
       painter.setPen(ClassicColor(mark.color));
-      painter.drawText(QPointF(units(mark.x), units(mark.y) + QFontMetricsF(mark.font).ascent()),
-                       mark.text);
+      painter.drawText(QPointF(Units(mark.x), Units(mark.y)), mark.text);
       break;
     case PageMark::Kind::Line:
       painter.setPen(QPen(ClassicColor(mark.color), kLineWidth));
-      painter.drawLine(QPointF(units(mark.x), units(mark.y)),
-                       QPointF(units(mark.x2), units(mark.y2)));
+      painter.drawLine(QPointF(Units(mark.x), Units(mark.y)),
+                       QPointF(Units(mark.x2), Units(mark.y2)));
       break;
     case PageMark::Kind::Box:
-      painter.fillRect(QRectF(units(mark.x), units(mark.y), units(mark.x2), units(mark.y2)),
+      painter.fillRect(QRectF(Units(mark.x), Units(mark.y), Units(mark.x2), Units(mark.y2)),
                        BackdropColor(mark.color, kBlack));
       break;
   }
 }
 
-}  // namespace
-
-void PaintMark(QPainter& painter, double unitsPerInch, const PageMark& mark) {
-  painter.save();
-  painter.scale(unitsPerInch / kUnitsPerInch, unitsPerInch / kUnitsPerInch);
-  PaintInUnits(painter, mark);
-  painter.restore();
-}
-
-QFont MarkingSurface::Font() const {
+const MarkingSurface::FontInUse& MarkingSurface::InUse() const {
+  if (inUse_.name == FontName && inUse_.points == FontSize && inUse_.bold == FontBold)
+    return inUse_;
   QFont font(ToQt(FontName));
   font.setStyleHint(QFont::SansSerif);
   font.setHintingPreference(QFont::PreferNoHinting);
   font.setPixelSize(qRound(FontSize * kUnitsPerPoint));
   font.setBold(FontBold);
-  return font;
+  return inUse_ = {FontName, FontSize, FontBold, font, QFontMetricsF(font)};
 }
 
 double MarkingSurface::TextWidth(const std::string& text) const {
-  return QFontMetricsF(Font()).horizontalAdvance(ToQt(text)) / kUnitsPerInch;
+  return InUse().metrics.horizontalAdvance(ToQt(text)) / kUnitsPerInch;
 }
 
 double MarkingSurface::TextHeight() const {
-  return QFontMetricsF(Font()).height() / kUnitsPerInch;
+  return InUse().metrics.height() / kUnitsPerInch;
 }
 
 void MarkingSurface::DrawText(const std::string& text) {
   PageMark mark;
   mark.x = CurrentX;
-  mark.y = CurrentY;
+  mark.y = CurrentY + InUse().metrics.ascent() / kUnitsPerInch;
   mark.text = ToQt(text);
-  mark.font = Font();
+  mark.font = InUse().font;
   Draw(mark);
 }
 

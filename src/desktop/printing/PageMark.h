@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QString>
 
 #include "platform/Surface.h"
@@ -14,18 +15,20 @@ namespace kvi {
 struct PageMark {
   enum class Kind { Text, Line, Box };
   Kind kind = Kind::Text;
-  double x = 0, y = 0;
+  double x = 0, y = 0;    // of a text the left end of its base line
   double x2 = 0, y2 = 0;  // the other end of a line; width and height of a box
   QString text;
   QFont font;  // in units of 1/7200 inch
   int color = kBlack;
 };
 
-// Draws a mark where an inch is that many units of the painter. Sizes do not depend on the device,
-// so a preview breaks and aligns as the print does.
-void PaintMark(QPainter& painter, double unitsPerInch, const PageMark& mark);
+// A painter of a device where an inch is that many units is made ready for marks once, then draws
+// them. Sizes do not depend on the device, so a preview breaks and aligns as the print does.
+void ScaleToMarks(QPainter& painter, double unitsPerInch);
+void PaintMark(QPainter& painter, const PageMark& mark);
 
-// A surface that measures by the marks' own fonts and hands each mark on.
+// A surface that measures by the marks' own fonts and hands each mark on. It keeps the font in use:
+// a list draws and measures thousands of texts in one.
 class MarkingSurface : public Surface {
  public:
   double TextWidth(const std::string& text) const override;
@@ -38,7 +41,16 @@ class MarkingSurface : public Surface {
   virtual void Draw(const PageMark& mark) = 0;
 
  private:
-  QFont Font() const;
+  struct FontInUse {
+    std::string name;
+    double points = 0;
+    bool bold = false;
+    QFont font;
+    QFontMetricsF metrics{QFont()};
+  };
+  const FontInUse& InUse() const;
+
+  mutable FontInUse inUse_;
 };
 
 }  // namespace kvi

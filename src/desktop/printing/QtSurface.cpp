@@ -8,7 +8,7 @@ void QtSurface::NewPage() {
 }
 
 void QtSurface::Draw(const PageMark& mark) {
-  PaintMark(job_->Painter(), job_->UnitsPerInch(), mark);
+  PaintMark(job_->Painter(), mark);
 }
 
 }  // namespace kvi

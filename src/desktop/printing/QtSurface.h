@@ -12,7 +12,9 @@ namespace kvi {
 class QtSurface : public MarkingSurface {
  public:
   QtSurface(std::unique_ptr<PrintJob> job, std::function<void(PrintJob&)> finish)
-      : job_(std::move(job)), finish_(std::move(finish)) {}
+      : job_(std::move(job)), finish_(std::move(finish)) {
+    ScaleToMarks(job_->Painter(), job_->UnitsPerInch());
+  }
 
   double PageWidth() const override { return job_->PageWidth(); }
   double PageHeight() const override { return job_->PageHeight(); }

@@ -72,6 +72,7 @@ void ProgressWindow::Open() {
   step_->setTextFormat(Qt::PlainText);
   bar_ = new QProgressBar(window.get());
   bar_->setMinimumWidth(kWidth);
+  bar_->setFormat("%v of %m");
   bar_->setAccessibleName(title_);
   column->addWidget(step_);
   column->addWidget(bar_);
@@ -85,7 +86,6 @@ void ProgressWindow::Open() {
     };
   }
   window_ = std::move(window);
-  window_->setCursor(canCancel_ ? Qt::ArrowCursor : Qt::WaitCursor);
   Show();
   window_->show();
 }
