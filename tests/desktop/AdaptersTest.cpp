@@ -143,6 +143,21 @@ TEST_F(AdaptersTest, ChecksAndOptionsFollowBothWays) {
   EXPECT_EQ(sample.TakeLog(), "fifo, average");
 }
 
+TEST_F(AdaptersTest, ArrowsPassThroughOptionsAndSpaceOrEnterChooses) {
+  ShowSample();
+  sample.fifo.Value = true;
+  Widget(sample.fifo).setFocus();
+  sample.TakeLog();
+  Press(Qt::Key_Down);
+  EXPECT_TRUE(Widget(sample.average).hasFocus());
+  EXPECT_EQ(sample.TakeLog(), "");
+  Press(Qt::Key_Space);
+  Press(Qt::Key_Down);
+  EXPECT_TRUE(Widget(sample.fifo).hasFocus());
+  Press(Qt::Key_Return);
+  EXPECT_EQ(sample.TakeLog(), "average, fifo");
+}
+
 TEST_F(AdaptersTest, TabsMenusStatusAndCaptionsFollow) {
   ShowSample();
   auto& tabs = As<QTabWidget>(sample.tabs);

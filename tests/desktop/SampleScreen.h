@@ -21,12 +21,14 @@ class SampleScreen : public Screen {
     if (mayClose) CloseScreen();
   }
   void Unload() override { log.push_back("unload"); }
+  bool TakesWholeDisplay() const override { return isList; }
 
   // The log in one line; it begins anew.
   std::string TakeLog();
 
   std::vector<std::string> log;
   bool mayClose = true;
+  bool isList = false;
 
   Label heading{*this, "heading", "Spare parts && tools"};
   ActionLabel save{*this, "save", "&Save"};

@@ -17,9 +17,19 @@ namespace {
 // A small modal screen that a test opens over the sample.
 class Question : public Screen {
  public:
-  explicit Question(const std::string& name) : Screen(name) {}
-  Layout Arrange() override { return Column({Actions({&exit_lab}), Field("Answer:", answer)}); }
+  explicit Question(const std::string& name) : Screen(name) {
+    exit_lab.Cancel = true;
+    exit_lab.Click = [this] { CloseScreen(); };
+  }
+  Layout Arrange() override {
+    return Column({Actions({&exit_lab}), Field("Number:", number), Field("Answer:", answer)});
+  }
+  void Activate() override {
+    if (SetUp) SetUp();
+  }
+  std::function<void()> SetUp;
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
+  TextBox number{*this, "number"};
   TextBox answer{*this, "answer"};
 };
 
@@ -38,12 +48,57 @@ TEST_F(WindowTest, AnActionIsPressedByMouseEnterSpaceAndAccessKeyAtOnce) {
   EXPECT_EQ(sample.TakeLog(), "save, save, save");
   Widget(sample.name).setFocus();
   Press(Qt::Key_S, Qt::AltModifier);
-  EXPECT_EQ(sample.TakeLog(), "enter name, leave name, save");
-  EXPECT_TRUE(Widget(sample.save).hasFocus());
   Press(Qt::Key_R, Qt::AltModifier);
-  Press(Qt::Key_Return);
+  EXPECT_EQ(sample.TakeLog(),
+            "enter name, leave name, save, enter name, leave name, remove, enter name");
+  sample.save.Click = [this] { sample.notes.SetFocus(); };
+  Press(Qt::Key_S, Qt::AltModifier);
+  EXPECT_TRUE(Widget(sample.notes).hasFocus()) << "the action sent it there";
   Press(Qt::Key_A, Qt::AltModifier);
-  EXPECT_EQ(sample.TakeLog(), "remove, remove, active=1");
+  EXPECT_TRUE(Widget(sample.active).hasFocus()) << "a box that is ticked is where the user is";
+  EXPECT_EQ(sample.TakeLog(), "leave name, active=1");
+}
+
+TEST_F(WindowTest, AltWithALetterThatIsNoAccessKeyTypesNothing) {
+  ShowSample();
+  sample.grid.SetActiveCell(1, 2);
+  for (Control* field : std::initializer_list<Control*>{&sample.name, &sample.notes,
+                                                        &sample.category, &sample.grid}) {
+    Widget(*field).setFocus();
+    sample.TakeLog();
+    Press(Qt::Key_J, Qt::AltModifier);
+    Press(Qt::Key_F2);
+    Press(Qt::Key_J, Qt::AltModifier);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(sample.TakeLog(), field == &sample.notes ? "notes=\n" : "") << field->Name();
+  }
+}
+
+TEST_F(WindowTest, TheFocusBeginsWhereOneCanTypeAndPassesOverWhatIsLocked) {
+  ShowSample();
+  Question form("Form");
+  form.number.Text = "7";
+  form.SetUp = [&] { form.number.Locked = true; };
+  Later([&] {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return desktop.WindowOf(form)->isActiveWindow(); }));
+    EXPECT_TRUE(Widget(form.answer).hasFocus());
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(Widget(form.exit_lab).hasFocus());
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(desktop.WindowOf(form), nullptr) << "Escape is its Exit";
+    stack.Unload(form);
+  });
+  stack.ShowModal(form);
+}
+
+TEST_F(WindowTest, AListHasTheFocusAgainAfterTheScreenThatAnActionOpened) {
+  sample.isList = true;
+  ShowSample();
+  Question form("Form");
+  sample.save.Click = [&] { stack.ShowModal(form); };
+  Later([&] { stack.Unload(form); });
+  Click(Widget(sample.save));
+  EXPECT_TRUE(Widget(sample.grid).hasFocus());
 }
 
 TEST_F(WindowTest, EnterAndEscapeInAFieldPressTheButtonsMadeForThem) {

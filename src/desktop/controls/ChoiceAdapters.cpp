@@ -29,6 +29,40 @@ void ColorCaption(QWidget& widget, const Control& control, const QColor& backdro
   widget.setPalette(palette);
 }
 
+// An option of a group. The arrows go through the group and choose nothing: whoever passes by has
+// not decided. A click, Space and Enter choose.
+class OptionWidget : public QRadioButton {
+ public:
+  using QRadioButton::QRadioButton;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    switch (event->key()) {
+      case Qt::Key_Return:
+      case Qt::Key_Enter:
+        return click();
+      case Qt::Key_Up:
+      case Qt::Key_Left:
+        return GoOn(-1, Qt::BacktabFocusReason);
+      case Qt::Key_Down:
+      case Qt::Key_Right:
+        return GoOn(1, Qt::TabFocusReason);
+      default:
+        return QRadioButton::keyPressEvent(event);
+    }
+  }
+
+ private:
+  void GoOn(qsizetype step, Qt::FocusReason reason) {
+    const QList<QAbstractButton*> options = group()->buttons();
+    const qsizetype count = options.size(), here = options.indexOf(this);
+    for (qsizetype i = 1; i < count; ++i) {
+      QAbstractButton* next = options[(here + i * step + i * count) % count];
+      if (next->isEnabled() && next->isVisible()) return next->setFocus(reason);
+    }
+  }
+};
+
 }  // namespace
 
 ListAdapter::ListAdapter(ListBox& list, ScreenWindow& window)
@@ -76,13 +110,14 @@ void CheckAdapter::ShowColors() {
 }
 
 OptionAdapter::OptionAdapter(OptionButton& option, ScreenWindow& window)
-    : TypedAdapter(option, new QRadioButton(&window), window) {
+    : TypedAdapter(option, new OptionWidget(&window), window) {
   window.OptionGroup(option.Group())->addButton(&shown_);
   connect(&shown_, &QRadioButton::clicked, this,
           [this] { Hand([this](Gestures& user) { user.Choose(control_); }); });
 }
 
-// The toolkit's group gives the arrow keys, but would never let the last one be turned off.
+// The toolkit's group makes one tab stop of its options, but would never let the last one be turned
+// off.
 void OptionAdapter::ShowState() {
   shown_.setText(window_.Keys().Claim(&control_, ToQt(control_.Caption)));
   if (shown_.isChecked() == control_.Value) return;

@@ -138,12 +138,19 @@ QColor ControlAdapter::Backdrop() const {
 
 // The toolkit's own press by access key comes a tenth of a second late and leaves the focus where
 // it was. Here the focus goes first, so that whatever is being typed elsewhere is in before the
-// click.
+// click; after an action it goes back to where the user works, unless the action sent it elsewhere.
 bool ControlAdapter::PressByAccessKey(const QShortcutEvent& event) {
   auto* button = qobject_cast<QAbstractButton*>(widget_);
   if (button == nullptr || event.isAmbiguous()) return false;
+  const QPointer<QWidget> before = window_.FocusedField();
+  const QPointer<ControlAdapter> self(this);
   button->setFocus(Qt::ShortcutFocusReason);
   if (button->isEnabled()) button->click();
+  const bool isAction =
+      tied_.Kind() == ControlKind::ActionLabel || tied_.Kind() == ControlKind::Button;
+  if (isAction && self && before && window_.Input().IsOpen() && window_.FocusedField() == widget_ &&
+      before->isEnabled() && before->isVisible())
+    before->setFocus(Qt::OtherFocusReason);
   return true;
 }
 

@@ -33,6 +33,11 @@ class QuietComboBox : public QComboBox {
   bool leaving_ = false;
 };
 
+// What cannot be typed into is no stop on the way from field to field; a click still selects in it.
+Qt::FocusPolicy StopOf(const TextBox& box) {
+  return box.Locked ? Qt::ClickFocus : Qt::StrongFocus;
+}
+
 // A locked field looks as if it were part of the panel.
 void ShadeIfLocked(QWidget& field, const TextBox& box) {
   if (!box.Locked || box.BackColor != kToolkitColor) return;
@@ -59,6 +64,7 @@ void TextAdapter::ShowState() {
   if (shown_.maxLength() != bound) shown_.setMaxLength(bound);
   if (shown_.text() != text) shown_.setText(text);
   shown_.setReadOnly(control_.Locked);
+  shown_.setFocusPolicy(StopOf(control_));
   shown_.setEchoMode(control_.Masked ? QLineEdit::Password : QLineEdit::Normal);
   shown_.setAlignment(control_.RightAligned ? Qt::AlignRight : Qt::AlignLeft);
 }
@@ -92,6 +98,7 @@ void MemoAdapter::ShowState() {
     if (shown_.hasFocus()) shown_.setTextCursor(cursor);
   }
   shown_.setReadOnly(control_.Locked);
+  shown_.setFocusPolicy(StopOf(control_));
 }
 
 void MemoAdapter::Show(Property property) {

@@ -6,6 +6,8 @@
 #include <QDialog>
 #include <QEventLoop>
 #include <QFileInfo>
+#include <QKeyEvent>
+#include <QMenuBar>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
@@ -30,12 +32,30 @@ namespace {
 constexpr int kInvalidProcedureCall = 5;
 constexpr int kFileNotFound = 53;
 
+// Alt with a letter is an access key or nothing: no field takes the letter as typed.
+class AltTypesNothing : public QObject {
+ public:
+  using QObject::QObject;
+
+ protected:
+  bool eventFilter(QObject* receiver, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress || !receiver->isWidgetType() ||
+        qobject_cast<QMenu*>(receiver) != nullptr || qobject_cast<QMenuBar*>(receiver) != nullptr)
+      return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const auto commands = Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier;
+    return (key->modifiers() & commands) == Qt::AltModifier && !key->text().isEmpty() &&
+           key->text()[0].isPrint();
+  }
+};
+
 std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
   if (!QtDesktop::HasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
   auto app = std::make_unique<QApplication>(argc, argv);
   QApplication::setApplicationName("kestvar-inventory");
   QApplication::setQuitOnLastWindowClosed(false);
   ApplyLook(*app);
+  app->installEventFilter(new AltTypesNothing(app.get()));
   return app;
 }
 
@@ -108,6 +128,7 @@ void QtDesktop::OpenWindow(Screen& screen, bool modal) {
 void QtDesktop::RunModal(Screen& screen) {
   if (ended_ || Find(screen) == shown_.end()) return;
   QEventLoop loop;
+  Find(screen)->window->BeginVisit();
   Find(screen)->loop = &loop;
   loop.exec();
   const auto shown = Find(screen);
@@ -121,10 +142,9 @@ void QtDesktop::CloseWindow(Screen& screen) {
   shown_.erase(found);
   closed.window->Dismiss();
   if (closed.loop != nullptr) closed.loop->quit();
-  if (QWidget* owner = DialogParent())
-    owner->activateWindow();
-  else
-    QApplication::exit();
+  if (shown_.empty()) return QApplication::exit();
+  shown_.back().window->ComeBack();
+  shown_.back().window->activateWindow();
 }
 
 void QtDesktop::BringToFront(Screen& screen) {

@@ -194,17 +194,20 @@ void ScreenWindow::FitInto(const QSize& room) {
   resize(screen_.TakesWholeDisplay() ? room : layout()->totalSizeHint().boundedTo(room));
 }
 
+int ScreenWindow::FocusRankOf(const ControlAdapter& adapter) const {
+  const QWidget* widget = adapter.Widget();
+  if (widget == nullptr || !adapter.Tied().Enabled || !widget->isVisibleTo(this)) return 0;
+  return FocusRank(adapter.Tied(), screen_.TakesWholeDisplay());
+}
+
 // A list is ready for the arrow keys, the launch pad for its first tile, a form for its first
 // field.
 void ScreenWindow::SetFirstFocus() {
   ControlAdapter* best = nullptr;
   int bestRank = 0;
   for (ControlAdapter* adapter : adapters_) {
-    const Control& control = adapter->Tied();
-    const int rank = FocusRank(control, screen_.TakesWholeDisplay());
-    if (rank <= bestRank || !control.Enabled || adapter->Widget() == nullptr ||
-        !adapter->Widget()->isVisibleTo(this))
-      continue;
+    const int rank = FocusRankOf(*adapter);
+    if (rank <= bestRank) continue;
     best = adapter;
     bestRank = rank;
   }
@@ -212,6 +215,23 @@ void ScreenWindow::SetFirstFocus() {
     builder_.FirstTile()->setFocus();
   else if (best != nullptr)
     best->TakeFocus();
+}
+
+QWidget* ScreenWindow::FocusedField() const {
+  const ControlAdapter* adapter = AdapterOf(focusWidget());
+  return adapter == nullptr ? nullptr : adapter->Widget();
+}
+
+void ScreenWindow::BeginVisit() {
+  const ControlAdapter* adapter = AdapterOf(focusWidget());
+  if (adapter == nullptr || FocusRankOf(*adapter) == 0) SetFirstFocus();
+}
+
+void ScreenWindow::ComeBack() {
+  const ControlAdapter* adapter = AdapterOf(focusWidget());
+  if (screen_.TakesWholeDisplay() && adapter != nullptr &&
+      adapter->Tied().Kind() == ControlKind::ActionLabel)
+    SetFirstFocus();
 }
 
 void ScreenWindow::showEvent(QShowEvent* event) {

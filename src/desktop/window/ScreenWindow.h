@@ -29,6 +29,12 @@ class ScreenWindow : public QWidget, public ScreenView {
   void Dismiss();
   // The widget of a control, or null when the layout has no place for it.
   QWidget* WidgetOf(const Control& control) const;
+  // The widget of the control that has the keyboard, or null.
+  QWidget* FocusedField() const;
+  // The screen has been loaded: the focus goes on from where nothing can be typed.
+  void BeginVisit();
+  // A screen above was closed: in a list the focus goes from the action to the list.
+  void ComeBack();
   // As large as its content asks for, or all of the room for a list.
   void FitInto(const QSize& room);
   // What the user types goes no further than its editor until this.
@@ -57,6 +63,7 @@ class ScreenWindow : public QWidget, public ScreenView {
   QWidget* BuildStatus();
   void NameFields();
   void SetFirstFocus();
+  int FocusRankOf(const ControlAdapter& adapter) const;
   ControlAdapter* AdapterOf(const Control& control) const;
   ControlAdapter* AdapterOf(const QWidget* widget) const;
   void FollowFocus(const QWidget* now);
