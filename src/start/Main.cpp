@@ -11,6 +11,8 @@
 #include "items/KVI_InventoryDetail.h"
 #include "items/KVI_InventorySummary.h"
 #include "ordering/KVI_OrderSystem.h"
+#include "partgroups/KVI_PGDetail.h"
+#include "partgroups/KVI_PGSummary.h"
 #include "security/CheckAccess.h"
 #include "security/KVI_SecurityCheckpoint.h"
 #include "start/Version.h"
@@ -29,7 +31,7 @@ Main::Main(Application& app) : Screen("Main", "Kestvar Inventory"), app_(app) {
     if (MayOpen(kInventoryModule)) app_.screens.ShowModal(app_.Get<KVI_InventorySummary>());
   };
   MaintProc.Click = [this] {
-    if (MayOpen(kPartGroupModule)) SayNotBuiltYet(app_.desktop, "Part Group Maintenance");
+    if (MayOpen(kPartGroupModule)) app_.screens.ShowModal(app_.Get<KVI_PGSummary>());
   };
   Label16.Click = [this] {
     if (MayOpen(kOrderModule)) app_.screens.ShowModal(app_.Get<KVI_OrderSystem>());
@@ -61,6 +63,7 @@ void Main::Load() {
   app_.Get<KVI_Utilities>();
   app_.Get<KVI_InventoryDetail>();
   app_.Get<KVI_ChooseVendors>();
+  app_.Get<KVI_PGDetail>();
   ReadSettings(app_);
   network.Visible = app_.settings.NetworkVisible;
   OpenInventoryDatabase(app_);

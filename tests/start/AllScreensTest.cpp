@@ -10,6 +10,8 @@
 #include "items/KVI_InventoryDetail1Screen.h"
 #include "items/KVI_InventorySummary.h"
 #include "ordering/KVI_OrderSystem.h"
+#include "partgroups/KVI_PGDetail.h"
+#include "partgroups/KVI_PGSummary.h"
 #include "security/KVI_SecurityCheckpoint.h"
 #include "stock/KVI_Invoice.h"
 #include "stock/KVI_UpdateInventory.h"
@@ -71,7 +73,8 @@ TEST(AllScreensTest, EveryControlHasItsPlaceAndEveryAccessKeyItsOneControl) {
            &app.Get<KVI_InventoryDetail>(), &app.Get<KVI_InventoryDetail1Screen>(),
            &app.Get<KVI_InventorySummary>(), &app.Get<KVI_SecurityCheckpoint>(),
            &app.Get<KVI_Invoice>(), &app.Get<KVI_UpdateInventory>(), &app.Get<KVI_GetILocation>(),
-           &app.Get<KVI_ManageDropLIsts>(), &app.Get<KVI_OrderSystem>(), &app.Get<KVI_Utilities>()})
+           &app.Get<KVI_ManageDropLIsts>(), &app.Get<KVI_OrderSystem>(), &app.Get<KVI_PGDetail>(),
+           &app.Get<KVI_PGSummary>(), &app.Get<KVI_Utilities>()})
     Check(*screen);
 }
 
