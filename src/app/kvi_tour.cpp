@@ -16,6 +16,8 @@
 #include "items/KVI_InventoryDetail1Screen.h"
 #include "items/KVI_InventorySummary.h"
 #include "ordering/KVI_OrderSystem.h"
+#include "partgroups/KVI_PGDetail.h"
+#include "partgroups/KVI_PGSummary.h"
 #include "security/KVI_SecurityCheckpoint.h"
 #include "start/Main.h"
 #include "stock/KVI_Invoice.h"
@@ -137,6 +139,22 @@ class Tour {
     app_.screens.Hide(screen);
   }
 
+  // The list, and its first group with quantities in the builder.
+  void VisitGroups() {
+    auto& list = app_.Get<kvi::KVI_PGSummary>();
+    app_.screens.Show(list);
+    Picture(list);
+    app_.screens.Unload(list);
+    app_.PartGroupSet.MoveFirst();
+    auto& builder = app_.Get<kvi::KVI_PGDetail>();
+    builder.SetCaption("Part Group Detail");
+    app_.screens.Show(builder);
+    for (int row = 1; !builder.Spread1.Text(row, builder.kNumberColumn).empty(); ++row)
+      builder.Spread1.TypeText(row, builder.kQuantityColumn, kvi::Str(row * 2));
+    Picture(builder);
+    app_.screens.Hide(builder);
+  }
+
   bool Failed() const { return failed_; }
 
  private:
@@ -174,6 +192,7 @@ int main(int argc, char** argv) {
     tour.VisitPart();
     tour.VisitUpdate();
     tour.VisitOrders();
+    tour.VisitGroups();
     tour.Visit<kvi::KVI_Find>();
     tour.Visit<kvi::KVI_Invoice>();
     tour.VisitTabs<kvi::KVI_Utilities>();
