@@ -51,10 +51,10 @@ struct Parts {
   bool negative = false;
   std::string mantissa;
   std::string exponent;  // with its sign when negative; empty when there is none
+  bool complete = true;  // digits where digits belong
 };
 
-Parts NumericPrefix(std::string_view text) {
-  Reader reader(text);
+Parts NumericPrefix(Reader& reader) {
   Parts parts;
   parts.negative = reader.Take("+-") == '-';
   bool any = reader.TakeDigits(parts.mantissa);
@@ -62,10 +62,11 @@ Parts NumericPrefix(std::string_view text) {
     parts.mantissa += '.';
     any |= reader.TakeDigits(parts.mantissa);
   }
-  if (!any) return {false, "0", ""};
+  if (!any) return {.mantissa = "0", .complete = false};
   if (reader.Take("EeDd")) {
     if (reader.Take("+-") == '-') parts.exponent = "-";
-    if (!reader.TakeDigits(parts.exponent)) parts.exponent.clear();
+    parts.complete = reader.TakeDigits(parts.exponent);
+    if (!parts.complete) parts.exponent.clear();
   }
   return parts;
 }
@@ -106,8 +107,14 @@ std::optional<double> TypedNumber(std::string_view text) {
   return Val(number + digits);
 }
 
+bool IsReadWhole(std::string_view text) {
+  Reader reader(text);
+  return NumericPrefix(reader).complete && reader.AtEnd();
+}
+
 double Val(std::string_view text) {
-  const Parts parts = NumericPrefix(text);
+  Reader reader(text);
+  const Parts parts = NumericPrefix(reader);
   std::string number = parts.mantissa;
   if (!parts.exponent.empty()) number += "e" + parts.exponent;
   double value = 0;

@@ -11,6 +11,9 @@ namespace kvi {
 // whatever the desk's language; no thousands separators.
 double Val(std::string_view text);
 
+// Whether Val reads the text to its end: "12ab" and "1,5" it reads in part only.
+bool IsReadWhole(std::string_view text);
+
 // A number as a person writes an amount: a sign, a currency sign "$", commas between thousands, a
 // point; nothing for any other text, where Val would read a part of it.
 std::optional<double> TypedNumber(std::string_view text);

@@ -38,4 +38,9 @@ int ColumnOfSortChoice(const std::string& choice) {
   return found == std::end(kItemSorts) ? 0 : found->column;
 }
 
+void ChooseSortOfColumn(ComboBox& combo, int column) {
+  for (int entry = 0; entry < combo.ListCount(); ++entry)
+    if (ColumnOfSortChoice(combo.List(entry)) == column) return combo.SetListIndex(entry);
+}
+
 }  // namespace kvi

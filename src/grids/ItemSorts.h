@@ -18,5 +18,7 @@ void OfferItemSorts(ComboBox& combo);
 std::string ItemOrder(const std::string& choice);
 // The column of the lists that holds what the choice sorts by; 0 where no column does.
 int ColumnOfSortChoice(const std::string& choice);
+// Chooses the sort whose column's heading was clicked; nothing where the combo offers none.
+void ChooseSortOfColumn(ComboBox& combo, int column);
 
 }  // namespace kvi

@@ -72,11 +72,14 @@ void KVI_Find::SearchAndClose() {
   CloseScreen();
 }
 
+// (The message stands over a list that shows again.)
 void KVI_Find::SearchGrid() {
-  const OutOfSight away(request_.hidden);
   Spread& grid = *request_.grid;
   const int column = request_.column > 0 ? request_.column : grid.Col;
-  if (const int row = NextMatch(column); row > 0) return GoToCell(grid, row, column);
+  {
+    const OutOfSight away(request_.hidden);
+    if (const int row = NextMatch(column); row > 0) return GoToCell(grid, row, column);
+  }
   Inform(request_.nothingFound);
   // The next search begins behind the first row: the top one is not found again.
   grid.Row = 1;

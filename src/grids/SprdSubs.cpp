@@ -85,6 +85,33 @@ void ShowGridPosition(const Spread& grid, StatusBar& bar) {
   bar.SetPanelText(1, Str(grid.ActiveRow()) + " of " + Str(grid.MaxRows()) + " records");
 }
 
+std::string CountOf(int count, const std::string& thing) {
+  return Str(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
+std::string NotSaved(int typedRows, const std::string& typed) {
+  if (typedRows == 0) return "";
+  return CountOf(typedRows, "typed " + typed) + (typedRows == 1 ? " was" : " were") + " not saved.";
+}
+
+void ShowGridRow(const Spread& grid, StatusBar& bar, const std::vector<int>& told,
+                 const std::string& typed) {
+  ShowGridPosition(grid, bar);
+  std::string text;
+  const auto add = [&](const std::string& piece, const char* separator) {
+    if (piece.empty()) return;
+    if (!text.empty()) text += separator;
+    text += piece;
+  };
+  if (grid.TypedRows() > 0) add(CountOf(grid.TypedRows(), typed) + " not saved", "");
+  const char* separator = text.empty() ? "" : "   |   ";
+  for (const int col : told) {
+    add(Trim(grid.Text(grid.ActiveRow(), col)), separator);
+    separator = "  -  ";
+  }
+  bar.SetPanelText(2, text);
+}
+
 void LockGrid(Spread& grid) {
   grid.SetLock(Block::All(), true);
 }

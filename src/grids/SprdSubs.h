@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "jet/Database.h"
 #include "platform/Controls.h"
@@ -30,6 +31,14 @@ void GoToFirstLetter(Spread& grid, int column, const std::string& key);
 
 // "3 of 12 records" in the first panel: the active row and the count.
 void ShowGridPosition(const Spread& grid, StatusBar& bar);
+// The same, and in the second panel how much is typed and not saved ("3 counts not saved") before
+// the whole texts of the active row's `told` columns.
+void ShowGridRow(const Spread& grid, StatusBar& bar, const std::vector<int>& told,
+                 const std::string& typed = "row");
+// What a load took away that was typed and not saved; "" when that is nothing.
+std::string NotSaved(int typedRows, const std::string& typed);
+// "1 part", "12 parts".
+std::string CountOf(int count, const std::string& thing);
 
 // Read-only as a whole, also for rows that come later.
 void LockGrid(Spread& grid);

@@ -40,6 +40,16 @@ void ItemDetailScreen::OpenPart(const std::string& number) {
   app_.screens.ShowModal(*this);
 }
 
+void ItemDetailScreen::SetDirty(bool dirty) {
+  if (dirty == itemDirty_) return;
+  itemDirty_ = dirty;
+  Say(dirty ? "Changes are not saved" : "");
+}
+
+std::string ItemDetailScreen::SavedText() const {
+  return "Part " + Trim(i_num.Text()) + " saved";
+}
+
 void ItemDetailScreen::Prepare() {
   BlankFormulas();
 }
@@ -52,10 +62,11 @@ void ItemDetailScreen::BlankFormulas() {
 void ItemDetailScreen::EndVisit() {
   // The next part that is opened is no new one, and its load no change.
   itemLoaded_ = newItem_ = false;
+  Say("");
 }
 
 void ItemDetailScreen::WatchChanges() {
-  const auto changed = [this] { itemDirty_ = true; };
+  const auto changed = [this] { SetDirty(true); };
   for (TextBox* box :
        {&BarCodeScanId, &desc, &hi_qty, &hp_cost_per, &hu_qty, &i_num, &notes, &optimal, &Price1,
         &Price2, &Price3, &qty_on_hand, &re_order, &v_id1, &v_id2, &v_id3})
@@ -67,11 +78,11 @@ void ItemDetailScreen::WatchChanges() {
   for (OptionButton* option : {&active_i, &n_active_i, &rbCII, &rbNCII}) option->Click = changed;
   for (OptionButton* option : {&VendorOpt1, &VendorOpt2, &VendorOpt3})
     option->Click = [this] {
-      itemDirty_ = true;
+      SetDirty(true);
       RefreshVendorColor();
     };
   iname.Change = [this] {
-    itemDirty_ = true;
+    SetDirty(true);
     ShowName();
   };
   hu_cost_per.Change = [this] {
@@ -161,7 +172,7 @@ void ItemDetailScreen::UseVendorPrice() {
     return;
   hp_cost_per.Text = Str(price);
   LeaveCost();
-  itemDirty_ = true;
+  SetDirty(true);
 }
 
 bool ItemDetailScreen::CaptionSaysNew() const {
@@ -177,7 +188,7 @@ void ItemDetailScreen::SaveAndLock() {
 
 void ItemDetailScreen::SelectImage() {
   try {
-    if (SelectPicture(*this, app_.desktop)) itemDirty_ = true;
+    if (SelectPicture(*this, app_.desktop)) SetDirty(true);
   } catch (const RunTimeError& error) {
     Inform(Str(error.Number) + " " + error.Description);
   }
@@ -185,7 +196,7 @@ void ItemDetailScreen::SelectImage() {
 
 void ItemDetailScreen::RemoveImage() {
   ShowPicture(*this, "");
-  itemDirty_ = true;
+  SetDirty(true);
 }
 
 void ItemDetailScreen::PrintReport() {
@@ -205,7 +216,7 @@ void ItemDetailScreen::PrintReport() {
 void ItemDetailScreen::Leave() {
   if (itemDirty_ && AskYesNo("Changes have been made.  Save before exiting?")) {
     SaveItem();
-    itemDirty_ = false;
+    SetDirty(false);
   }
   Exit();
 }
@@ -216,7 +227,7 @@ void ItemDetailScreen::ChangeNumber() {
   if (missing_) return Inform("Change not made.");
   if (itemDirty_) {
     SaveItem();
-    itemDirty_ = false;
+    SetDirty(false);
   }
   const auto answer = app_.desktop.InputBox(differences_.askForNumber, "Change inventory part #");
   const std::string number = Trim(Left(answer.value_or(""), kLongestPartNumber));

@@ -57,6 +57,7 @@ class ItemDetailScreen : public KviScreen, public WorkingItem {
   ActionLabel print_lab{*this, "print_lab", "Prin&t"};
   ActionLabel sprint_lab{*this, "sprint_lab", "Screen p&rint"};
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
+  StatusBar StatusBar1{*this, "StatusBar1", 2};
   Button btnCID{*this, "btnCID", "change"};
   Button cmdAddOnHand{*this, "cmdAddOnHand", "+"};
   Button cmdMinusOnHand{*this, "cmdMinusOnHand", "-"};
@@ -78,6 +79,8 @@ class ItemDetailScreen : public KviScreen, public WorkingItem {
 
  private:
   void WatchChanges();
+  void SetDirty(bool dirty);
+  std::string SavedText() const;
   void HandleActions();
   void HandleLostFocus();
   void CutWhenLeft(ComboBox& combo, bool isUnit);

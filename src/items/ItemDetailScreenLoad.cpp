@@ -17,8 +17,8 @@ namespace {
 
 // Nothing of what a step itself writes is an edit, however its load ends.
 struct EndsUnchanged {
-  bool& dirty;
-  ~EndsUnchanged() { dirty = false; }
+  std::function<void()> end;
+  ~EndsUnchanged() { end(); }
 };
 
 }  // namespace
@@ -71,7 +71,7 @@ bool ItemDetailScreen::ShowRow(const jet::Recordset& row, const LoadStatements& 
   ShowName();
   run([&] { ShowPartGroups(); });
   run([&] { Recalc(); });
-  itemDirty_ = false;
+  SetDirty(false);
   TakeAsLoaded();
   return true;
 }
@@ -107,7 +107,7 @@ void ItemDetailScreen::ShowNothing() {
   for (int n = 1; n <= kVendors; ++n) VendorOf(n).VendorOpt.Value = false;
   BlankFormulas();
   RecipeList.Clear();
-  itemDirty_ = false;
+  SetDirty(false);
   missing_ = true;
 }
 
@@ -117,19 +117,23 @@ void ItemDetailScreen::ShowPartGroups() {
 }
 
 void ItemDetailScreen::StepItem(int direction) {
+  std::string saved;
   if (itemDirty_) {
     SaveItem();
-    itemDirty_ = false;
+    if (!itemDirty_) saved = SavedText();
+    SetDirty(false);
   }
   Spread& grid = app_.Get<KVI_InventorySummary>().Spread1;
   const int row = grid.ActiveRow();
   if (direction > 0 && row >= grid.MaxRows()) return Inform("Already at end of recordset");
   if (direction < 0 && row <= 1) return Inform(differences_.atFirstPart);
-  const EndsUnchanged loading{itemDirty_};
+  const EndsUnchanged loading{[this] { SetDirty(false); }};
   i_num.Text = grid.Text(row + direction, KVI_InventorySummary::kNumberColumn);
   GoToRow(grid, row + direction);
   LoadItemRecord();
   ShowName();
+  SetDirty(false);
+  if (!saved.empty()) Say(saved);
 }
 
 void ItemDetailScreen::BlankFields() {
@@ -175,7 +179,7 @@ void ItemDetailScreen::AddItem() {
   }
   newItem_ = true;
   ClearItemFields();
-  itemDirty_ = false;
+  SetDirty(false);
   RecipeList.Clear();
   i_num.Locked = false;
   btnCID.Enabled = false;

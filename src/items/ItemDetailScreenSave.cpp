@@ -32,8 +32,9 @@ void ItemDetailScreen::SaveItem() {
   });
   if (!wanted) return;
   if (end == SaveEnd::Saved) {
-    itemDirty_ = false;
+    SetDirty(false);
     newItem_ = false;
+    Say(SavedText());
     return;
   }
   if (app_.ItemSet.IsOpen()) app_.ItemSet.CancelUpdate();

@@ -103,6 +103,9 @@ void KVI_InventorySummary::HandleEvents() {
   m_f_exit.Click = [this] { exit_is(); };
   Spread1.DblClick = [this](int row, int) { OpenItem(row); };
   Spread1.ActiveCellChanged = [this] { ShowPosition(); };
+  Spread1.HeadingClick = [this](int col) { ChooseSortOfColumn(SortCombo, col); };
+  Spread1.RowActions = {&duplicate, &remove, &find_lab, &print_lab};
+  Spread1.KeptCols = {kNameColumn, kNumberColumn};
 }
 
 void KVI_InventorySummary::Prepare() {
@@ -134,6 +137,7 @@ void KVI_InventorySummary::Activate() {
   const int row = std::max(Spread1.ActiveRow(), 1);
   GoToFirstCell(Spread1);
   Spread1.SetMaxRows(0);
+  Spread1.EmptyText = "Press Refresh to see the list.";
   ShowRefreshMode();
   if (AutoRefresh.Value) LoadItemGrid();
   ShadeGridRows(Spread1, app_.UseColors);
@@ -161,6 +165,10 @@ void KVI_InventorySummary::FillFilter(ComboBox& combo, const std::string& table,
   combo.Text = combo.IndexOf(shown) < 0 ? all : shown;
 }
 
+bool KVI_InventorySummary::ShowsAll() const {
+  return app_.CurrentCategory == kAllCategories && VendorCombo.Text() == kAllVendors;
+}
+
 std::string KVI_InventorySummary::Query() const {
   std::string sql =
       std::string("SELECT * FROM I_Master WHERE ") + " Pcenter = " + Str(app_.CurrentProfitCenter);
@@ -182,6 +190,8 @@ void KVI_InventorySummary::LoadItemGrid() {
     // The rows filled so far stay, and no message comes.
   }
   ShadeGridRows(Spread1, app_.UseColors);
+  Spread1.MarkSorted(ColumnOfSortChoice(SortCombo.Text));
+  Spread1.EmptyText = ShowsAll() ? "No parts yet. Press New." : "No parts pass the filters.";
   // (None is, behind an empty list.)
   if (Spread1.ActiveRow() < 1) GoToFirstCell(Spread1);
   ShowPosition();
@@ -214,7 +224,7 @@ void KVI_InventorySummary::ShowRefreshMode() {
 }
 
 void KVI_InventorySummary::ShowPosition() {
-  ShowGridPosition(Spread1, StatusBar1);
+  ShowGridRow(Spread1, StatusBar1, {kNameColumn, kNumberColumn, kDescriptionColumn});
 }
 
 void KVI_InventorySummary::FindItem() {

@@ -14,6 +14,7 @@ class KVI_InventorySummary : public KviScreen {
   // Every action that takes a part from the grid reads this column.
   static constexpr int kNumberColumn = 4;
   static constexpr int kNameColumn = 1;
+  static constexpr int kDescriptionColumn = 5;
 
   explicit KVI_InventorySummary(Application& app);
 
@@ -42,7 +43,7 @@ class KVI_InventorySummary : public KviScreen {
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
   Label Label2{*this, "Label2"};
   Spread Spread1{*this, "Spread1"};
-  StatusBar StatusBar1{*this, "StatusBar1"};
+  StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_export{m_file, "m_export", "Export to spreadsheet"};
   MenuItem m_f_exit{m_file, "m_f_exit", "E&xit this screen"};
@@ -53,6 +54,7 @@ class KVI_InventorySummary : public KviScreen {
  private:
   void HandleEvents();
   std::string Query() const;
+  bool ShowsAll() const;
   void FillGrid();
   void FillFilters();
   void FillFilter(ComboBox& combo, const std::string& table, const std::string& all,
@@ -65,6 +67,7 @@ class KVI_InventorySummary : public KviScreen {
   // The layout of the detail screen that the preferences choose.
   ItemDetailScreen& DetailScreen();
   void OpenItem(int row);
+  void GoToPart(const std::string& number);
   void NewItem();
   void DuplicateActive();
   void RemoveActive();

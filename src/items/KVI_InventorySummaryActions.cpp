@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "base/Number.h"
+#include "base/Text.h"
 #include "frame/StrgSubs.h"
 #include "grids/SprdSubs.h"
 #include "items/DuplicateItem.h"
@@ -43,6 +44,13 @@ void KVI_InventorySummary::NewItem() {
   }
   app_.screens.ShowModal(DetailScreen());
   if (AutoRefresh.Value) LoadItemGrid();
+  GoToPart(Trim(DetailScreen().i_num.Text()));
+}
+
+// The list stands on the part that was just added; one that was not saved is not in it.
+void KVI_InventorySummary::GoToPart(const std::string& number) {
+  for (int row = 1; !number.empty() && row <= Spread1.MaxRows(); ++row)
+    if (Trim(Spread1.Text(row, kNumberColumn)) == number) return GoToRow(Spread1, row);
 }
 
 // The name tells a duplicate here, while the number tells whether one stands already.
@@ -65,6 +73,8 @@ void KVI_InventorySummary::RemoveActive() {
   if (!MayWrite()) return;
   const int row = Spread1.ActiveRow();
   if (row < 1) return Inform("Cannot remove. No records were selected.");
+  // Which one it is stands below while the question does.
+  ShowPosition();
   if (!AskToRemove("Are you sure you want to remove this item?", "- Remove")) return;
   if (!RemoveItem(Spread1.Text(row, kNumberColumn))) return;
   ReopenItemSet();

@@ -71,8 +71,19 @@ void KVI_OrderSystem::HandleEvents() {
   m_export.Click = [this] {
     ExportGridToSpreadsheet(Spread1, app_.SpreadsheetPath, app_.ProgramFolder, app_.desktop);
   };
-  Spread1.CellEdited = [this](int, int) { changed_ = true; };
-  Spread1.ActiveCellChanged = [this] { ShowGridPosition(Spread1, StatusBar1); };
+  Spread1.CellEdited = [this](int, int) {
+    changed_ = true;
+    ShowPosition();
+  };
+  Spread1.ActiveCellChanged = [this] { ShowPosition(); };
+  Spread1.HeadingClick = [this](int col) {
+    AskToSaveTyped();
+    ChooseSortOfColumn(SortCombo, col);
+  };
+  Spread1.RowActions = {&ut, &print_lab};
+  Spread1.KeptCols = {kNameColumn, kNumberColumn};
+  Spread1.EntryCol = kQuantityColumn;
+  Spread1.EmptyText = "No parts to order. Choose another vendor, or show all items.";
   Spread1.KeyPress = [this](int, int col, const std::string& key) {
     if (col < kParColumn && TakesFirstLetter(Spread1.Text(0, col)))
       GoToFirstLetter(Spread1, col, key);
@@ -182,8 +193,16 @@ void KVI_OrderSystem::ShowList() {
     OpenSavedOrder();
 }
 
+void KVI_OrderSystem::ShowPosition() {
+  ShowGridRow(Spread1, StatusBar1, {kNameColumn, kNumberColumn, kDescriptionColumn}, "line");
+}
+
 void KVI_OrderSystem::LeaveGrid() {
-  if (!changed_ || IsActionOrMenu(FocusGoesTo())) return;
+  if (!IsActionOrMenu(FocusGoesTo())) AskToSaveTyped();
+}
+
+void KVI_OrderSystem::AskToSaveTyped() {
+  if (!changed_) return;
   if (AskYesNo("Changes have been made to the spreadsheet.  Do you wish to save now?\nContinue?"))
     save_changes();
   changed_ = false;

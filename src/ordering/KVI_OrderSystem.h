@@ -16,7 +16,9 @@ namespace kvi {
 class KVI_OrderSystem : public KviScreen {
  public:
   // Columns of the grid. The entry columns are the tenth, and on a receipt the eleventh too.
+  static constexpr int kNameColumn = 1;
   static constexpr int kNumberColumn = 4;
+  static constexpr int kDescriptionColumn = 5;
   static constexpr int kParColumn = 7;
   static constexpr int kReOrderColumn = 8;
   static constexpr int kLevelColumn = 9;
@@ -56,7 +58,7 @@ class KVI_OrderSystem : public KviScreen {
   ActionLabel print_lab{*this, "print_lab", "&Print"};
   ActionLabel ei{*this, "ei", "&Enter invoices"};
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
-  StatusBar StatusBar1{*this, "StatusBar1"};
+  StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_export{m_file, "m_export", "Export to spreadsheet"};
   MenuItem m_f_exit{m_file, "m_f_exit", "E&xit this screen"};
@@ -86,6 +88,8 @@ class KVI_OrderSystem : public KviScreen {
   void ShowList();
   // Asks about typed cells when the keyboard goes on to other fields.
   void LeaveGrid();
+  void AskToSaveTyped();
+  void ShowPosition();
   void ChangeQuantities(const std::function<std::string(int row)>& quantity);
   void AdjustQuantities();
   void UpdateTotal();
@@ -118,9 +122,8 @@ class KVI_OrderSystem : public KviScreen {
   bool ReceiveRow(int row);
   std::string TransactionName() const;
 
-  jet::Recordset opened_;   // stands on the order whose lines are shown
-  bool settingUp_ = false;  // lists are being filled, not chosen from
-  bool changed_ = false;    // a cell was edited since the last load
+  jet::Recordset opened_;  // stands on the order whose lines are shown
+  bool changed_ = false;   // a cell was edited since the last load
 };
 
 }  // namespace kvi

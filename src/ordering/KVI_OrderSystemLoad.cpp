@@ -61,6 +61,7 @@ void KVI_OrderSystem::OpenSavedOrder() {
 // again would fail for ever (a vendor with a quote, kept from one start to the next), so the grid
 // is left as far as it is filled, with no vendor chosen.
 void KVI_OrderSystem::Load(const std::function<void()>& load) {
+  const std::string lost = NotSaved(Spread1.TypedRows(), "line");
   for (int failedWith = 0;;) {
     try {
       load();
@@ -75,7 +76,8 @@ void KVI_OrderSystem::Load(const std::function<void()>& load) {
     }
   }
   changed_ = false;
-  ShowGridPosition(Spread1, StatusBar1);
+  ShowPosition();
+  if (!lost.empty()) Say(lost);
 }
 
 void KVI_OrderSystem::ForgetVendor() {
@@ -93,6 +95,7 @@ void KVI_OrderSystem::FillGrid(const OrderLines* order) {
   if (!OpenItems()) return Spread1.SetMaxRows(0);
   const std::vector<int> low = FillRows(order);
   LockColumns();
+  Spread1.MarkSorted(ColumnOfSortChoice(SortCombo.Text));
   ShadeGridRows(Spread1, app_.UseColors);
   for (const int row : low) Spread1.SetBackColor(Block::Cell(row, kLevelColumn), kBrightRed);
   PaintOrderInputColumns();
@@ -170,7 +173,9 @@ void KVI_OrderSystem::FillOrdered(int row, const OrderLine* line) {
 
 void KVI_OrderSystem::LockColumns() {
   Spread1.SetLock(Block::All(), true);
-  Spread1.SetLock({1, kQuantityColumn, -1, LastEntryColumn()}, false);
+  const Block entries{1, kQuantityColumn, -1, LastEntryColumn()};
+  Spread1.SetLock(entries, false);
+  Spread1.SetKind(entries, CellKind::Number);
 }
 
 void KVI_OrderSystem::PaintOrderInputColumns() {

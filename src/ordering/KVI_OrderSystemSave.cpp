@@ -60,6 +60,7 @@ void KVI_OrderSystem::SaveTemplate() {
                          [&] { WriteOrder(app_.CurrentDatabase, order); }))
       return;
     Inform("Order complete.", kTitle);
+    Spread1.ForgetTyping();
   }
   load_data();
 }
@@ -84,6 +85,7 @@ void KVI_OrderSystem::ReceiveOrder() {
   bool partChanged = false;
   if (!BookOrder(partChanged)) return;
   changed_ = false;
+  Spread1.ForgetTyping();
   if (partChanged && AskYesNo("You made a change to one or more item(s).  Should we update the "
                               "part groups?",
                               "Speedy Update"))

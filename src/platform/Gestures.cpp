@@ -175,6 +175,16 @@ bool Gestures::Paste(Spread& grid, const std::string& text) {
   return Do(grid, [&] { grid.PasteText(grid.ActiveRow(), grid.ActiveCol(), text); });
 }
 
+bool Gestures::ClearCells(Spread& grid, const std::vector<Block>& blocks) {
+  return Do(grid, [&] { grid.TypeNothing(blocks); });
+}
+
+bool Gestures::Undo(Spread& grid) {
+  bool undone = false;
+  Do(grid, [&] { undone = grid.Undo(); });
+  return undone;
+}
+
 void Gestures::CloseWindow(Screen& screen) {
   if (stack_.Top() != &screen) return;
   Away(screen, nullptr, [&] { stack_.CloseByUser(screen); });

@@ -16,6 +16,7 @@ class OptionButton;
 class Screen;
 class ScreenStack;
 class Spread;
+struct Block;
 class TabStrip;
 class TextBox;
 struct Block;
@@ -59,6 +60,8 @@ class Gestures {
   bool ClickHeading(Spread& grid, int col);
   bool AdvancePastLastCell(Spread& grid);
   bool Paste(Spread& grid, const std::string& text);
+  bool ClearCells(Spread& grid, const std::vector<Block>& blocks);
+  bool Undo(Spread& grid);
 
   // By the window's own box: the field is left, then the screen exits.
   void CloseWindow(Screen& screen);

@@ -44,6 +44,14 @@ void Screen::CloseScreen() {
   if (stack_ != nullptr) stack_->Unload(*this);
 }
 
+void Screen::Say(const std::string& text) {
+  for (Control* control : controls_) {
+    if (control->Kind() != ControlKind::StatusBar) continue;
+    auto& bar = static_cast<StatusBar&>(*control);
+    if (bar.PanelCount() > 1) bar.SetPanelText(2, text);
+  }
+}
+
 void Screen::CenterForm() {
   if (view_ != nullptr) view_->Center();
 }

@@ -70,6 +70,10 @@ class Screen {
   void clear_labels();
   virtual int RestingColor() const { return kWhite; }
 
+  // Tells something in the second panel of the status bar, until something else is told there. A
+  // screen without one tells nothing.
+  void Say(const std::string& text);
+
   // Puts the window in the middle of the display.
   void CenterForm();
 

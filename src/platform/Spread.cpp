@@ -37,6 +37,7 @@ Spread::~Spread() = default;
 void Spread::SetMaxRows(int rows) {
   if (rows < 0) throw RunTimeError(380);
   if (rows == MaxRows()) return;
+  if (rows < MaxRows()) typing_.Clear();
   rows_.resize(At(rows) + 1);
   RowsChanged();
 }
@@ -79,6 +80,7 @@ const std::string& Spread::Text(int row, int col) const {
 
 void Spread::SetText(int row, int col, std::string text) {
   CheckCell(row, col);
+  if (!isTyping_ && Peek(row) != nullptr) typing_.ForgetCell(Peek(row), col);
   if (text == Text(row, col)) return;
   auto& texts = Make(row).texts;
   if (texts.size() < At(col)) {
@@ -91,6 +93,7 @@ void Spread::SetText(int row, int col, std::string text) {
 
 void Spread::ClearText(Block block) {
   const Block cells = Resolved(block);
+  typing_.Clear();
   for (int row = cells.row; row <= cells.row2; ++row) {
     if (Peek(row) == nullptr) continue;
     auto& texts = Make(row).texts;
@@ -131,6 +134,7 @@ void Spread::InsertRow(int row) {
 
 void Spread::DeleteRow(int row) {
   if (row < 1 || row > MaxRows()) throw RunTimeError(381);
+  typing_.ForgetRow(Peek(row));
   rows_.erase(rows_.begin() + row);
   RowsChanged();
 }
@@ -187,6 +191,12 @@ void Spread::GoToCell(int row, int col) {
   Row = row;
   Col = col;
   SetActiveCell(row, col);
+}
+
+void Spread::MarkSorted(int col) {
+  if (col == sortedCol_) return;
+  sortedCol_ = col;
+  Tell(Property::Cells);
 }
 
 void Spread::RowsChanged() {

@@ -4,14 +4,18 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/CellFormat.h"
 #include "platform/Control.h"
+#include "platform/TypingJournal.h"
 
 namespace kvi {
+
+class ActionLabel;
 
 // A block of cells. Row 0 is the headings; -1 as the second corner means the last one.
 struct Block {
@@ -95,22 +99,40 @@ class Spread : public Control {
   void SetSelectedBlocks(std::vector<Block> blocks);
 
   // The user's typing: cuts the text to the cell's length and fires CellEdited when that changes
-  // the cell. False when the cell takes it not: locked, static, no choice of its list, or no amount
-  // in a Float.
+  // the cell. False when the cell takes it not: locked, static, no choice of its list, no amount in
+  // a Float, or nothing that Val reads whole in a Number; the screen says what was not understood.
   bool TypeText(int row, int col, const std::string& text);
   // Whether the user can type into the cell at all.
   bool TakesTyping(int row, int col) const;
+  // The next cell in reading order, behind (step 1) or before (step -1) the one given, that shows
+  // and can be typed into; nothing when there is none.
+  std::optional<std::pair<int, int>> NextTyped(int row, int col, int step) const;
   // Tab-separated text of a block's visible columns, lines ended by "\n"; and its inverse from a
   // cell on, which types each text, passes over what cannot be typed and stays inside of the grid.
   std::string BlockText(Block block) const;
   void PasteText(int row, int col, const std::string& text);
+  // Empties the cells of the blocks that can be typed into.
+  void TypeNothing(const std::vector<Block>& blocks);
+  // Takes back what was last typed, pasted or emptied, as if it were typed again; false when there
+  // is nothing. Texts that the code put over typed ones stay.
+  bool Undo();
+  // The rows that hold something typed since the last ClearText of all, or ForgetTyping.
+  int TypedRows() const { return typing_.RowCount(); }
+  void ForgetTyping() { typing_.Clear(); }
 
   // False stops painting during bulk work: the view is told nothing, until each false has met its
   // true; then it is told once.
   bool ReDraw() const { return paintingOff_ == 0; }
   void SetReDraw(bool on);
 
+  // What the view does with the grid by itself.
+  int EntryCol = 0;                      // takes a digit typed on a cell that is not typed into
   std::vector<int> KeptCols;             // stay in view while the grid scrolls sideways
+  std::vector<ActionLabel*> RowActions;  // offered for the active row
+  std::string EmptyText;                 // what to do, where there are no rows
+  // Marks the heading of the column that the rows are sorted by; 0 marks none.
+  void MarkSorted(int col);
+  int SortedCol() const { return sortedCol_; }
 
   std::function<void(int row, int col)> DblClick;  // row 0 is a heading
   std::function<void(int col)> HeadingClick;
@@ -142,6 +164,12 @@ class Spread : public Control {
   RowData& Make(int row);
   void SortRows(int keyCol, bool ascending, const std::function<int(int, int)>& order);
   void RowsChanged();
+  enum class Typed { Taken, Locked, NotUnderstood };
+  Typed Type(int row, int col, const std::string& text);
+  std::optional<std::string> Understood(int row, int col, const std::string& text) const;
+  void TypeOver(int row, int col, std::string text);
+  bool HasOwnFormats(int row) const;
+  int RowOf(const void* data) const;
   void Tell(Property property);
 
   int maxCols_ = 0;
@@ -152,6 +180,9 @@ class Spread : public Control {
   std::uint32_t columnSettings_ = 1;
   std::vector<Block> selection_;
   int activeRow_ = 0, activeCol_ = 1;
+  int sortedCol_ = 0;
+  TypingJournal typing_;
+  bool isTyping_ = false;  // else a text is the code's own
   int paintingOff_ = 0;
   bool staleCells_ = false, staleActiveCell_ = false;
   std::uint64_t revision_ = 0;

@@ -1,8 +1,10 @@
 #include <algorithm>
 
+#include "base/Flag.h"
 #include "base/Format.h"
 #include "base/Number.h"
 #include "base/Text.h"
+#include "platform/Screen.h"
 #include "platform/Spread.h"
 
 namespace kvi {
@@ -71,21 +73,105 @@ bool Spread::TakesTyping(int row, int col) const {
   return !format.Lock && format.Kind != CellKind::Static;
 }
 
-bool Spread::TypeText(int row, int col, const std::string& text) {
-  if (!TakesTyping(row, col)) return false;
+bool Spread::HasOwnFormats(int row) const {
+  const RowData* data = Peek(row);
+  return data != nullptr &&
+         (!data->cells.empty() || data->whole.lock.when > 0 || data->whole.kind.when > 0);
+}
+
+// Rows without formats of their own are passed in the steps of their columns' formats, which are
+// asked for once: a list that only shows may be long.
+std::optional<std::pair<int, int>> Spread::NextTyped(int row, int col, int step) const {
+  std::vector<bool> shown(At(maxCols_) + 1), typedByColumn(shown.size());
+  bool anyTyped = false;
+  for (int c = 1; c <= maxCols_; ++c) {
+    const FormatPatch& column = columns_[At(c)];
+    shown[At(c)] = ColWidth(c) > 0;
+    typedByColumn[At(c)] =
+        shown[At(c)] && !column.lock.value && column.kind.value != CellKind::Static;
+    anyTyped |= typedByColumn[At(c)];
+  }
+  for (; row >= 1 && row <= MaxRows(); row += step, col = step > 0 ? 0 : maxCols_ + 1) {
+    const bool own = HasOwnFormats(row);
+    if (!own && !anyTyped) continue;
+    for (int c = col + step; c >= 1 && c <= maxCols_; c += step)
+      if (own ? shown[At(c)] && TakesTyping(row, c) : typedByColumn[At(c)])
+        return std::pair(row, c);
+  }
+  return std::nullopt;
+}
+
+// The text as its cell keeps it; nothing when it means nothing there. A blank is understood
+// everywhere.
+std::optional<std::string> Spread::Understood(int row, int col, const std::string& text) const {
   const CellFormat format = Format(row, col);
-  if (format.Kind == CellKind::List && !std::ranges::count(Choices(col), text)) return false;
   const auto length = static_cast<std::size_t>(format.TypeEditLen);
   std::string typed = length > 0 ? Left(text, length) : text;
-  if (format.Kind == CellKind::Float && !Trim(typed).empty()) {
+  if (format.Kind == CellKind::List && !std::ranges::count(Choices(col), text)) return std::nullopt;
+  if (Trim(typed).empty()) return typed;
+  if (format.Kind == CellKind::Number && !IsReadWhole(typed)) return std::nullopt;
+  if (format.Kind == CellKind::Float) {
     const auto amount = TypedNumber(typed);
-    if (!amount) return false;
+    if (!amount) return std::nullopt;
     typed = kvi::Format(*amount, "###0.00");
   }
-  if (typed == Text(row, col)) return true;
-  SetText(row, col, typed);
+  return typed;
+}
+
+void Spread::TypeOver(int row, int col, std::string text) {
+  const Flag typing(isTyping_);
+  SetText(row, col, std::move(text));
   if (CellEdited) CellEdited(row, col);
-  return true;
+}
+
+Spread::Typed Spread::Type(int row, int col, const std::string& text) {
+  if (!TakesTyping(row, col)) return Typed::Locked;
+  auto typed = Understood(row, col, text);
+  if (!typed) return Typed::NotUnderstood;
+  if (*typed == Text(row, col)) return Typed::Taken;
+  typing_.Note(&Make(row), col, Text(row, col));
+  TypeOver(row, col, *std::move(typed));
+  return Typed::Taken;
+}
+
+bool Spread::TypeText(int row, int col, const std::string& text) {
+  typing_.BeginGesture();
+  const Typed typed = Type(row, col, text);
+  if (typed == Typed::NotUnderstood) {
+    const std::string kept = Trim(Text(row, col));
+    Owner().Say("\"" + text + "\" is not understood here" +
+                (kept.empty() ? "." : "; \"" + kept + "\" is kept."));
+  }
+  return typed == Typed::Taken;
+}
+
+void Spread::TypeNothing(const std::vector<Block>& blocks) {
+  typing_.BeginGesture();
+  for (const Block& block : blocks) {
+    const Block cells = Resolved(block);
+    for (int row = cells.row; row <= cells.row2; ++row)
+      for (int col = cells.col; col <= cells.col2; ++col) Type(row, col, "");
+  }
+}
+
+int Spread::RowOf(const void* data) const {
+  for (int row = 1; row <= MaxRows(); ++row)
+    if (Peek(row) == data) return row;
+  return 0;
+}
+
+bool Spread::Undo() {
+  const auto changes = typing_.TakeLast();
+  const int load = typing_.Load();
+  for (const TypingJournal::Change& change : changes) {
+    // A handler may have loaded the grid again.
+    if (load != typing_.Load()) break;
+    const int row = RowOf(change.row);
+    if (!TakesTyping(row, change.col)) continue;
+    TypeOver(row, change.col, change.before);
+    GoToCell(row, change.col);
+  }
+  return !changes.empty();
 }
 
 std::string Spread::BlockText(Block block) const {
@@ -105,14 +191,20 @@ std::string Spread::BlockText(Block block) const {
 }
 
 void Spread::PasteText(int row, int col, const std::string& text) {
+  typing_.BeginGesture();
+  std::vector<std::string> notUnderstood;
   for (const std::string& line : Lines(text)) {
     int at = col;
     for (const std::string& piece : Split(line, '\t')) {
       while (at <= maxCols_ && ColWidth(at) == 0) ++at;
-      TypeText(row, at++, piece);
+      if (Type(row, at++, piece) == Typed::NotUnderstood) notUnderstood.push_back(piece);
     }
     ++row;
   }
+  if (!notUnderstood.empty())
+    Owner().Say(Str(static_cast<int>(notUnderstood.size())) +
+                " pasted texts are not understood, the first is \"" + notUnderstood.front() +
+                "\"; what stood there is kept.");
 }
 
 }  // namespace kvi

@@ -61,7 +61,11 @@ KVI_Invoice::KVI_Invoice(Application& app)
   Spread1.CellEdited = [this](int row, int col) {
     changed_ = true;
     if (col == kDate || col == kDueDate) ShowDate(row, col);
+    ShowPosition();
   };
+  Spread1.ActiveCellChanged = [this] { ShowPosition(); };
+  Spread1.RowActions = {&new_lab, &remove, &print_lab};
+  Spread1.EmptyText = "No invoices yet. Press New.";
   new_lab.Click = [this] { AddInvoice(); };
   save.Click = [this] { save_changes(); };
   remove.Click = [this] { RemoveActive(); };
@@ -124,8 +128,13 @@ void KVI_Invoice::load_data() {
     changed_ = false;
     loaded_ = true;
   }
+  ShowPosition();
   if (Spread1.MaxRows() == 0)
     Inform("No invoices in the system.  Click on the 'new' menu option to add a new invoices.");
+}
+
+void KVI_Invoice::ShowPosition() {
+  ShowGridRow(Spread1, StatusBar1, {kVendor, kNumber}, "invoice");
 }
 
 bool KVI_Invoice::MayWrite() {
@@ -148,6 +157,8 @@ bool KVI_Invoice::save_changes() {
   for (int row = 1; row <= Spread1.MaxRows(); ++row) CompleteRow(row);
   if (!WriteTable()) return false;
   changed_ = false;
+  Spread1.ForgetTyping();
+  Say(CountOf(Spread1.MaxRows(), "invoice") + " saved");
   return true;
 }
 
@@ -223,6 +234,7 @@ void KVI_Invoice::RemoveActive() {
   if (Spread1.ActiveRow() < 1) return;
   if (!SaveIfWanted("Spreadsheet changes have been made.  Save before deleting current record?"))
     return;
+  ShowPosition();
   if (!AskToRemove("Are you sure you want to remove this 'Invoice?'?", "Invoices")) return;
   Spread1.DeleteRow(Spread1.ActiveRow());
   changed_ = true;

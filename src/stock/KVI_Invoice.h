@@ -24,6 +24,7 @@ class KVI_Invoice : public KviScreen {
   ActionLabel remove{*this, "remove", "&Remove"};
   ActionLabel print_lab{*this, "print_lab", "&Print"};
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
+  StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem M_export{m_file, "M_export", "Export to spreadsheet"};
   MenuItem m_exit{m_file, "m_exit", "E&xit this screen"};
@@ -37,6 +38,7 @@ class KVI_Invoice : public KviScreen {
  private:
   std::string Query() const;
   void load_data();
+  void ShowPosition();
   bool MayWrite();
   // False when the save was wanted and failed, so that what was typed must not be lost; a refusal
   // for want of the write right is none.

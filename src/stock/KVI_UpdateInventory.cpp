@@ -55,7 +55,14 @@ void KVI_UpdateInventory::HandleEvents() {
   m_export.Click = [this] {
     ExportGridToSpreadsheet(Spread1, app_.SpreadsheetPath, app_.ProgramFolder, app_.desktop);
   };
-  Spread1.CellEdited = [this](int, int) { changed_ = true; };
+  Spread1.CellEdited = [this](int, int) {
+    changed_ = true;
+    ShowPosition();
+  };
+  Spread1.HeadingClick = [this](int col) { ChooseSortOfColumn(SortCombo, col); };
+  Spread1.RowActions = {&find_lab, &rv, &print_lab};
+  Spread1.KeptCols = {kNameColumn, kNumberColumn};
+  Spread1.EmptyText = "No parts to show. Choose \"Show all items\", or add parts in Inventory.";
   Spread1.ActiveCellChanged = [this] { ShowPosition(); };
   Spread1.KeyPress = [this](int, int col, const std::string& key) {
     if (col < kQuantityColumn && TakesFirstLetter(Spread1.Text(0, col)))
@@ -99,18 +106,21 @@ void KVI_UpdateInventory::ShowUnits() {
 }
 
 void KVI_UpdateInventory::ShowPosition() {
-  ShowGridPosition(Spread1, StatusBar1);
+  ShowGridRow(Spread1, StatusBar1, {kNameColumn, kNumberColumn, kDescriptionColumn}, Typed());
 }
 
 // What was typed on the other tab is gone without a question.
 void KVI_UpdateInventory::ShowTab(Tab tab) {
   if (tab == tab_) return;
+  const std::string lost = NotSaved(Spread1.TypedRows(), Typed());
   tab_ = tab;
   {
     const PaintingOff hidden(Spread1);
     SetUpTab();
+    Spread1.ForgetTyping();
   }
   LoadUpdateGrid();
+  if (!lost.empty()) Say(lost);
 }
 
 void KVI_UpdateInventory::SetUpTab() {
@@ -129,8 +139,10 @@ void KVI_UpdateInventory::SetupSpreadsheet() {
   const bool counting = tab_ == Tab::Count;
   const Block numbers{1, kQuantityColumn, -1, -1};
   Spread1.SetLock(numbers, true);
+  Spread1.SetKind(numbers, CellKind::Number);
   Spread1.SetAlign(numbers, CellAlign::Right);
   SetInputCells();
+  Spread1.EntryCol = counting ? kEntryColumn : kQuantityColumn;
   if (counting)
     for (const int col : {kDifferenceColumn, kPercentColumn})
       Spread1.SetColWidth(col, kNarrowVarianceWidth);
@@ -173,6 +185,7 @@ void KVI_UpdateInventory::SortByVariance(bool ascending) {
   Spread1.SetKind(variances, CellKind::Number);
   Spread1.SetAlign(variances, CellAlign::Right);
   Spread1.Sort(kPercentColumn, ascending);
+  Spread1.MarkSorted(kPercentColumn);
   ShadeGridRows(Spread1, app_.UseColors);
   for (int row = 1; row <= Spread1.MaxRows(); ++row) {
     Spread1.SetBackColor(Block::Cell(row, kQuantityColumn), kWhite);

@@ -12,7 +12,9 @@ namespace kvi {
 class KVI_UpdateInventory : public KviScreen {
  public:
   // Columns of the grid; what a row is counted or priced by is typed into the entry column.
+  static constexpr int kNameColumn = 1;
   static constexpr int kNumberColumn = 4;
+  static constexpr int kDescriptionColumn = 5;
   static constexpr int kUnitColumn = 6;
   static constexpr int kQuantityColumn = 7;
   static constexpr int kEntryColumn = 8;
@@ -52,7 +54,7 @@ class KVI_UpdateInventory : public KviScreen {
   ActionLabel find_lab{*this, "find_lab", "F&ind"};
   ActionLabel ei{*this, "ei", "&Enter invoices"};
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
-  StatusBar StatusBar1{*this, "StatusBar1"};
+  StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_export{m_file, "m_export", "Export to spreadsheet"};
   MenuItem m_f_exit{m_file, "m_f_exit", "E&xit this screen"};
@@ -66,6 +68,7 @@ class KVI_UpdateInventory : public KviScreen {
   void HandleEvents();
   void ShowUnits();
   void ShowPosition();
+  std::string Typed() const { return tab_ == Tab::Count ? "count" : "line"; }
   void ShowTab(Tab tab);
   void SetUpTab();
   void SetInputCells();

@@ -49,9 +49,11 @@ std::string KVI_UpdateInventory::Query() const {
 }
 
 void KVI_UpdateInventory::LoadUpdateGrid() {
+  const std::string lost = NotSaved(Spread1.TypedRows(), Typed());
   // (Said once the grid paints again.)
   if (!LoadRows() && app_.screens.IsShown("Main"))
     Inform("No items in the system.  Click on the '+' icon to add a new item.");
+  if (!lost.empty()) Say(lost);
 }
 
 // False when there is no part to list.
@@ -69,6 +71,7 @@ bool KVI_UpdateInventory::LoadRows() {
   FillGrid();
   ShadeGridRows(Spread1, app_.UseColors);
   SetupSpreadsheet();
+  Spread1.MarkSorted(ColumnOfSortChoice(SortCombo.Text));
   if (Spread1.ActiveRow() < 1) GoToFirstCell(Spread1);
   ShowPosition();
   return true;

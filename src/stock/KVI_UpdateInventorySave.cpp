@@ -2,6 +2,7 @@
 #include "base/Number.h"
 #include "base/Text.h"
 #include "frame/GENERAL.h"
+#include "grids/SprdSubs.h"
 #include "partgroups/UpdatePartGroupCosts.h"
 #include "security/CheckAccess.h"
 #include "stock/KVI_UpdateInventory.h"
@@ -33,6 +34,7 @@ void KVI_UpdateInventory::SaveUpdateGrid() {
   if (SaveRecord(app_.desktop, app_.CurrentDatabase, saveAll, alreadySaved) != SaveEnd::Saved)
     return;
   changed_ = false;
+  Spread1.ForgetTyping();
   if (tab_ == Tab::Count) {
     // The theoretical levels show what was saved, and the variances are gone.
     SetInputCells();
@@ -40,6 +42,7 @@ void KVI_UpdateInventory::SaveUpdateGrid() {
   } else {
     FinishPurchases(partChanged);
   }
+  Say(CountOf(saved, "part") + " saved");
 }
 
 std::string KVI_UpdateInventory::AlreadySaved(int rows) const {

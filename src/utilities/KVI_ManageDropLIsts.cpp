@@ -42,7 +42,12 @@ KVI_ManageDropLIsts::KVI_ManageDropLIsts(Application& app)
   PaperGoodsCombo.Change = [this] {
     if (Trim(PaperGoodsCombo.Text()).empty()) PaperGoodsCombo.Text = "Paper Goods";
   };
-  Spread1.CellEdited = [this](int, int) { changed_ = true; };
+  Spread1.CellEdited = [this](int, int) {
+    changed_ = true;
+    ShowGridRow(Spread1, StatusBar1, {}, "value");
+  };
+  Spread1.ActiveCellChanged = [this] { ShowGridRow(Spread1, StatusBar1, {1}, "value"); };
+  Spread1.RowActions = {&remove};
   Spread1.AdvancedPastLastCell = [this] { save_changes(); };
 }
 
@@ -98,9 +103,12 @@ bool KVI_ManageDropLIsts::save_changes() {
   jet::Database& database = app_.CurrentDatabase;
   const SaveEnd end = SaveRecord(
       app_.desktop, database, [&] { database.WriteAtOnce([&] { RewriteList(shown_->table); }); });
-  if (end == SaveEnd::Saved) changed_ = false;
   GoToFirstCell(Spread1);
-  return end == SaveEnd::Saved;
+  if (end != SaveEnd::Saved) return false;
+  changed_ = false;
+  Spread1.ForgetTyping();
+  Say("List saved");
+  return true;
 }
 
 void KVI_ManageDropLIsts::RewriteList(const std::string& table) {
@@ -124,6 +132,7 @@ bool KVI_ManageDropLIsts::SaveIfWanted() {
 
 void KVI_ManageDropLIsts::RemoveRow() {
   if (Spread1.ActiveRow() < 1) return;
+  ShowGridRow(Spread1, StatusBar1, {1}, "value");
   if (!AskToRemove("Are you sure you want to remove this row?", "Set Drop Info")) return;
   Spread1.DeleteRow(Spread1.ActiveRow());
   changed_ = true;
@@ -153,7 +162,8 @@ Layout KVI_ManageDropLIsts::Arrange() {
                  Actions({&Save, &remove, &sort_lab, &print_lab, &vendors, &exit_lab}),
                  Fill(Row({Column({Frame("List", Column(std::move(options))),
                                    Field("Category Name for Paper Goods", PaperGoodsCombo), Gap()}),
-                           Fill(Of(Spread1, 3.2, 5))}))});
+                           Fill(Column({Text("To add a value, type it into an empty line."),
+                                        Fill(Of(Spread1, 3.2, 5))}))}))});
 }
 
 }  // namespace kvi

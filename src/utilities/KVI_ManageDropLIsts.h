@@ -33,6 +33,7 @@ class KVI_ManageDropLIsts : public KviScreen {
   ActionLabel print_lab{*this, "print_lab", "&Print"};
   ActionLabel vendors{*this, "vendors", "&Vendors"};
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
+  StatusBar StatusBar1{*this, "StatusBar1", 2};
 
  protected:
   void Prepare() override;

@@ -72,12 +72,14 @@ TEST_F(GridTest, EnterInTheLastCellAdvancesPastIt) {
   EXPECT_EQ(sample.TakeLog(), "past");
 }
 
-TEST_F(GridTest, TabWalksThroughTypedCellsAndLeavesALockedOne) {
+TEST_F(GridTest, TabGoesFromTypedCellToTypedCellAndWithCtrlLeaves) {
   Press(Qt::Key_Tab);
   EXPECT_EQ(Where(), "1,3");
   Press(Qt::Key_Tab);
-  EXPECT_EQ(Where(), "2,1");
-  Press(Qt::Key_Tab);
+  EXPECT_EQ(Where(), "2,2");
+  Press(Qt::Key_Backtab);
+  EXPECT_EQ(Where(), "1,3");
+  Press(Qt::Key_Tab, Qt::ControlModifier);
   EXPECT_FALSE(Table().hasFocus());
   EXPECT_EQ(sample.TakeLog(), "leave grid");
 }
@@ -152,6 +154,7 @@ TEST_F(GridTest, TheSelectionIsHandedOverInBlocksAndCopiedAsText) {
 
 TEST_F(GridTest, ColumnWidthsAreTwipsBothWaysAndZeroHides) {
   QHeaderView& headings = *Table().horizontalHeader();
+  sample.grid.SetAlign(Block::Column(1), CellAlign::Right);
   sample.grid.SetColWidth(1, 1440);
   sample.grid.SetColWidth(2, 0);
   QCoreApplication::processEvents();
@@ -162,6 +165,51 @@ TEST_F(GridTest, ColumnWidthsAreTwipsBothWaysAndZeroHides) {
   sample.grid.SetColWidth(2, 720);
   QCoreApplication::processEvents();
   EXPECT_FALSE(headings.isSectionHidden(1));
+}
+
+TEST_F(GridTest, TextsTakeTheRoomToSpareAndNoStoredWidthChanges) {
+  QHeaderView& headings = *Table().horizontalHeader();
+  sample.grid.SetAlign(Block::Column(3), CellAlign::Right);
+  for (int col = 1; col <= 3; ++col) sample.grid.SetColWidth(col, 720.0 * col);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(headings.length(), Table().viewport()->width());
+  EXPECT_NEAR(headings.sectionSize(1), 2 * headings.sectionSize(0), 2);
+  EXPECT_EQ(sample.grid.ColWidth(1), 720);
+  headings.resizeSection(0, headings.sectionSize(0) * 2);
+  EXPECT_NEAR(sample.grid.ColWidth(1), 1440, 15);
+}
+
+TEST_F(GridTest, KeptColumnsStayInViewAndAreWhatTheMouseMeets) {
+  sample.grid.KeptCols = {1, 3};
+  for (int col = 1; col <= 3; ++col) sample.grid.SetColWidth(col, col == 2 ? 30000 : 1440);
+  QCoreApplication::processEvents();
+  // The second time for what the first one found to do.
+  QCoreApplication::processEvents();
+  sample.grid.SetActiveCell(1, 3);
+  const int width = Table().logicalDpiX();
+  EXPECT_LT(Table().columnViewportPosition(0), 0);
+  const auto cellAt = [&](int x) { return Table().indexAt({x, Table().rowHeight(0) / 2}); };
+  EXPECT_EQ(cellAt(width / 2).column(), 0);
+  EXPECT_EQ(cellAt(width + 2).column(), 1);
+  sample.grid.SetActiveCell(2, 2);
+  EXPECT_GE(Table().columnViewportPosition(1), width) << "not behind what stays";
+}
+
+TEST_F(GridTest, ADigitOnALockedCellIsTypedIntoTheEntryCellAndUndoTakesItBack) {
+  sample.grid.EntryCol = 3;
+  sample.grid.SetKind(Block::Column(3), CellKind::Number);
+  sample.grid.SetActiveCell(2, 1);
+  Type("12");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(sample.grid.Text(2, 3), "12");
+  EXPECT_EQ(Where(), "3,3");
+  Type("1,5");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(sample.grid.Text(3, 3), "3C");
+  Table().setFocus();
+  Press(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(sample.grid.Text(2, 3), "2C");
+  EXPECT_EQ(sample.TakeLog(), "edit 12, past, edit 2C");
 }
 
 TEST_F(GridTest, AHeadingClickSortsAndSelectsNothing) {

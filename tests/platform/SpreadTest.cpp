@@ -290,6 +290,47 @@ TEST_F(SpreadTest, TypingIsCutAndRefusedByTheCellsFormat) {
   EXPECT_EQ(grid.Text(1, 1), "code's own");
 }
 
+TEST_F(SpreadTest, UndoTakesTypingBackAGestureAtATimeWhereverItsRowWent) {
+  Fill({"1 2 3", "4 5 6", "7 8 9"});
+  grid.SetKind(Block::Column(3), CellKind::Number);
+  grid.CellEdited = [&](int row, int) { grid.SetText(row, 1, "edited"); };
+  grid.TypeText(2, 2, "a");
+  grid.PasteText(1, 2, "b\t1\nc\t2 each\n");
+  grid.TypeNothing({{3, 2, 3, 3}});
+  EXPECT_EQ(grid.BlockText({1, 2, -1, 3}), "b\t1\nc\t6\n\t\n");
+  EXPECT_EQ(grid.TypedRows(), 3);
+  grid.Sort(3, false);
+  EXPECT_EQ(grid.BlockText({1, 2, -1, 3}), "c\t6\nb\t1\n\t\n");
+  grid.SetText(2, 3, "the code's own");
+  EXPECT_TRUE(grid.Undo());
+  EXPECT_TRUE(grid.Undo());
+  EXPECT_EQ(grid.BlockText({1, 2, -1, 3}), "a\t6\n2\tthe code's own\n8\t9\n");
+  EXPECT_EQ(grid.TypedRows(), 1);
+  EXPECT_TRUE(grid.Undo());
+  EXPECT_FALSE(grid.Undo());
+  EXPECT_EQ(grid.Text(1, 2), "5");
+  grid.TypeText(1, 2, "x");
+  grid.SetMaxRows(2);
+  EXPECT_FALSE(grid.Undo()) << "the list is another one";
+}
+
+TEST_F(SpreadTest, TheNextTypedCellPassesLockedHiddenAndStaticOnes) {
+  Fill({"1 2 3", "4 5 6", "7 8 9"});
+  const auto next = [&](int row, int col, int step) {
+    const auto cell = grid.NextTyped(row, col, step);
+    return cell ? Str(cell->first) + "," + Str(cell->second) : std::string("none");
+  };
+  grid.SetLock(Block::Column(1), true);
+  grid.SetColWidth(2, 0);
+  EXPECT_EQ(next(1, 1, 1), "1,3");
+  EXPECT_EQ(next(1, 3, 1), "2,3");
+  EXPECT_EQ(next(1, 3, -1), "none");
+  grid.SetKind(Block::All(), CellKind::Static);
+  EXPECT_EQ(next(1, 1, 1), "none");
+  grid.SetKind(Block::Cell(3, 3), CellKind::Edit);
+  EXPECT_EQ(next(1, 1, 1), "3,3");
+}
+
 TEST_F(SpreadTest, PasteSkipsLockedAndHiddenCellsAndStaysInside) {
   Fill({"1 2 3", "4 5 6", "7 8 9"});
   std::string edited;

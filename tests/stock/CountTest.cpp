@@ -95,17 +95,26 @@ TEST_F(CountTest, BelowTheReorderPointIsJudgedByTheStoredLevelInBothUnits) {
   EXPECT_EQ(Items("inv_id, qty_on_hand, valuation"), "10|5|60\n9|100|7\n100|5|7\n");
 }
 
-TEST_F(CountTest, WordsAndBlanksCountAsZeroAndOnlyTheCountTakesTyping) {
+TEST_F(CountTest, BlanksCountAsZeroAndOnlyNumbersIntoTheCountAreTaken) {
   ASSERT_TRUE(stockroom.Start());
   Update([&] {
     Type(1, 8, "");
-    Type(2, 8, "plenty");
-    Type(3, 8, "6 or 7");
+    Type(2, 8, "2e2");
+    EXPECT_EQ(Screen().StatusBar1.PanelText(2).find("2 counts not saved"), 0U);
+    for (const char* text : {"plenty", "6 or 7", "1,5", "12ab"}) {
+      EXPECT_FALSE(stockroom.user().TypeIntoCell(Grid(), 3, 8, text)) << text;
+      EXPECT_NE(Screen().StatusBar1.PanelText(2).find(text), std::string::npos);
+    }
     for (const int col : {1, 4, 6, 7, 9, 10})
-      EXPECT_FALSE(stockroom.user().TypeIntoCell(Grid(), 1, col, "x")) << col;
+      EXPECT_FALSE(stockroom.user().TypeIntoCell(Grid(), 1, col, "1")) << col;
     Click(Screen().save);
+    EXPECT_EQ(Screen().StatusBar1.PanelText(2), "3 parts saved");
+    Type(2, 8, "7");
+    stockroom.user().ClickHeading(Grid(), 4);
+    EXPECT_EQ(Screen().SortCombo.Text(), "#");
+    EXPECT_EQ(Screen().StatusBar1.PanelText(2), "1 typed count was not saved.");
   });
-  EXPECT_EQ(Items("qty_on_hand, valuation"), "0|0\n0|0\n6|18\n");
+  EXPECT_EQ(Items("qty_on_hand, valuation"), "0|0\n200|469.2\n5|15\n");
 }
 
 TEST_F(CountTest, LeavingAsksForWhatWasTypedAndForVariancesOnPaper) {

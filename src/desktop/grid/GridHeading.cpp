@@ -1,5 +1,6 @@
 #include "desktop/grid/GridHeading.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 
 #include "desktop/look/Look.h"
@@ -55,6 +56,7 @@ void GridHeading::paintSection(QPainter* painter, const QRect& area, int section
     painter->drawText(room, Qt::AlignRight | Qt::AlignVCenter, TextOf(section));
     return;
   }
+  if (SortedSection && SortedSection() == section) PaintSortMark(*painter, area);
   painter->setPen(kInk);
   QString text = TextOf(section);
   const auto fits = [&] {
@@ -72,6 +74,46 @@ void GridHeading::paintSection(QPainter* painter, const QRect& area, int section
     text = fontMetrics().elidedText(text, Qt::ElideRight, room.width());
   }
   painter->drawText(room, kCaptionFlags, text);
+}
+
+void GridHeading::PaintSortMark(QPainter& painter, const QRect& area) const {
+  const QPointF tip(area.right() - 7, area.top() + 3);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(kAccent);
+  painter.drawPolygon(QPolygonF({tip, tip + QPointF(-4, 5), tip + QPointF(4, 5)}));
+  painter.restore();
+}
+
+void GridHeading::paintEvent(QPaintEvent* event) {
+  QHeaderView::paintEvent(event);
+  if (!Kept) return;
+  QPainter painter(viewport());
+  for (const KeptColumn& column : Kept()) {
+    painter.save();
+    paintSection(&painter, {column.x, 0, column.width, height()}, column.section);
+    painter.restore();
+  }
+}
+
+void GridHeading::mousePressEvent(QMouseEvent* event) {
+  held_ = true;
+  const int x = event->position().toPoint().x();
+  if (Kept)
+    for (const KeptColumn& column : Kept()) {
+      if (x < column.x || x >= column.x + column.width) continue;
+      emit sectionPressed(column.section);
+      emit sectionClicked(column.section);
+      return;
+    }
+  QHeaderView::mousePressEvent(event);
+}
+
+void GridHeading::mouseReleaseEvent(QMouseEvent* event) {
+  QHeaderView::mouseReleaseEvent(event);
+  held_ = false;
+  if (Dragged) Dragged();
 }
 
 }  // namespace kvi

@@ -1,9 +1,13 @@
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
+#include <map>
 
 #include "desktop/grid/SpreadView.h"
 #include "desktop/look/QtText.h"
+#include "platform/Controls.h"
 #include "platform/Gestures.h"
 
 // What the user does to a grid by keys and mouse.
@@ -19,10 +23,6 @@ int SpreadView::NeighbourCol(int col, int step) const {
   return 0;
 }
 
-bool SpreadView::IsLastCell() const {
-  return grid_.ActiveRow() == grid_.MaxRows() && NeighbourCol(grid_.ActiveCol(), 1) == 0;
-}
-
 void SpreadView::GoTo(int row, int col) {
   if (row < 1 || row > grid_.MaxRows() || col < 1) return;
   setCurrentIndex(model_.index(row - 1, col - 1));
@@ -30,31 +30,39 @@ void SpreadView::GoTo(int row, int col) {
 
 // One cell on, or, from the last cell, past it.
 void SpreadView::AdvanceOr(int row, int col) {
-  if (IsLastCell())
+  if (grid_.ActiveRow() == grid_.MaxRows() && NeighbourCol(grid_.ActiveCol(), 1) == 0)
     hand_([this](Gestures& user) { user.AdvancePastLastCell(grid_); });
   else
     GoTo(row, col);
 }
 
+// The next cell that can be typed into; past the last one the grid may grow.
+void SpreadView::GoToTyped(int step) {
+  const auto next = grid_.NextTyped(grid_.ActiveRow(), grid_.ActiveCol(), step);
+  if (next)
+    GoTo(next->first, next->second);
+  else if (step > 0)
+    hand_([this](Gestures& user) { user.AdvancePastLastCell(grid_); });
+}
+
 void SpreadView::Go(Step step) {
   if (grid_.ActiveRow() < 1 || step == Step::None) return;
   const int row = grid_.ActiveRow(), col = grid_.ActiveCol();
-  const int left = NeighbourCol(col, -1), right = NeighbourCol(col, 1);
   switch (step) {
     case Step::Enter:
-      return row < grid_.MaxRows() ? GoTo(row + 1, col) : AdvanceOr(row, right);
+      return row < grid_.MaxRows() ? GoTo(row + 1, col) : AdvanceOr(row, NeighbourCol(col, 1));
     case Step::Next:
-      return right > 0 ? GoTo(row, right) : AdvanceOr(row + 1, NeighbourCol(0, 1));
+      return GoToTyped(1);
     case Step::Previous:
-      return left > 0 ? GoTo(row, left) : GoTo(row - 1, NeighbourCol(grid_.MaxCols() + 1, -1));
+      return GoToTyped(-1);
     case Step::Up:
       return GoTo(row - 1, col);
     case Step::Down:
       return GoTo(row + 1, col);
     case Step::Left:
-      return GoTo(row, left);
+      return GoTo(row, NeighbourCol(col, -1));
     case Step::Right:
-      return GoTo(row, right);
+      return GoTo(row, NeighbourCol(col, 1));
     case Step::None:
       return;
   }
@@ -74,14 +82,8 @@ void SpreadView::Copy() const {
 }
 
 void SpreadView::ClearSelected() {
-  for (const Block& block : Selected()) {
-    for (int row = block.row; row <= block.row2; ++row) {
-      for (int col = block.col; col <= block.col2; ++col) {
-        if (!gone_ && IsTyped(row, col))
-          hand_([&](Gestures& user) { user.TypeIntoCell(grid_, row, col, ""); });
-      }
-    }
-  }
+  const std::vector<Block> cells = Selected();
+  hand_([&](Gestures& user) { user.ClearCells(grid_, cells); });
 }
 
 void SpreadView::keyPressEvent(QKeyEvent* event) {
@@ -90,9 +92,15 @@ void SpreadView::keyPressEvent(QKeyEvent* event) {
   const int row = grid_.ActiveRow(), col = grid_.ActiveCol();
   const int key = event->key();
   if (event->matches(QKeySequence::Copy)) return Copy();
+  if (event->matches(QKeySequence::Undo)) return hand_([&](Gestures& user) { user.Undo(grid_); });
   if (event->matches(QKeySequence::Paste)) {
     const std::string text = FromQt(QApplication::clipboard()->text());
     return hand_([&](Gestures& user) { user.Paste(grid_, text); });
+  }
+  // Ctrl+Tab leaves the grid, in which Tab goes from cell to cell.
+  if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {
+    QTableView::focusNextPrevChild(key == Qt::Key_Tab);
+    return;
   }
   if (key == Qt::Key_Return || key == Qt::Key_Enter) {
     // In a list that only shows, Enter opens what a double click opens.
@@ -102,13 +110,51 @@ void SpreadView::keyPressEvent(QKeyEvent* event) {
   if (key == Qt::Key_Delete) return ClearSelected();
   if (key == Qt::Key_Space && grid_.Format(row, col).Kind == CellKind::CheckBox)
     return Tick(row, col);
+  if (!HandKey(*event)) QTableView::keyPressEvent(event);
+}
+
+// A character typed where it changes nothing: a digit goes into the row's entry cell, anything else
+// is searched for, by the screen or, where that has no search of its own, in the active column.
+bool SpreadView::HandKey(QKeyEvent& event) {
   const bool command =
-      (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) !=
+      (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) !=
       Qt::NoModifier;
-  if (const QString text = event->text();
-      grid_.KeyPress && !command && !text.isEmpty() && text[0].isPrint() && !IsTyped(row, col))
-    return hand_([&](Gestures& user) { user.PressKey(grid_, FromQt(text)); });
-  QTableView::keyPressEvent(event);
+  const QString text = event.text();
+  if (command || text.isEmpty() || !text[0].isPrint() ||
+      IsTyped(grid_.ActiveRow(), grid_.ActiveCol()))
+    return false;
+  if (TypeIntoEntry(event)) return true;
+  if (grid_.KeyPress)
+    hand_([&](Gestures& user) { user.PressKey(grid_, FromQt(text)); });
+  else
+    keyboardSearch(text);
+  return true;
+}
+
+bool SpreadView::TypeIntoEntry(QKeyEvent& event) {
+  const int row = grid_.ActiveRow();
+  if (!event.text()[0].isDigit() || !grid_.TakesTyping(row, grid_.EntryCol)) return false;
+  GoTo(row, grid_.EntryCol);
+  if (gone_ || grid_.ActiveRow() != row || grid_.ActiveCol() != grid_.EntryCol) return true;
+  edit(currentIndex(), AnyKeyPressed, &event);
+  return true;
+}
+
+void SpreadView::contextMenuEvent(QContextMenuEvent* event) {
+  if (gone_ || grid_.ActiveRow() < 1) return;
+  const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+  if (!byKey && !indexAt(event->pos()).isValid()) return;
+  QMenu menu(this);
+  std::map<QAction*, ActionLabel*> actions;
+  for (ActionLabel* label : grid_.RowActions) {
+    if (!label->Visible || !label->Enabled) continue;
+    actions[menu.addAction(ToQt(label->Caption))] = label;
+  }
+  if (actions.empty()) return;
+  const QPoint at = byKey ? visualRect(currentIndex()).bottomLeft() : event->pos();
+  const auto chosen = actions.find(menu.exec(viewport()->mapToGlobal(at)));
+  if (gone_ || chosen == actions.end()) return;
+  hand_([&](Gestures& user) { user.Click(*chosen->second); });
 }
 
 void SpreadView::mousePressEvent(QMouseEvent* event) {
@@ -128,13 +174,12 @@ void SpreadView::mouseDoubleClickEvent(QMouseEvent* event) {
   hand_([&](Gestures& user) { user.DoubleClick(grid_, cell.row() + 1, cell.column() + 1); });
 }
 
-// Tab walks through cells that are typed into and leaves a list that only shows.
+// Tab walks through the cells that are typed into, and leaves a grid that has none further on.
 bool SpreadView::focusNextPrevChild(bool next) {
-  if (gone_ || grid_.ActiveRow() < 1 || !IsTyped(grid_.ActiveRow(), grid_.ActiveCol()))
-    return QTableView::focusNextPrevChild(next);
-  const bool atStart = grid_.ActiveRow() == 1 && NeighbourCol(grid_.ActiveCol(), -1) == 0;
-  const bool atEnd = IsLastCell() && !grid_.AdvancedPastLastCell;
-  if (next ? atEnd : atStart) return QTableView::focusNextPrevChild(next);
+  const bool stays = !gone_ && grid_.ActiveRow() > 0 &&
+                     (grid_.NextTyped(grid_.ActiveRow(), grid_.ActiveCol(), next ? 1 : -1) ||
+                      (next && grid_.AdvancedPastLastCell));
+  if (!stays) return QTableView::focusNextPrevChild(next);
   Go(next ? Step::Next : Step::Previous);
   return true;
 }

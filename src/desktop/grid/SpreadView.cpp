@@ -1,9 +1,12 @@
 #include "desktop/grid/SpreadView.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QTextDocument>
+#include <QToolTip>
 #include <algorithm>
 
 #include "base/Flag.h"
@@ -17,7 +20,6 @@ namespace kvi {
 
 namespace {
 
-constexpr int kTwipsPerInch = 1440;
 constexpr int kRowHeight = 22;
 
 // Covers the button between the headings, which the style draws as a raised one.
@@ -52,6 +54,9 @@ SpreadView::SpreadView(Spread& grid, Hand hand, QWidget* parent)
   setHorizontalHeader(&headings_);
   setVerticalHeader(new GridHeading(Qt::Vertical, this));
   verticalHeader()->setDefaultSectionSize(kRowHeight);
+  headings_.Kept = [this] { return Kept(); };
+  headings_.SortedSection = [this] { return gone_ ? -1 : grid_.SortedCol() - 1; };
+  headings_.Dragged = [this] { Stale(); };
   setModel(&model_);
   setItemDelegate(new SpreadDelegate(grid, *this));
   setEditTriggers(EditKeyPressed | AnyKeyPressed | DoubleClicked);
@@ -80,13 +85,8 @@ void SpreadView::WireHeadings() {
     hand_([&](Gestures& user) { user.DoubleClick(grid_, 0, section + 1); });
   });
   connect(&headings_, &QHeaderView::sectionResized, this, [this](int section, int, int pixels) {
-    if (showing_ || gone_) return;
-    grid_.SetColWidth(section + 1, pixels * double{kTwipsPerInch} / logicalDpiX());
+    if (!showing_ && !gone_) KeepDraggedWidth(section, pixels);
   });
-}
-
-int SpreadView::Pixels(double twips) const {
-  return qRound(twips * logicalDpiX() / kTwipsPerInch);
 }
 
 void SpreadView::Stale() {
@@ -105,21 +105,6 @@ void SpreadView::Settle() {
   if (grid_.SelectedBlocks().empty()) ShowSelection();
   viewport()->update();
   headings_.viewport()->update();
-}
-
-void SpreadView::SyncSizes() {
-  for (int col = 1; col <= grid_.MaxCols(); ++col) {
-    const int width = Pixels(grid_.ColWidth(col));
-    if (isColumnHidden(col - 1) != (width == 0)) setColumnHidden(col - 1, width == 0);
-    if (width > 0 && columnWidth(col - 1) != width) setColumnWidth(col - 1, width);
-  }
-  for (int row = 1; row <= grid_.MaxRows(); ++row) {
-    const double twips = grid_.RowHeight(row);
-    const int height = twips > 0 ? Pixels(twips) : kRowHeight;
-    if (rowHeight(row - 1) != height) setRowHeight(row - 1, height);
-  }
-  const int headingHeight = Pixels(grid_.RowHeight(0));
-  headings_.setFixedHeight(std::max(headingHeight, headings_.NeededHeight()));
 }
 
 QModelIndex SpreadView::ActiveIndex() const {
@@ -176,7 +161,15 @@ void SpreadView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint
   QTableView::closeEditor(editor, hint);
   const auto typed = std::exchange(typed_, std::nullopt);
   if (!typed) return;
-  hand_([&](Gestures& user) { user.TypeIntoCell(grid_, typed->row, typed->col, typed->text); });
+  bool taken = true;
+  hand_([&](Gestures& user) {
+    taken = user.TypeIntoCell(grid_, typed->row, typed->col, typed->text);
+  });
+  if (taken || gone_) return;
+  const QRect cell = visualRect(model_.index(typed->row - 1, typed->col - 1));
+  QToolTip::showText(viewport()->mapToGlobal(cell.bottomLeft()),
+                     Qt::convertFromPlainText("Not understood: " + ToQt(typed->text)), this);
+  QApplication::beep();
 }
 
 bool SpreadView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
@@ -204,12 +197,6 @@ std::vector<Block> SpreadView::Selected() const {
   for (const QItemSelectionRange& range : selectionModel()->selection())
     blocks.push_back({range.top() + 1, range.left() + 1, range.bottom() + 1, range.right() + 1});
   return blocks;
-}
-
-QSize SpreadView::sizeHint() const {
-  int width = verticalHeader()->sizeHint().width() + 24;
-  for (int col = 1; col <= grid_.MaxCols(); ++col) width += Pixels(grid_.ColWidth(col));
-  return {std::clamp(width, 240, 1000), headings_.NeededHeight() + 12 * kRowHeight};
 }
 
 }  // namespace kvi

@@ -11,6 +11,7 @@ namespace kvi {
 
 class Gestures;
 class GridHeading;
+struct KeptColumn;
 
 // The window of a grid, which feels like a spreadsheet: typing replaces, F2 mends, Enter and the
 // arrows go on, Escape restores. The control holds everything; the view keeps none of its cells.
@@ -40,6 +41,9 @@ class SpreadView : public QTableView {
   void Typed(const QModelIndex& cell, const QString& text);
   void FinishEditor(QWidget& editor, Step step);
 
+  QModelIndex indexAt(const QPoint& point) const override;
+  QRect visualRect(const QModelIndex& index) const override;
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return {160, 96}; }
 
@@ -54,8 +58,10 @@ class SpreadView : public QTableView {
   bool focusNextPrevChild(bool next) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
-  // Letters belong to the screens' own searches.
-  void keyboardSearch(const QString&) override {}
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   struct TypedText {
@@ -63,14 +69,24 @@ class SpreadView : public QTableView {
     std::string text;
   };
   void WireHeadings();
+  // What stands between the columns' stored widths and the room of the view, in SpreadColumns.cpp.
   void SyncSizes();
+  void SyncWidths();
   int Pixels(double twips) const;
+  bool IsTextColumn(int col) const;
+  void KeepDraggedWidth(int section, int pixels);
+  std::vector<KeptColumn> Kept() const;
+  int KeptWidth() const;
+  void PaintKept(QPainter& painter) const;
+  void PaintEmptyText(QPainter& painter) const;
+  bool TypeIntoEntry(QKeyEvent& event);
+  bool HandKey(QKeyEvent& event);
   QModelIndex ActiveIndex() const;
   bool IsTyped(int row, int col) const;
   int NeighbourCol(int col, int step) const;  // 0 when there is none
-  bool IsLastCell() const;
   void Go(Step step);
   void GoTo(int row, int col);
+  void GoToTyped(int step);
   void AdvanceOr(int row, int col);
   void Tick(int row, int col);
   void Copy() const;
@@ -84,6 +100,7 @@ class SpreadView : public QTableView {
   std::optional<TypedText> typed_;
   std::optional<std::uint64_t> shownRevision_;  // none before the first showing
   QTimer settle_;
+  double stretch_ = 1;  // of the text columns, where the view has room to spare
   bool replacing_ = false;
   bool showing_ = false;
   bool gone_ = false;
