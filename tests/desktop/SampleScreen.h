@@ -20,6 +20,7 @@ class SampleScreen : public Screen {
     log.push_back("exit");
     if (mayClose) CloseScreen();
   }
+  int RestingColor() const override { return resting; }
   void Unload() override { log.push_back("unload"); }
   bool TakesWholeDisplay() const override { return isList; }
 
@@ -28,6 +29,7 @@ class SampleScreen : public Screen {
 
   std::vector<std::string> log;
   bool mayClose = true;
+  int resting = kWhite;
   bool isList = false;
 
   Label heading{*this, "heading", "Spare parts && tools"};

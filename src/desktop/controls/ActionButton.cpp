@@ -72,27 +72,29 @@ void ActionButton::keyPressEvent(QKeyEvent* event) {
     QAbstractButton::keyPressEvent(event);
 }
 
-QColor ActionButton::Ink() const {
-  return isEnabled() ? fore_ : Blend(back_, fore_, 0.42);
+QColor ActionButton::Ground() const {
+  if (isDown()) return GroundFor(fore_, Blend(back_, fore_, 0.22));
+  return GroundFor(fore_, look_ == Look::Tile ? Blend(back_, fore_, 0.06) : back_);
 }
 
 void ActionButton::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const QRectF outline = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
-  const QColor ground = isDown() ? Blend(back_, fore_, 0.22) : back_;
-  painter.setPen(look_ == Look::Tile ? QPen(Blend(back_, Ink(), 0.32)) : QPen(Qt::NoPen));
-  painter.setBrush(look_ == Look::Tile && !isDown() ? Blend(back_, fore_, 0.06) : ground);
+  const QColor ground = Ground();
+  const QColor ink = isEnabled() ? fore_ : Blend(ground, fore_, 0.42);
+  painter.setPen(look_ == Look::Tile ? QPen(Blend(ground, ink, 0.32)) : QPen(Qt::NoPen));
+  painter.setBrush(ground);
   painter.drawRoundedRect(look_ == Look::Patch ? QRectF(rect()) : outline, 4, 4);
 
-  painter.setPen(Ink());
+  painter.setPen(ink);
   if (look_ == Look::Tile) {
     DrawTileText(painter, rect().adjusted(kTilePadding, 0, -kTilePadding, 0));
   } else {
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
   }
   if (hasFocus()) {
-    painter.setPen(QPen(Blend(back_, fore_, 0.85), look_ == Look::Tile ? 2 : 1));
+    painter.setPen(QPen(Blend(ground, fore_, 0.85), look_ == Look::Tile ? 2 : 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(look_ == Look::Tile ? outline : outline.adjusted(2, 2, -2, -2), 3, 3);
   }

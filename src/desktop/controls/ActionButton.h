@@ -7,7 +7,8 @@ namespace kvi {
 
 // The widget of an action label: a text that is pressed by mouse, Enter, Space and its access key,
 // with a visible focus. As a tile it is large, wraps its text and shows its outline; standing alone
-// on a light panel it is a rounded patch.
+// on a light panel it is a rounded patch. The text keeps its colour; where it could not be read the
+// ground gives way, at rest, under the mouse and pressed.
 class ActionButton : public QAbstractButton {
  public:
   enum class Look { Patch, Action, Tile };
@@ -25,7 +26,7 @@ class ActionButton : public QAbstractButton {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QColor Ink() const;
+  QColor Ground() const;
   void DrawTileText(QPainter& painter, const QRect& area) const;
 
   Look look_ = Look::Patch;

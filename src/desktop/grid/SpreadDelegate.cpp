@@ -50,6 +50,17 @@ void PaintTick(QPainter& painter, const QRect& cell, bool ticked) {
       {box.topLeft() + QPoint(3, 6), box.topLeft() + QPoint(5, 9), box.topLeft() + QPoint(10, 3)}));
 }
 
+// A warning is told by more than its colour.
+void PaintWarningMark(QPainter& painter, const QRect& cell) {
+  const QPointF tip(cell.left() + 7, cell.center().y() + 0.5);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(kWarning);
+  painter.drawPolygon(QPolygonF({tip, tip + QPointF(-5, -4), tip + QPointF(-5, 4)}));
+  painter.restore();
+}
+
 // A cell's list of choices. Letters look for the entry that begins with all of them, Backspace
 // takes the last one back, the arrows move; none of them ends the choosing, as a click or Enter
 // does.
@@ -97,6 +108,7 @@ void SpreadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
   if (current.isValid() && current.row() == index.row()) ground = Blend(ground, kAccent, 0.10);
   if (option.state.testFlag(QStyle::State_Selected)) ground = Blend(ground, kAccent, 0.16);
   painter->fillRect(option.rect, ground);
+  if (format.BackColor == kBrightRed) PaintWarningMark(*painter, option.rect);
 
   const QColor ink = ClassicColor(format.ForeColor);
   painter->save();

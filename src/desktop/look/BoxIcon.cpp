@@ -26,7 +26,7 @@ Sign SignOf(Icon icon) {
     case Icon::Warning:
       return {"!", QColor(0xD9, 0x8A, 0x00)};
     case Icon::Error:
-      return {QString(QChar(0x00D7)), QColor(0xC0, 0x39, 0x2B)};
+      return {QString(QChar(0x00D7)), kWarning};
   }
   return {};
 }

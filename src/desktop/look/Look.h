@@ -16,6 +16,7 @@ inline constexpr QColor kGridLine{0xE1, 0xE4, 0xE9};
 inline constexpr QColor kHeadingColor{0xE9, 0xEC, 0xF0};
 inline constexpr QColor kLockedColor{0xEE, 0xF0, 0xF3};
 inline constexpr QColor kAccent{0x2B, 0x6C, 0xB8};
+inline constexpr QColor kWarning{0xC0, 0x39, 0x2B};
 
 inline constexpr int kMargin = 12;   // around the content of a panel
 inline constexpr int kSpacing = 10;  // between neighbours

@@ -1,6 +1,8 @@
 #include "desktop/look/Shades.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "base/Palette.h"
 #include "desktop/look/Look.h"
@@ -37,6 +39,16 @@ bool IsIndex(int index) {
   return index >= 0 && index < static_cast<int>(kShades.size());
 }
 
+constexpr double kReadable = 4.5;
+
+double Luminance(const QColor& color) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+         0.0722 * linear(color.blueF());
+}
+
 const Shade& At(int index) {
   return kShades[static_cast<std::size_t>(index)];
 }
@@ -53,13 +65,27 @@ QColor BackdropColor(int back, int fore) {
   return QColor::fromRgb(blackText ? At(back).soft : At(back).classic);
 }
 
+double Contrast(const QColor& one, const QColor& other) {
+  const double a = Luminance(one) + 0.05, b = Luminance(other) + 0.05;
+  return std::max(a, b) / std::min(a, b);
+}
+
 QColor InkOn(const QColor& background) {
-  // Black reads better from a relative luminance of about 0.18 on.
-  const auto linear = [](double part) { return part * part; };
-  const double luminance = 0.2126 * linear(background.redF()) +
-                           0.7152 * linear(background.greenF()) +
-                           0.0722 * linear(background.blueF());
-  return luminance > 0.2 ? kInk : QColor(Qt::white);
+  if (Contrast(kInk, background) >= kReadable) return kInk;
+  const QColor white(Qt::white), black(Qt::black);
+  return Contrast(white, background) > Contrast(black, background) ? white : black;
+}
+
+// White on a light grey goes darker, green on it as well; every ink has its black or white.
+QColor GroundFor(const QColor& ink, const QColor& ground) {
+  const QColor end =
+      Contrast(ink, Qt::black) > Contrast(ink, Qt::white) ? QColor(Qt::black) : QColor(Qt::white);
+  constexpr int kSteps = 50;
+  for (int step = 0; step < kSteps; ++step) {
+    const QColor nearer = Blend(ground, end, static_cast<double>(step) / kSteps);
+    if (Contrast(ink, nearer) >= kReadable) return nearer;
+  }
+  return end;
 }
 
 QColor Blend(const QColor& under, const QColor& over, double strength) {

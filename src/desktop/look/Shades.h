@@ -12,8 +12,15 @@ QColor ClassicColor(int index);
 // it behind black text, which must stay easy to read. Invalid for kToolkitColor.
 QColor BackdropColor(int back, int fore);
 
-// Black or white, whichever reads better on a background.
+// The ratio in which a text stands out from what it is on, 1 to 21, as accessibility rules reckon
+// it; a text can be read from 4.5 on.
+double Contrast(const QColor& one, const QColor& other);
+
+// Dark or white, whichever reads better on a background.
 QColor InkOn(const QColor& background);
+
+// The ground on which a text can be read that is the nearest to the one given.
+QColor GroundFor(const QColor& ink, const QColor& ground);
 
 // `over` laid on `under`; strength 0 to 1.
 QColor Blend(const QColor& under, const QColor& over, double strength);

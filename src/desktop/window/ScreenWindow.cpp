@@ -169,15 +169,16 @@ void ScreenWindow::CaptionChanged() {
   setWindowTitle(ToQt(screen_.Caption()));
 }
 
-// The bands take the colour of their controls, the window the screen's; whoever stands on them
-// chooses an ink that reads.
+// The bands take the colour of their controls, as far as a resting text can be read on it, the
+// window the screen's; whoever stands on that chooses an ink that reads.
 void ScreenWindow::ShowColors() {
   if (content_ == nullptr) return;
   const QColor ground = ClassicColor(screen_.BackColor());
   content_->SetColor(ground.isValid() ? ground : kPanelColor);
+  const QColor resting = ClassicColor(screen_.RestingColor());
   for (const auto& band : builder_.Bands()) {
     const QColor color = band.lead == nullptr ? QColor() : ClassicColor(band.lead->BackColor);
-    band.panel->SetColor(color.isValid() ? color : QColor(Qt::black));
+    band.panel->SetColor(GroundFor(resting, color.isValid() ? color : QColor(Qt::black)));
   }
   for (ControlAdapter* adapter : adapters_) adapter->ShowColorsAgain();
   for (PlainLabel* label : findChildren<PlainLabel*>()) label->Recolor();
