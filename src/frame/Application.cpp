@@ -15,6 +15,9 @@ Application::Application(const Surroundings& surroundings)
   desktop.BeforeWait = [this] {
     if (CurrentDatabase.IsOpen()) CurrentDatabase.GiveBackLocks();
   };
+  desktop.DocumentSaved = [this](const std::string& path) {
+    if (Screen* top = screens.Top()) top->Say("Printed to " + path);
+  };
 }
 
 std::string Application::InProgramFolder(const std::string& fileName) const {

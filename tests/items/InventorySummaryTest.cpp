@@ -187,6 +187,8 @@ TEST_F(InventorySummaryTest, PrintsTheGridUnderCompanyTitleAndDate) {
         "Are you sure you want to print this report?",
         Answer::Yes, "Print");
     stockroom.user().Click(screen.print_lab);
+    stockroom.desktop.DocumentSaved("/printed/List.pdf");
+    EXPECT_EQ(screen.StatusBar1.PanelText(2), "Printed to /printed/List.pdf");
   });
   ASSERT_EQ(stockroom.desktop.documents.size(), 1U);
   const std::string page = stockroom.desktop.documents[0]->Page(1);

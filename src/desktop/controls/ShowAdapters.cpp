@@ -36,16 +36,38 @@ void PictureAdapter::ShowState() {
   shown_.SetPicture(ToQt(control_.Path));
 }
 
+namespace {
+
+// A text that widens no window: what does not fit is left out in its middle, as the end of a path
+// tells the most.
+class StatusText : public QLabel {
+ public:
+  explicit StatusText(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    QPalette quiet;
+    quiet.setColor(QPalette::WindowText, kQuietInk);
+    setPalette(quiet);
+  }
+  QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+  }
+};
+
+}  // namespace
+
 StatusLine::StatusLine(int panels, QWidget* parent) : QWidget(parent) {
   auto* line = new QHBoxLayout(this);
   line->setContentsMargins(kMargin, 4, kMargin, 4);
   line->setSpacing(2 * kMargin);
   for (int i = 0; i < panels; ++i) {
-    auto* text = new QLabel(this);
-    text->setTextFormat(Qt::PlainText);
-    QPalette palette;
-    palette.setColor(QPalette::WindowText, kQuietInk);
-    text->setPalette(palette);
+    auto* text = new StatusText(this);
+    if (i == 0) text->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     line->addWidget(text);
     texts_.push_back(text);
   }
