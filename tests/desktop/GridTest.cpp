@@ -206,10 +206,11 @@ TEST_F(GridTest, ADigitOnALockedCellIsTypedIntoTheEntryCellAndUndoTakesItBack) {
   Type("1,5");
   Press(Qt::Key_Return);
   EXPECT_EQ(sample.grid.Text(3, 3), "3C");
+  EXPECT_EQ(Where(), "3,3");
   Table().setFocus();
   Press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(sample.grid.Text(2, 3), "2C");
-  EXPECT_EQ(sample.TakeLog(), "edit 12, past, edit 2C");
+  EXPECT_EQ(sample.TakeLog(), "edit 12, edit 2C");
 }
 
 TEST_F(GridTest, AHeadingClickSortsAndSelectsNothing) {

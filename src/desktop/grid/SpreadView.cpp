@@ -148,12 +148,14 @@ void SpreadView::Typed(const QModelIndex& cell, const QString& text) {
   typed_ = TypedText{cell.row() + 1, cell.column() + 1, FromQt(text)};
 }
 
-// The step is taken unless the system went somewhere by itself.
+// The step is taken unless the system went somewhere by itself, or the text was not understood: then
+// it is told where it was typed.
 void SpreadView::FinishEditor(QWidget& editor, Step step) {
   const int row = grid_.ActiveRow(), col = grid_.ActiveCol();
   commitData(&editor);
+  refused_ = false;
   closeEditor(&editor, QAbstractItemDelegate::NoHint);
-  if (!gone_ && row == grid_.ActiveRow() && col == grid_.ActiveCol()) Go(step);
+  if (!gone_ && !refused_ && row == grid_.ActiveRow() && col == grid_.ActiveCol()) Go(step);
 }
 
 // Whatever the system does with the text (a box, a reload, closing the window) finds no editor.
@@ -165,6 +167,7 @@ void SpreadView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint
   hand_([&](Gestures& user) {
     taken = user.TypeIntoCell(grid_, typed->row, typed->col, typed->text);
   });
+  refused_ = !taken;
   if (taken || gone_) return;
   const QRect cell = visualRect(model_.index(typed->row - 1, typed->col - 1));
   QToolTip::showText(viewport()->mapToGlobal(cell.bottomLeft()),

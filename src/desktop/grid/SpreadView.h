@@ -101,6 +101,7 @@ class SpreadView : public QTableView {
   std::optional<std::uint64_t> shownRevision_;  // none before the first showing
   QTimer settle_;
   double stretch_ = 1;  // of the text columns, where the view has room to spare
+  bool refused_ = false;  // the text that was typed last
   bool replacing_ = false;
   bool showing_ = false;
   bool gone_ = false;
