@@ -104,7 +104,7 @@ void KVI_InventorySummary::HandleEvents() {
   Spread1.DblClick = [this](int row, int) { OpenItem(row); };
   Spread1.ActiveCellChanged = [this] { ShowPosition(); };
   Spread1.HeadingClick = [this](int col) { ChooseSortOfColumn(SortCombo, col); };
-  Spread1.RowActions = {&duplicate, &remove, &find_lab, &print_lab};
+  Spread1.RowActions = {&duplicate, &remove};
   Spread1.KeptCols = {kNameColumn, kNumberColumn};
 }
 

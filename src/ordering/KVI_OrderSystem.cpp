@@ -80,7 +80,6 @@ void KVI_OrderSystem::HandleEvents() {
     AskToSaveTyped();
     ChooseSortOfColumn(SortCombo, col);
   };
-  Spread1.RowActions = {&ut, &print_lab};
   Spread1.KeptCols = {kNameColumn, kNumberColumn};
   Spread1.EntryCol = kQuantityColumn;
   Spread1.EmptyText = "No parts to order. Choose another vendor, or show all items.";

@@ -64,7 +64,7 @@ KVI_Invoice::KVI_Invoice(Application& app)
     ShowPosition();
   };
   Spread1.ActiveCellChanged = [this] { ShowPosition(); };
-  Spread1.RowActions = {&new_lab, &remove, &print_lab};
+  Spread1.RowActions = {&remove};
   Spread1.EmptyText = "No invoices yet. Press New.";
   new_lab.Click = [this] { AddInvoice(); };
   save.Click = [this] { save_changes(); };

@@ -60,7 +60,6 @@ void KVI_UpdateInventory::HandleEvents() {
     ShowPosition();
   };
   Spread1.HeadingClick = [this](int col) { ChooseSortOfColumn(SortCombo, col); };
-  Spread1.RowActions = {&find_lab, &rv, &print_lab};
   Spread1.KeptCols = {kNameColumn, kNumberColumn};
   Spread1.EmptyText = "No parts to show. Choose \"Show all items\", or add parts in Inventory.";
   Spread1.ActiveCellChanged = [this] { ShowPosition(); };

@@ -75,7 +75,9 @@ StatusLine::StatusLine(int panels, QWidget* parent) : QWidget(parent) {
 }
 
 void StatusLine::SetText(int panel, const QString& text) {
-  texts_[static_cast<std::size_t>(panel)]->setText(text);
+  QLabel& label = *texts_[static_cast<std::size_t>(panel)];
+  label.setText(text);
+  label.setVisible(!text.isEmpty());
 }
 
 void StatusLine::paintEvent(QPaintEvent*) {

@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <functional>
 #include <map>
 
 #include "desktop/grid/SpreadView.h"
@@ -140,21 +141,27 @@ bool SpreadView::TypeIntoEntry(QKeyEvent& event) {
   return true;
 }
 
+// What can be done with the active row, what a double click does first.
 void SpreadView::contextMenuEvent(QContextMenuEvent* event) {
-  if (gone_ || grid_.ActiveRow() < 1) return;
+  const int row = grid_.ActiveRow(), col = grid_.ActiveCol();
   const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-  if (!byKey && !indexAt(event->pos()).isValid()) return;
+  if (gone_ || row < 1 || (!byKey && !indexAt(event->pos()).isValid())) return;
   QMenu menu(this);
-  std::map<QAction*, ActionLabel*> actions;
-  for (ActionLabel* label : grid_.RowActions) {
-    if (!label->Visible || !label->Enabled) continue;
-    actions[menu.addAction(ToQt(label->Caption))] = label;
-  }
-  if (actions.empty()) return;
+  std::map<QAction*, std::function<void()>> acts;
+  const auto offer = [&](const QString& text, auto gesture) {
+    acts[menu.addAction(text)] = [this, gesture] { hand_(gesture); };
+  };
+  if (grid_.DblClick && !IsTyped(row, col))
+    offer("&Open", [=, this](Gestures& user) { user.DoubleClick(grid_, row, col); });
+  for (ActionLabel* label : grid_.RowActions)
+    if (label->Visible && label->Enabled)
+      offer(ToQt(label->Caption), [label](Gestures& user) { user.Click(*label); });
+  if (!menu.isEmpty()) menu.addSeparator();
+  acts[menu.addAction("Cop&y")] = [this] { Copy(); };
+  if (grid_.TypedRows() > 0) offer("Undo &typing", [this](Gestures& user) { user.Undo(grid_); });
   const QPoint at = byKey ? visualRect(currentIndex()).bottomLeft() : event->pos();
-  const auto chosen = actions.find(menu.exec(viewport()->mapToGlobal(at)));
-  if (gone_ || chosen == actions.end()) return;
-  hand_([&](Gestures& user) { user.Click(*chosen->second); });
+  const auto chosen = acts.find(menu.exec(viewport()->mapToGlobal(at)));
+  if (!gone_ && chosen != acts.end()) chosen->second();
 }
 
 void SpreadView::mousePressEvent(QMouseEvent* event) {
