@@ -20,8 +20,8 @@ ItemDetailScreen::Lines ItemDetailScreen::UnitLines() {
   };
   return {Row({Field("", lblQuantity, kNumberWidth), Of(lblUnit)}),
           line("How Purchased:", hp_qty, how_purchased, HowPurchasedFormula),
-          line("How Inventoried:", hi_qty, how_inv, HowInvFormula),
-          line("How Used:", hu_qty, how_used, HowUsedFormula)};
+          line("How &Inventoried:", hi_qty, how_inv, HowInvFormula),
+          line("How &Used:", hu_qty, how_used, HowUsedFormula)};
 }
 
 ItemDetailScreen::Lines ItemDetailScreen::CostLines() {

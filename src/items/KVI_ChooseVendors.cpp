@@ -11,7 +11,7 @@ KVI_ChooseVendors::KVI_ChooseVendors(Application& app)
 }
 
 Layout KVI_ChooseVendors::Arrange() {
-  return Column({BannerLayout(), Actions({&exit_lab}), Field("Vendor:", where1, 3),
+  return Column({BannerLayout(), Actions({&exit_lab}), Field("&Vendor:", where1, 3),
                  Column({Of(u_v1), Of(u_v2), Of(u_v3)}), Gap()});
 }
 

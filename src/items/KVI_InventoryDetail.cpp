@@ -28,10 +28,10 @@ Layout KVI_InventoryDetail::Arrange() {
 
 Layout KVI_InventoryDetail::InformationPanel() {
   return Column(
-      {Fill(Form({Row({Field("Part #:", i_num, 1.8), Of(btnCID)}), Field("Part Name:", iname),
-                  Field("Category:", category, 2.6), Field("Location:", location, 2.6),
-                  Field("Description:", desc), Field("Bar code scan#:", BarCodeScanId, 2.6),
-                  Fill(Field("Notes:", notes))})),
+      {Fill(Form({Row({Field("Part #:", i_num, 1.8), Of(btnCID)}), Field("Part Na&me:", iname),
+                  Field("&Category:", category, 2.6), Field("&Location:", location, 2.6),
+                  Field("&Description:", desc), Field("&Bar code scan#:", BarCodeScanId, 2.6),
+                  Fill(Field("N&otes:", notes))})),
        Row({Frame("", Column({Of(active_i), Of(n_active_i)})),
             Frame("", Column({Of(rbCII), Of(rbNCII)}))})});
 }

@@ -16,10 +16,10 @@ KVI_InventoryDetail1Screen::KVI_InventoryDetail1Screen(Application& app)
 // Fits in 1024 x 700.
 Layout KVI_InventoryDetail1Screen::Arrange() {
   const Lines information = {
-      Row({Field("Part #:", i_num, 1.7), Of(btnCID)}), Field("Part Name:", iname),
-      Row({Field("Category:", category, 1.7), Field("Location:", location, 1.7)}),
-      Field("Description:", desc), Field("Bar code scan#:", BarCodeScanId, 1.7)};
-  const Lines remarks = {Field("Notes:", notes, 0, 0.9)};
+      Row({Field("Part #:", i_num, 1.7), Of(btnCID)}), Field("Part Na&me:", iname),
+      Row({Field("&Category:", category, 1.7), Field("&Location:", location, 1.7)}),
+      Field("&Description:", desc), Field("&Bar code scan#:", BarCodeScanId, 1.7)};
+  const Lines remarks = {Field("N&otes:", notes, 0, 0.9)};
   Layout choices = Column({Frame("", Column({Of(active_i), Of(n_active_i)})),
                            Frame("", Column({Of(rbCII), Of(rbNCII)}))});
   Layout groups = Column({Of(Label24), Of(RecipeList, 0, 1.3)});

@@ -260,8 +260,8 @@ Layout KVI_InventorySummary::Arrange() {
   return Column(
       {BannerLayout(),
        Actions({&new_lab, &duplicate, &remove, &find_lab, &refresh_lab, &print_lab, &exit_lab}),
-       Row({Field("Category filter:", CatCombo, 2), Field("Vendor filter:", VendorCombo, 2),
-            Field("Sort by:", SortCombo, 1.2), Of(AutoRefresh), Of(ManualRefresh), Gap()}),
+       Row({Field("&Category filter:", CatCombo, 2), Field("&Vendor filter:", VendorCombo, 2),
+            Field("&Sort by:", SortCombo, 1.2), Of(AutoRefresh), Of(ManualRefresh), Gap()}),
        Of(Label2), Fill(Of(Spread1))});
 }
 

@@ -251,9 +251,9 @@ void KVI_OrderSystem::Exit() {
 
 Layout KVI_OrderSystem::Arrange() {
   return Column({BannerLayout(), Actions({&save, &ut, &remove, &print_lab, &ei, &exit_lab}),
-                 Tabs(TabStrip1, {Row({Field("Filter by:", VendorCombo, 2.5), Gap()}),
-                                  Row({Field("Saved orders:", orders, 3.5), Gap()})}),
-                 Row({Field("Sort by:", SortCombo, 1.5), Of(ShowAboveZero), Gap(),
+                 Tabs(TabStrip1, {Row({Field("F&ilter by:", VendorCombo, 2.5), Gap()}),
+                                  Row({Field("Saved or&ders:", orders, 3.5), Gap()})}),
+                 Row({Field("Sor&t by:", SortCombo, 1.5), Of(ShowAboveZero), Gap(),
                       Field("Total for order:", ordertotal, 1.2)}),
                  Fill(Of(Spread1))});
 }

@@ -76,7 +76,7 @@ Layout KVI_SecurityCheckpoint::Arrange() {
   pad.push_back(Of(clear_button));
   pad.push_back(Of(*digit[0]));
   pad.push_back(Of(cancel_button));
-  return Column({BannerLayout(), Field("Employee code:", man_in, 2), GridOf(3, std::move(pad)),
+  return Column({BannerLayout(), Field("&Employee code:", man_in, 2), GridOf(3, std::move(pad)),
                  Of(Command1)});
 }
 

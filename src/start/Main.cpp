@@ -149,7 +149,7 @@ void Main::Unload() {
 Layout Main::Arrange() {
   return Column(
       {Banner({&banner.Label21, &banner.Maintenance, &banner.Label17}, &Label20),
-       Row({Field("Profit center:", pcenter, 2.5), Gap(), Of(network), Of(Label4), Of(lblVersion)}),
+       Row({Field("Profit &center:", pcenter, 2.5), Gap(), Of(network), Of(Label4), Of(lblVersion)}),
        Fill(Tiles(3, {&Label1, &MaintProc, &Label6, &Label16, &Label2, &Label3, &vendors, &Label7,
                       &Label9}))});
 }

@@ -223,8 +223,8 @@ Layout KVI_UpdateInventory::Arrange() {
   return Column(
       {BannerLayout(), Actions({&save, &rv, &svd, &sva, &print_lab, &find_lab, &ei, &exit_lab}),
        Row({Column({Of(OptPurchased), Of(OptInventoried)}), Column({Of(show_all), Of(show_ro)}),
-            Field("Sort by:", SortCombo, 1.5), Gap()}),
-       Tabs(TabStrip1, {Row({Field("Acceptable variance %:", var_perc, 0.7), Gap()}),
+            Field("Sor&t by:", SortCombo, 1.5), Gap()}),
+       Tabs(TabStrip1, {Row({Field("Acceptable &variance %:", var_perc, 0.7), Gap()}),
                         Text("A quantity is added to what is on hand; a line without one updates "
                              "its cost alone.")}),
        Fill(Of(Spread1))});

@@ -29,7 +29,7 @@ void KVI_GetILocation::Answer(bool cancelled) {
 
 Layout KVI_GetILocation::Arrange() {
   return Column({BannerLayout(), Actions({&save, &Label12, &Label11}),
-                 Field("Location of inventory data file:", txtPath, 5), Gap()});
+                 Field("&Location of inventory data file:", txtPath, 5), Gap()});
 }
 
 }  // namespace kvi

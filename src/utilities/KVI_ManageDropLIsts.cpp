@@ -158,12 +158,12 @@ void KVI_ManageDropLIsts::Exit() {
 Layout KVI_ManageDropLIsts::Arrange() {
   std::vector<Layout> options;
   for (const List& list : lists_) options.push_back(Of(*list.option));
-  return Column({BannerLayout(),
-                 Actions({&Save, &remove, &sort_lab, &print_lab, &vendors, &exit_lab}),
-                 Fill(Row({Column({Frame("List", Column(std::move(options))),
-                                   Field("Category Name for Paper Goods", PaperGoodsCombo), Gap()}),
-                           Fill(Column({Text("To add a value, type it into an empty line."),
-                                        Fill(Of(Spread1, 3.2, 5))}))}))});
+  return Column(
+      {BannerLayout(), Actions({&Save, &remove, &sort_lab, &print_lab, &vendors, &exit_lab}),
+       Fill(Row({Column({Frame("List", Column(std::move(options))),
+                         Field("&Category Name for Paper Goods", PaperGoodsCombo), Gap()}),
+                 Fill(Column({Text("To add a value, type it into an empty line."),
+                              Fill(Of(Spread1, 3.2, 5))}))}))});
 }
 
 }  // namespace kvi

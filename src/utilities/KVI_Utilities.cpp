@@ -136,9 +136,9 @@ void KVI_Utilities::Exit() {
 
 Layout KVI_Utilities::Arrange() {
   Layout company = Form(
-      {Field("Company Name/Title for Reports:", co_title, 3.5),
-       Field("Directory where KV_Inventory.MDB is located (leave blank if normal):", dir_loc, 3.5),
-       Field("Location of Spreadsheet/Database Program", SpreadPath, 3.5)});
+      {Field("&Company Name/Title for Reports:", co_title, 3.5),
+       Field("&Directory where KV_Inventory.MDB is located (leave blank if normal):", dir_loc, 3.5),
+       Field("&Location of Spreadsheet/Database Program", SpreadPath, 3.5)});
   Layout preferences =
       Column({Of(use_security), Of(use_color), Of(use_osis),
               Frame("Valuation", Row({Of(OptUseFIFO), Of(OptUseAvg), Of(OptUseLast), Gap()})),
@@ -149,7 +149,7 @@ Layout KVI_Utilities::Arrange() {
                   Of(cmdDeleteAllRecipes), Of(cmdDeleteAllItems), Of(ZeroBtn), Of(cmdColWidth)}),
        Gap()});
   return Column({BannerLayout(), Actions({&exit_lab}),
-                 Row({Field("Current inventory/profit center:", pcenter, 2.5), Gap()}),
+                 Row({Field("Current &inventory/profit center:", pcenter, 2.5), Gap()}),
                  Fill(Tabs(SSTab1, {Column({std::move(company), Gap()}), std::move(preferences),
                                     std::move(tasks)}))});
 }

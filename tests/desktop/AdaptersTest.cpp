@@ -84,14 +84,15 @@ TEST_F(AdaptersTest, AComboTellsTypingFromChoosing) {
   EXPECT_EQ(category.count(), 3);
   category.setFocus();
   Type("P");
-  Press(Qt::Key_Down);
-  EXPECT_EQ(sample.TakeLog(), "category=P, category:Bearings");
+  Press(Qt::Key_Up);
+  EXPECT_EQ(sample.TakeLog(), "category=Pumps, category:Belts") << "it goes on from what was typed";
   sample.category.SetListIndex(2);
   EXPECT_EQ(category.currentText(), "Pumps");
   sample.category.Text = "Belts";
   EXPECT_EQ(category.currentText(), "Belts");
   EXPECT_EQ(sample.TakeLog(), "category:Pumps, category=Belts");
-  // Leaving with a text that is an entry is no choice.
+  // Neither Enter nor leaving with a text that is an entry is a choice.
+  Press(Qt::Key_Return);
   Press(Qt::Key_Tab);
   EXPECT_EQ(sample.TakeLog(), "");
   sample.category.Clear();
@@ -99,13 +100,42 @@ TEST_F(AdaptersTest, AComboTellsTypingFromChoosing) {
   EXPECT_EQ(category.currentText(), "");
 }
 
-TEST_F(AdaptersTest, AListOnlyComboShowsItsChoiceAndNothingElse) {
+TEST_F(AdaptersTest, TypedLettersAreCompletedFromTheListAndAnOwnValueStaysPossible) {
+  ShowSample();
+  auto& category = As<QComboBox>(sample.category);
+  const struct {
+    const char* typed;
+    std::vector<Qt::Key> then;
+    const char* log;
+  } cases[] = {
+      {"be", {}, "category=Bearings"},
+      {"bel", {}, "category=Bearings, category=Belts"},
+      {"be", {Qt::Key_Delete}, "category=Bearings, category=Be"},
+      {"be", {Qt::Key_Backspace, Qt::Key_Backspace}, "category=Bearings, category=Be, category=B"},
+      {"bex", {}, "category=Bearings, category=Bex"},
+      {"pumps", {Qt::Key_Home, Qt::Key_A}, "category=Pumps, category=aPumps"},
+  };
+  for (const auto& test : cases) {
+    sample.category.Text = "";
+    category.setFocus();
+    sample.TakeLog();
+    Type(test.typed);
+    for (const Qt::Key key : test.then) Press(key);
+    EXPECT_EQ(sample.TakeLog(), test.log);
+    EXPECT_EQ(category.currentText(), ToQt(sample.category.Text));
+  }
+}
+
+TEST_F(AdaptersTest, AListOnlyComboGoesToTheEntryThatLettersSpell) {
   ShowSample();
   auto& unit = As<QComboBox>(sample.unit);
   EXPECT_EQ(unit.currentIndex(), -1);
+  for (const char* entry : {"reel", "ring"}) sample.unit.AddItem(entry);
   unit.setFocus();
-  Type("f");
-  EXPECT_EQ(sample.TakeLog(), "unit:foot");
+  Type("fri");  // no "fr": the search begins anew, and narrows
+  EXPECT_EQ(sample.TakeLog(), "unit:foot, unit:roll, unit:ring");
+  Type("rr");
+  EXPECT_EQ(sample.TakeLog(), "unit:roll, unit:reel") << "from entry to entry";
   sample.unit.Clear();
   sample.unit.AddItem("box");
   EXPECT_EQ(unit.currentIndex(), -1);

@@ -1,11 +1,8 @@
 #include "desktop/controls/TextAdapters.h"
 
-#include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QWheelEvent>
 
-#include "base/Flag.h"
 #include "desktop/look/Look.h"
 #include "desktop/look/QtText.h"
 #include "desktop/window/ScreenWindow.h"
@@ -14,24 +11,6 @@
 namespace kvi {
 
 namespace {
-
-// A combo box that neither the wheel nor leaving it makes choose: both would be a Click that the
-// user did not mean.
-class QuietComboBox : public QComboBox {
- public:
-  using QComboBox::QComboBox;
-  bool IsLeaving() const { return leaving_; }
-
- protected:
-  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
-  void focusOutEvent(QFocusEvent* event) override {
-    const Flag leaving(leaving_);
-    QComboBox::focusOutEvent(event);
-  }
-
- private:
-  bool leaving_ = false;
-};
 
 // What cannot be typed into is no stop on the way from field to field; a click still selects in it.
 Qt::FocusPolicy StopOf(const TextBox& box) {
@@ -113,38 +92,6 @@ void MemoAdapter::Show(Property property) {
 void MemoAdapter::ShowColors() {
   ControlAdapter::ShowColors();
   ShadeIfLocked(shown_, control_);
-}
-
-ComboAdapter::ComboAdapter(ComboBox& combo, ScreenWindow& window)
-    : TypedAdapter(combo, new QuietComboBox(&window), window) {
-  shown_.setFocusPolicy(Qt::StrongFocus);
-  shown_.setInsertPolicy(QComboBox::NoInsert);
-  shown_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  shown_.setMinimumContentsLength(18);
-  shown_.setMaxVisibleItems(18);
-  if (IsEditable()) {
-    shown_.setEditable(true);
-    shown_.lineEdit()->setTextMargins(1, 0, 0, 0);
-    // It would put entries into the text that nobody typed.
-    shown_.setCompleter(nullptr);
-    connect(shown_.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
-      Hand([&](Gestures& user) { user.Type(control_, FromQt(text)); });
-    });
-  }
-  connect(&shown_, &QComboBox::activated, this, [this](int index) {
-    if (static_cast<QuietComboBox&>(shown_).IsLeaving()) return;
-    Hand([&](Gestures& user) { user.Choose(control_, index); });
-  });
-}
-
-void ComboAdapter::ShowState() {
-  if (control_.ListCount() < shown_.count()) shown_.clear();
-  for (int i = shown_.count(); i < control_.ListCount(); ++i)
-    shown_.addItem(ToQt(control_.List(i)));
-  // The toolkit chooses the first entry of an empty list by itself.
-  if (shown_.currentIndex() != control_.ListIndex()) shown_.setCurrentIndex(control_.ListIndex());
-  const QString text = ToQt(control_.Text);
-  if (IsEditable() && shown_.lineEdit()->text() != text) shown_.setEditText(text);
 }
 
 }  // namespace kvi

@@ -3,7 +3,6 @@
 #include "desktop/controls/ControlAdapter.h"
 #include "platform/Controls.h"
 
-class QComboBox;
 class QLineEdit;
 class QPlainTextEdit;
 
@@ -28,17 +27,6 @@ class MemoAdapter : public TypedAdapter<TextBox, QPlainTextEdit> {
   void ShowState() override;
   void Show(Property property) override;
   void ShowColors() override;
-};
-
-class ComboAdapter : public TypedAdapter<ComboBox, QComboBox> {
- public:
-  ComboAdapter(ComboBox& combo, ScreenWindow& window);
-
- protected:
-  void ShowState() override;
-
- private:
-  bool IsEditable() const { return control_.GetStyle() == ComboBox::Style::Editable; }
 };
 
 }  // namespace kvi

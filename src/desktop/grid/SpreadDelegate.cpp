@@ -11,6 +11,7 @@
 #include <QToolTip>
 
 #include "base/Flag.h"
+#include "desktop/controls/LetterSearch.h"
 #include "desktop/grid/SpreadView.h"
 #include "desktop/look/Look.h"
 #include "desktop/look/QtText.h"
@@ -61,9 +62,8 @@ void PaintWarningMark(QPainter& painter, const QRect& cell) {
   painter.restore();
 }
 
-// A cell's list of choices. Letters look for the entry that begins with all of them, Backspace
-// takes the last one back, the arrows move; none of them ends the choosing, as a click or Enter
-// does.
+// A cell's list of choices. Letters look for an entry, Backspace takes the last one back, the
+// arrows move; none of them ends the choosing, as a click or Enter does.
 class ChoiceEditor : public QComboBox {
  public:
   using QComboBox::QComboBox;
@@ -72,23 +72,16 @@ class ChoiceEditor : public QComboBox {
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     const bool back = event->key() == Qt::Key_Backspace;
-    const QString text = event->text();
-    if (!back &&
-        (text.isEmpty() || !text[0].isPrint() || event->modifiers().testFlag(Qt::AltModifier))) {
+    if (!back && !LetterSearch::IsLetter(*event)) {
       const Flag key(keyUnderWay_);
       return QComboBox::keyPressEvent(event);
     }
-    const QString wanted =
-        back ? typed_.chopped(std::min<qsizetype>(1, typed_.size())) : typed_ + text;
-    const int found = findText(wanted, Qt::MatchStartsWith);
-    // A letter that leads nowhere is as if it had not been typed.
-    if (found < 0) return;
-    typed_ = wanted;
-    if (!wanted.isEmpty()) setCurrentIndex(found);
+    const int found = back ? search_.TakeBack(*this) : search_.Find(*this, event->text());
+    if (found >= 0) setCurrentIndex(found);
   }
 
  private:
-  QString typed_;
+  LetterSearch search_;
   bool keyUnderWay_ = false;
 };
 

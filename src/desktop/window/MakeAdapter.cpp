@@ -1,4 +1,5 @@
 #include "desktop/controls/ChoiceAdapters.h"
+#include "desktop/controls/ComboAdapter.h"
 #include "desktop/controls/ControlAdapter.h"
 #include "desktop/controls/LabelAdapters.h"
 #include "desktop/controls/ShowAdapters.h"
