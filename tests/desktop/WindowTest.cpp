@@ -33,6 +33,27 @@ class Question : public Screen {
   TextBox answer{*this, "answer"};
 };
 
+// Five tiles in two columns, called by their numbers.
+class Pad : public Screen {
+ public:
+  Pad() : Screen("Pad") {
+    for (int number = 1; number <= 5; ++number) {
+      const std::string name = std::to_string(number);
+      tiles_.push_back(std::make_unique<ActionLabel>(*this, name, name));
+      tiles_.back()->Click = [this, name] { pressed += name; };
+    }
+  }
+  Layout Arrange() override {
+    std::vector<Control*> tiles;
+    for (const auto& tile : tiles_) tiles.push_back(tile.get());
+    return Tiles(2, tiles);
+  }
+  std::string pressed;
+
+ private:
+  std::vector<std::unique_ptr<ActionLabel>> tiles_;
+};
+
 }  // namespace
 
 class WindowTest : public DesktopTest {
@@ -57,6 +78,44 @@ TEST_F(WindowTest, AnActionIsPressedByMouseEnterSpaceAndAccessKeyAtOnce) {
   Press(Qt::Key_A, Qt::AltModifier);
   EXPECT_TRUE(Widget(sample.active).hasFocus()) << "a box that is ticked is where the user is";
   EXPECT_EQ(sample.TakeLog(), "leave name, active=1");
+}
+
+TEST_F(WindowTest, TabsChangeFromAnywhereAsByAClickOnThem) {
+  ShowSample();
+  sample.grid.SetActiveCell(1, 2);
+  Widget(sample.grid).setFocus();
+  Type("7");
+  Press(Qt::Key_PageDown, Qt::ControlModifier);
+  EXPECT_EQ(sample.TakeLog(), "edit 7, leave grid, tab 1");
+  EXPECT_TRUE(Widget(sample.grid).hasFocus());
+  Press(Qt::Key_PageDown, Qt::ControlModifier);
+  sample.tabs.MayShow = [](int) { return false; };
+  Press(Qt::Key_PageUp, Qt::ControlModifier);
+  EXPECT_EQ(sample.TakeLog(), "leave grid") << "refused";
+  sample.tabs.MayShow = nullptr;
+  Widget(sample.notes).setFocus();
+  Press(Qt::Key_PageUp, Qt::ControlModifier);
+  EXPECT_EQ(sample.TakeLog(), "leave grid, tab 0");
+  Widget(sample.remove).setFocus();
+  Press(Qt::Key_PageDown, Qt::ControlModifier);
+  EXPECT_TRUE(As<QTabWidget>(sample.tabs).tabBar()->hasFocus()) << "the tab has no field";
+}
+
+TEST_F(WindowTest, OnTilesTheArrowsGoWhereTheyPointAndDigitsPress) {
+  Pad pad;
+  stack.Show(pad);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(desktop.WindowOf(pad)));
+  std::string way;
+  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Right, Qt::Key_Down, Qt::Key_Left,
+                            Qt::Key_Up, Qt::Key_Up}) {
+    Press(key);
+    way += QApplication::focusWidget()->objectName().toStdString();
+  }
+  EXPECT_EQ(way, "3444311");
+  Press(Qt::Key_5);
+  Press(Qt::Key_2);
+  EXPECT_EQ(pad.pressed, "52");
+  stack.Unload(pad);
 }
 
 TEST_F(WindowTest, AltWithALetterThatIsNoAccessKeyTypesNothing) {

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QTextLayout>
+#include <map>
 
 #include "desktop/look/QtText.h"
 #include "desktop/look/Shades.h"
@@ -13,6 +14,7 @@ namespace {
 
 constexpr int kTilePadding = 14;
 constexpr double kTilePoints = 11.5;
+constexpr double kNumberPoints = 8;
 
 // Lays a text out in lines of a width; returns the height.
 double BreakLines(QTextLayout& layout, double width) {
@@ -46,6 +48,11 @@ void ActionButton::SetLook(Look look) {
   updateGeometry();
 }
 
+void ActionButton::SetNumber(int number) {
+  number_ = number;
+  update();
+}
+
 void ActionButton::SetColors(const QColor& fore, const QColor& back) {
   fore_ = fore;
   back_ = back;
@@ -65,11 +72,34 @@ void ActionButton::changeEvent(QEvent* event) {
     setCursor(isEnabled() ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
 
+// In a band the arrows go where they point, and nowhere else.
 void ActionButton::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-    click();
-  else
-    QAbstractButton::keyPressEvent(event);
+  static const std::map<int, QPoint> arrows = {{Qt::Key_Left, {-1, 0}},
+                                               {Qt::Key_Right, {1, 0}},
+                                               {Qt::Key_Up, {0, -1}},
+                                               {Qt::Key_Down, {0, 1}}};
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+  const auto arrow = arrows.find(event->key());
+  if (arrow == arrows.end() || look_ == Look::Patch) return QAbstractButton::keyPressEvent(event);
+  if (ActionButton* next = Neighbour(arrow->second)) next->setFocus(Qt::TabFocusReason);
+}
+
+ActionButton* ActionButton::Neighbour(const QPoint& direction) const {
+  constexpr int kFar = 100000;
+  const QPoint reach(direction.x() == 0 ? 0 : kFar, direction.y() == 0 ? 0 : kFar);
+  const QRect beam(geometry().topLeft() - reach, geometry().bottomRight() + reach);
+  ActionButton* nearest = nullptr;
+  int distance = kFar;
+  for (QObject* sibling : parentWidget()->children()) {
+    auto* button = dynamic_cast<ActionButton*>(sibling);
+    if (button == nullptr || !button->isVisible() || !button->isEnabled()) continue;
+    const QPoint away = button->geometry().center() - geometry().center();
+    const int ahead = QPoint::dotProduct(away, direction);
+    if (ahead <= 0 || ahead >= distance || !beam.intersects(button->geometry())) continue;
+    nearest = button;
+    distance = ahead;
+  }
+  return nearest;
 }
 
 QColor ActionButton::Ground() const {
@@ -90,6 +120,12 @@ void ActionButton::paintEvent(QPaintEvent*) {
   painter.setPen(ink);
   if (look_ == Look::Tile) {
     DrawTileText(painter, rect().adjusted(kTilePadding, 0, -kTilePadding, 0));
+    QFont small = font();
+    small.setPointSizeF(kNumberPoints);
+    painter.setFont(small);
+    if (number_ > 0)
+      painter.drawText(rect().adjusted(8, 6, -8, -6), Qt::AlignRight | Qt::AlignTop,
+                       QString::number(number_));
   } else {
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
   }

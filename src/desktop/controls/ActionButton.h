@@ -15,6 +15,8 @@ class ActionButton : public QAbstractButton {
 
   explicit ActionButton(QWidget* parent = nullptr);
   void SetLook(Look look);
+  // The digit that presses a tile, shown in its corner; 0 is none.
+  void SetNumber(int number);
   void SetColors(const QColor& fore, const QColor& back);
 
   QSize sizeHint() const override;
@@ -27,9 +29,12 @@ class ActionButton : public QAbstractButton {
 
  private:
   QColor Ground() const;
+  // What stands beside it in a direction, or null.
+  ActionButton* Neighbour(const QPoint& direction) const;
   void DrawTileText(QPainter& painter, const QRect& area) const;
 
   Look look_ = Look::Patch;
+  int number_ = 0;
   QColor fore_ = Qt::white, back_ = Qt::black;
 };
 

@@ -4,11 +4,14 @@
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QListWidget>
+#include <QPointer>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QTabBar>
 #include <QTabWidget>
 
 #include "desktop/controls/AccessKeys.h"
+#include "desktop/controls/WindowInput.h"
 #include "desktop/look/QtText.h"
 #include "desktop/look/Shades.h"
 #include "desktop/window/ScreenWindow.h"
@@ -141,6 +144,26 @@ TabAdapter::TabAdapter(TabStrip& strip, ScreenWindow& window)
     Hand([&](Gestures& user) { user.Choose(control_, tab); });
     ShowState();  // the screen may have refused
   });
+  for (const auto& [key, step] : {std::pair{Qt::Key_PageUp, -1}, {Qt::Key_PageDown, 1}}) {
+    auto* shortcut = new QShortcut(Qt::ControlModifier | key, &window);
+    connect(shortcut, &QShortcut::activated, this, [this, by = step] { GoOn(by); });
+  }
+}
+
+// As by a click on the tab: what is being typed elsewhere comes in first. Then the focus is again
+// where it was, or in the first field of the tab that came.
+void TabAdapter::GoOn(int step) {
+  const int tab = shown_.currentIndex() + step;
+  if (tab < 0 || tab >= shown_.count()) return;
+  const QPointer<QWidget> before = window_.FocusedField();
+  const QPointer<TabAdapter> self(this);
+  shown_.tabBar()->setFocus(Qt::ShortcutFocusReason);
+  shown_.setCurrentIndex(tab);
+  if (!self || !window_.Input().IsOpen() || !before || before == &shown_) return;
+  if (before->isVisible())
+    before->setFocus(Qt::OtherFocusReason);
+  else
+    window_.SetFirstFocus(shown_.currentWidget());
 }
 
 void TabAdapter::ShowState() {

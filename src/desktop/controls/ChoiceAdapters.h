@@ -37,7 +37,8 @@ class OptionAdapter : public TypedAdapter<OptionButton, QRadioButton> {
   void ShowColors() override;
 };
 
-// The tabs alone; the layout adds a page for each caption.
+// The tabs alone; the layout adds a page for each caption. Ctrl+PageUp and Ctrl+PageDown go from
+// tab to tab from anywhere in the window.
 class TabAdapter : public TypedAdapter<TabStrip, QTabWidget> {
  public:
   TabAdapter(TabStrip& strip, ScreenWindow& window);
@@ -45,6 +46,9 @@ class TabAdapter : public TypedAdapter<TabStrip, QTabWidget> {
  protected:
   void ShowState() override;
   void ShowColors() override {}
+
+ private:
+  void GoOn(int step);
 };
 
 }  // namespace kvi

@@ -90,7 +90,10 @@ QWidget* LayoutBuilder::BuildTiles(const Layout& node) {
   for (const Layout& child : node.children) {
     QWidget* tile = BuildControl(child);
     SetLook(*tile, ActionButton::Look::Tile);
-    if (firstTile_ == nullptr) firstTile_ = tile;
+    if (auto* button = dynamic_cast<ActionButton*>(tile)) {
+      tiles_.push_back(button);
+      if (tiles_.size() <= 9) button->SetNumber(static_cast<int>(tiles_.size()));
+    }
     grid->addWidget(tile, at / columns, at % columns);
     grid->setColumnStretch(at % columns, 1);
     grid->setRowStretch(at / columns, 1);

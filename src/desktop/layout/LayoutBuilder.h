@@ -12,6 +12,7 @@ class QWidget;
 namespace kvi {
 
 class AccessKeys;
+class ActionButton;
 class Control;
 class ControlAdapter;
 class Panel;
@@ -33,7 +34,7 @@ class LayoutBuilder {
 
   Panel* Build(const Layout& root);
   const std::vector<Band>& Bands() const { return bands_; }
-  QWidget* FirstTile() const { return firstTile_; }
+  const std::vector<ActionButton*>& Tiles() const { return tiles_; }
 
  private:
   Panel* NewPanel();
@@ -67,7 +68,7 @@ class LayoutBuilder {
   std::function<ControlAdapter*(Control&)> place_;
   std::function<void()> mouseOver_;
   std::vector<Band> bands_;
-  QWidget* firstTile_ = nullptr;
+  std::vector<ActionButton*> tiles_;
 };
 
 }  // namespace kvi

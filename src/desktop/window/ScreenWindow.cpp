@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include "desktop/controls/ActionButton.h"
 #include "desktop/controls/LabelAdapters.h"
 #include "desktop/layout/ScrollingContent.h"
 #include "desktop/look/Look.h"
@@ -203,19 +204,17 @@ int ScreenWindow::FocusRankOf(const ControlAdapter& adapter) const {
 
 // A list is ready for the arrow keys, the launch pad for its first tile, a form for its first
 // field.
-void ScreenWindow::SetFirstFocus() {
+void ScreenWindow::SetFirstFocus(const QWidget* part) {
+  if (part == nullptr && !builder_.Tiles().empty()) return builder_.Tiles().front()->setFocus();
   ControlAdapter* best = nullptr;
   int bestRank = 0;
   for (ControlAdapter* adapter : adapters_) {
     const int rank = FocusRankOf(*adapter);
-    if (rank <= bestRank) continue;
+    if (rank <= bestRank || (part != nullptr && !part->isAncestorOf(adapter->Widget()))) continue;
     best = adapter;
     bestRank = rank;
   }
-  if (builder_.FirstTile() != nullptr)
-    builder_.FirstTile()->setFocus();
-  else if (best != nullptr)
-    best->TakeFocus();
+  if (best != nullptr) best->TakeFocus();
 }
 
 QWidget* ScreenWindow::FocusedField() const {
@@ -240,8 +239,22 @@ void ScreenWindow::showEvent(QShowEvent* event) {
   if (!event->spontaneous()) Center();
 }
 
+// The digits press the tiles in their order.
+bool ScreenWindow::PressTile(const QKeyEvent& key) {
+  const int tile = key.key() - Qt::Key_1;
+  const bool isPlain = (key.modifiers() | Qt::KeypadModifier) == Qt::KeypadModifier;
+  const auto& tiles = builder_.Tiles();
+  if (!isPlain || tile < 0 || tile >= std::min<int>(9, static_cast<int>(tiles.size())))
+    return false;
+  ActionButton& pressed = *tiles[static_cast<std::size_t>(tile)];
+  pressed.setFocus(Qt::ShortcutFocusReason);
+  pressed.click();
+  return true;
+}
+
 // The keys that no field had a use for.
 void ScreenWindow::keyPressEvent(QKeyEvent* event) {
+  if (PressTile(*event)) return;
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool escape = event->key() == Qt::Key_Escape;
   const auto press = [this](auto& pressed) {

@@ -31,6 +31,8 @@ class ScreenWindow : public QWidget, public ScreenView {
   QWidget* WidgetOf(const Control& control) const;
   // The widget of the control that has the keyboard, or null.
   QWidget* FocusedField() const;
+  // To the first field that can be typed into; of a part of the window, where one is given.
+  void SetFirstFocus(const QWidget* part = nullptr);
   // The screen has been loaded: the focus goes on from where nothing can be typed.
   void BeginVisit();
   // A screen above was closed: in a list the focus goes from the action to the list.
@@ -62,7 +64,7 @@ class ScreenWindow : public QWidget, public ScreenView {
   void BuildMenus(QMenuBar& bar);
   QWidget* BuildStatus();
   void NameFields();
-  void SetFirstFocus();
+  bool PressTile(const QKeyEvent& key);
   int FocusRankOf(const ControlAdapter& adapter) const;
   ControlAdapter* AdapterOf(const Control& control) const;
   ControlAdapter* AdapterOf(const QWidget* widget) const;
