@@ -2,41 +2,12 @@
 #include <cmath>
 
 #include "bench/CommitGroups.h"
+#include "bench/GroupedStock.h"
 #include "bench/Pair.h"
-#include "bench/Stockroom.h"
 #include "partgroups/UpdatePartGroupCosts.h"
 
 namespace kvi::bench {
 namespace {
-
-constexpr int kGroups = 2000, kLines = 20;
-const std::string kNestedLine = "RECIPE IN RECIPE", kPartLine = "a part of it";
-
-// Every group's first line nests the next group; the parts come from all over the table.
-void MakeGroups(const std::string& path) {
-  constexpr std::size_t kStride = 7919;
-  RawFile file(path);
-  std::vector<std::string> numbers;
-  for (sqlite3_stmt* rows = file.Prepare("SELECT inv_id FROM I_Master WHERE hu_qty>0 AND hi_qty>0");
-       Step(rows);)
-    numbers.push_back(TextOf(rows, 0));
-  sqlite3_stmt* line = file.Prepare(
-      "INSERT INTO Inv_Recipe(rec_id,inv_id,[desc],qty,cost_per,pcenter) VALUES(?1,?2,?3,0.5,0,0)");
-  file.Run("BEGIN;DELETE FROM R_Master;DELETE FROM Inv_Recipe");
-  std::size_t next = 0;
-  for (int group = 1; group <= kGroups; ++group) {
-    const std::string id = std::to_string(group), nested = std::to_string(group % kGroups + 1);
-    file.Run("INSERT INTO R_Master(rec_id,pcenter) VALUES('" + id + "',0)");
-    for (int count = 0; count < kLines; ++count) {
-      next = (next + kStride) % numbers.size();
-      BindText(line, 1, id);
-      BindText(line, 2, count == 0 ? nested : numbers[next]);
-      BindText(line, 3, count == 0 ? kNestedLine : kPartLine);
-      Step(line);
-    }
-  }
-  file.Run("COMMIT");
-}
 
 // The passes as plain SQLite.
 class Floor {
@@ -145,9 +116,7 @@ double Sum(const std::string& path) {
 }
 
 void CostGroups(benchmark::State& state) {
-  const ScratchCopy ours("cost-ours.mdb"), other("cost-floor.mdb");
-  MakeGroups(ours.Path());
-  MakeGroups(other.Path());
+  const GroupedStock ours("cost-ours.mdb"), other("cost-floor.mdb");
   Willing desktop;
   SystemClock clock;
   SystemChance chance;

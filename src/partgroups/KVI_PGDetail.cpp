@@ -169,8 +169,9 @@ Layout KVI_PGDetail::Arrange() {
                             Field(Label3, rec_cat, 2.5)}),
                       Field(Label10, notes, 4, 0.8), Gap()}),
                  Of(Label1), Fill(Of(Spread1)),
-                 Row({Of(AddToRecipe), Of(Command2), Gap(), Field(CatLabel, CatCombo, 2.5)}),
-                 Of(Label2), Fill(Of(Spread2))});
+                 Row({Of(Label2), Gap(), Of(AddToRecipe), Of(Command2), Gap(),
+                      Field(CatLabel, CatCombo, 2.5)}),
+                 Fill(Of(Spread2))});
 }
 
 }  // namespace kvi
