@@ -28,6 +28,7 @@ KVI_PGDetail::KVI_PGDetail(Application& app)
   Command2.Tip = "Delete current item in " + kPartGroupLower;
   app_.DropListCombos.push_back({&rec_cat, "DD_rg_cat"});
   HandleEvents();
+  HandleRows();
   WatchChanges();
 }
 
@@ -44,6 +45,10 @@ void KVI_PGDetail::HandleEvents() {
     Spread2.SetActiveCell(row, col);
     AddSelected();
   };
+  Spread2.HeadingClick = [this](int col) {
+    for (const MenuItem* entry : {&m_s_id, &m_s_name, &m_s_cat})
+      if (col == SortColumn(*entry)) SortBy(*entry);
+  };
   Spread2.KeyPress = [this](int, int, const std::string& key) {
     GoToFirstLetter(Spread2, kNameColumn, key);
   };
@@ -52,6 +57,21 @@ void KVI_PGDetail::HandleEvents() {
   };
   for (MenuItem* entry : {&m_s_name, &m_s_id, &m_s_cat})
     entry->Click = [this, entry] { SortBy(*entry); };
+}
+
+void KVI_PGDetail::HandleRows() {
+  for (Spread* grid : {&Spread1, &Spread2}) {
+    grid->KeptCols = {kNumberColumn, kNameColumn};
+    grid->ActiveCellChanged = [this, grid] { ShowRow(*grid); };
+  }
+  Spread1.EntryCol = kQuantityColumn;
+  Spread2.EmptyText = "No parts in this category. Choose another one.";
+}
+
+void KVI_PGDetail::ShowRow(const Spread& grid) {
+  const int description = &grid == &Spread1 ? kDescriptionColumn : kNameColumn + 1;
+  ShowGridRow(grid, StatusBar1, {kNumberColumn, kNameColumn, description}, "line");
+  StatusBar1.SetPanelText(1, CountOf(static_cast<int>(Entries().size()), "line"));
 }
 
 void KVI_PGDetail::WatchChanges() {
@@ -121,6 +141,9 @@ void KVI_PGDetail::SavePartGroup() {
   SetCaption(kStoredCaption);
   stored_ = isNew ? replaced : LinesOfGroup(header.number, app_.CurrentProfitCenter);
   lineChanged_ = false;
+  Spread1.ForgetTyping();
+  ShowRow(Spread1);
+  Say(kPartGroup + " " + header.number + " saved.");
 }
 
 // What was typed is not lost by a save that failed; a refusal for want of the right is none.
@@ -132,19 +155,18 @@ void KVI_PGDetail::Exit() {
   HideScreen();
 }
 
-void KVI_PGDetail::FindAvailable() {
+int KVI_PGDetail::SortColumn(const MenuItem& entry) const {
   constexpr int kCategoryColumn = 7;
+  return &entry == &m_s_id ? kNumberColumn : &entry == &m_s_name ? kNameColumn : kCategoryColumn;
+}
+
+void KVI_PGDetail::FindAvailable() {
   FindRequest request{
       .caller = Name(), .grid = &Spread2, .hidden = &Spread1, .anywhere = false, .sortNote = false};
-  if (m_s_id.Checked) {
-    request.column = kNumberColumn;
-    request.prompt = "What 'ID #' would you like to find?";
-  } else if (m_s_name.Checked) {
-    request.column = kNameColumn;
-  } else if (m_s_cat.Checked) {
-    request.column = kCategoryColumn;
-    request.prompt = "What 'category' would you like to find?";
-  }
+  for (const MenuItem* entry : {&m_s_id, &m_s_name, &m_s_cat})
+    if (entry->Checked) request.column = SortColumn(*entry);
+  if (m_s_id.Checked) request.prompt = "What 'ID #' would you like to find?";
+  if (m_s_cat.Checked) request.prompt = "What 'category' would you like to find?";
   app_.Get<KVI_Find>().FindIn(request);
 }
 

@@ -82,6 +82,7 @@ class KVI_PGDetail : public KviScreen {
   Label CatLabel{*this, "CatLabel", "Category"};
   ComboBox CatCombo{*this, "CatCombo", ComboBox::Style::ListOnly};
   Spread Spread2{*this, "Spread2"};
+  StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_f_recalc{m_file, "m_f_recalc", "Re-calc ingrediant prices from SYSCO"};
   MenuItem m_f_print{m_file, "m_f_print", "&Print"};
@@ -96,9 +97,12 @@ class KVI_PGDetail : public KviScreen {
 
  private:
   void HandleEvents();
+  void HandleRows();
   void WatchChanges();
   bool IsNew() const;
   void FindAvailable();
+  // Tells the active row of one of the grids, whose texts may be cut.
+  void ShowRow(const Spread& grid);
 
   // The lines, in KVI_PGDetailLines.cpp.
   void SetUpLines();
@@ -124,6 +128,7 @@ class KVI_PGDetail : public KviScreen {
   // Sets the list below up for what stands in it.
   void StandUnder(Listed listed, const std::string& caption);
   void SortBy(const MenuItem& entry);
+  int SortColumn(const MenuItem& entry) const;
   // Fills the list below; says so when it stays empty.
   void FillAvailable();
   bool FillAvailableParts();

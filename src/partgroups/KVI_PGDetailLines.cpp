@@ -53,6 +53,7 @@ void KVI_PGDetail::SetUpLines() {
   LockGrid(Spread1);
   for (const int typed : {kQuantityColumn, kNotesColumn})
     Spread1.SetLock(Block::Column(typed), false);
+  Spread1.SetKind(Block::Column(kQuantityColumn), CellKind::Number);
   Spread1.SetAlign({1, kQuantityColumn, -1, kPercentColumn}, CellAlign::Right);
 }
 
@@ -179,6 +180,7 @@ void KVI_PGDetail::RemoveLines() {
 void KVI_PGDetail::LinesChanged() {
   lineChanged_ = true;
   CalcLinePercents();
+  ShowRow(Spread1);
 }
 
 // Of the lines down to the first gap. Without a total the shares stay as they were.

@@ -109,6 +109,8 @@ void KVI_PGDetail::load_data() {
   });
   if (missing_) ShowHeader({.number = rec_id.Text});
   lineChanged_ = false;
+  ShowRow(Spread1);
+  if (HasLine(1)) Say("Type every quantity: a line without one is saved with 0.");
 }
 
 // The group is read whole before anything of it is shown.
@@ -185,6 +187,8 @@ bool KVI_PGDetail::FillAvailableParts() {
   else if (m_s_cat.Checked)
     sql += " ORDER BY category, name ";
   FillList(Spread2, app_.CurrentDatabase, sql, app_.UseColors, ShowPart);
+  for (const MenuItem* entry : {&m_s_name, &m_s_id, &m_s_cat})
+    if (entry->Checked) Spread2.MarkSorted(SortColumn(*entry));
   return Spread2.MaxRows() > 0;
 }
 

@@ -46,15 +46,21 @@ void KVI_PGSummary::HandleEvents() {
   duplicate.Click = [this] { DuplicateActive(); };
   refresh_lab.Click = [this] { LoadPartGroupList(); };
   find_lab.Click = [this] { FindGroup(); };
-  // The list is not loaded again: the new costs show after a refresh.
-  Label3.Click = [this] { UpdatePartGroupCosts(app_); };
+  Label3.Click = [this] { UpdateCosts(); };
   print_lab.Click = [this] { PrintList(); };
   exit_lab.Click = m_f_exit.Click = [this] { Exit(); };
   m_export.Click = [this] {
     ExportGridToSpreadsheet(Spread1, app_.SpreadsheetPath, app_.ProgramFolder, app_.desktop);
   };
   Spread1.DblClick = [this](int row, int) { OpenGroup(row); };
-  Spread1.ActiveCellChanged = [this] { ShowGridPosition(Spread1, StatusBar1); };
+  Spread1.HeadingClick = [this](int col) {
+    for (OptionButton* sort : {&sort_name, &sort_cate, &sort_rnum})
+      if (col-- == kNameColumn) sort->Value = true;
+  };
+  Spread1.RowActions = {&duplicate, &remove, &find_lab, &print_lab};
+  Spread1.KeptCols = {kNameColumn, kNumberColumn};
+  Spread1.EmptyText = "No " + kPartGroupsLower + " yet. Press New.";
+  Spread1.ActiveCellChanged = [this] { ShowPosition(); };
   Spread1.KeyPress = [this](int, int col, const std::string& key) {
     if (col < kCostColumn) GoToFirstLetter(Spread1, SortColumn(), key);
   };
@@ -84,7 +90,7 @@ void KVI_PGSummary::Activate() {
     loadNeeded_ = false;
   }
   GoToRow(Spread1, row);
-  ShowGridPosition(Spread1, StatusBar1);
+  ShowPosition();
 }
 
 std::string KVI_PGSummary::Query() const {
@@ -118,10 +124,15 @@ bool KVI_PGSummary::FillList() {
     Spread1.SetText(row, kCostColumn, Format(groups["cost"], "####0.0000"));
     Spread1.SetText(row, kNotesColumn, groups.Text("notes"));
   }
+  Spread1.MarkSorted(SortColumn());
   ShadeGridRows(Spread1, app_.UseColors);
   if (Spread1.ActiveRow() < 1) GoToFirstCell(Spread1);
-  ShowGridPosition(Spread1, StatusBar1);
+  ShowPosition();
   return Spread1.MaxRows() > 0;
+}
+
+void KVI_PGSummary::ShowPosition() {
+  ShowGridRow(Spread1, StatusBar1, {kNameColumn, kNumberColumn});
 }
 
 int KVI_PGSummary::SortColumn() const {
@@ -195,6 +206,12 @@ void KVI_PGSummary::DuplicateActive() {
   if (!DuplicateGroup(app_.CurrentDatabase, app_.PartGroupSet, original, Val(cell(kCostColumn))))
     return Inform("Duplicate already exists. New record NOT created.", "Duplicate");
   LoadPartGroupList();
+}
+
+// The list is not loaded again.
+void KVI_PGSummary::UpdateCosts() {
+  UpdatePartGroupCosts(app_);
+  Say("Press Refresh to see new costs.");
 }
 
 void KVI_PGSummary::FindGroup() {

@@ -39,7 +39,7 @@ class KVI_PGSummary : public KviScreen {
   OptionButton sort_rnum{*this, "sort_rnum", "Part group #"};
   Label Label2{*this, "Label2"};
   Spread Spread1{*this, "Spread1"};
-  StatusBar StatusBar1{*this, "StatusBar1"};
+  StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_export{m_file, "m_export", "&Export to spreadsheet"};
   MenuItem m_f_exit{m_file, "m_f_exit", "E&xit this screen"};
@@ -53,12 +53,14 @@ class KVI_PGSummary : public KviScreen {
   // False when there is nothing to list.
   bool FillList();
   int SortColumn() const;
+  void ShowPosition();
   void StandOn(int row);
   bool MayWrite();
   void NewGroup();
   void OpenGroup(int row);
   void RemoveGroups();
   void DuplicateActive();
+  void UpdateCosts();
   void FindGroup();
   void PrintList();
 

@@ -43,11 +43,12 @@ TEST_F(PGDetailTest, AClerkBuildsAGroupAndSeesTheSharesAtOnce) {
     EXPECT_TRUE(stockroom.user().PressKey(Parts(), "s"));
     Click(Builder().AddToRecipe);
     TypeQuantity(1, "3");
-    TypeQuantity(2, "8 pieces");
+    TypeQuantity(2, "8");
+    EXPECT_FALSE(stockroom.user().TypeIntoCell(Lines(), 2, KVI_PGDetail::kQuantityColumn, "few"));
     EXPECT_EQ(Shown(),
-              "10|Belt|foot|3|2.0000|75.00|wide|\n100|Seal|each|8 pieces|0.2500|25.00|"
+              "10|Belt|foot|3|2.0000|75.00|wide|\n100|Seal|each|8|0.2500|25.00|"
               "thin|\n");
-    TypeQuantity(1, "none");
+    TypeQuantity(1, "");
     TypeQuantity(2, "0");
     EXPECT_EQ(Lines().Text(1, KVI_PGDetail::kPercentColumn), "0.00");
     EXPECT_EQ(Lines().Text(2, KVI_PGDetail::kPercentColumn), "100.00") << "no total, no new share";
