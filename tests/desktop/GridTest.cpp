@@ -213,6 +213,18 @@ TEST_F(GridTest, ADigitOnALockedCellIsTypedIntoTheEntryCellAndUndoTakesItBack) {
   EXPECT_EQ(sample.TakeLog(), "edit 12, edit 2C");
 }
 
+TEST_F(GridTest, CtrlAddsToTheSelectionAndAPlainClickEndsIt) {
+  const auto click = [&](int row, Qt::KeyboardModifiers with) {
+    QTest::mouseClick(Table().viewport(), Qt::LeftButton, with, CentreOf(row, 2));
+  };
+  click(1, {});
+  click(3, Qt::ControlModifier);
+  EXPECT_EQ(SelectedText(), "[1,2 1,2][3,2 3,2]");
+  EXPECT_EQ(Where(), "3,2");
+  click(2, {});
+  EXPECT_EQ(SelectedText(), "");
+}
+
 TEST_F(GridTest, AHeadingClickSortsAndSelectsNothing) {
   QHeaderView& headings = *Table().horizontalHeader();
   QTest::mouseClick(headings.viewport(), Qt::LeftButton, {},

@@ -116,7 +116,8 @@ void SpreadView::ShowActiveCell() {
   if (gone_) return;
   const Flag showing(showing_);
   const QModelIndex active = ActiveIndex();
-  const bool several = !grid_.SelectedBlocks().empty();
+  // Where the user moves, the selection follows by itself, and may keep what Ctrl adds to.
+  const bool several = moving_ || !grid_.SelectedBlocks().empty();
   selectionModel()->setCurrentIndex(
       active, several ? QItemSelectionModel::NoUpdate : QItemSelectionModel::ClearAndSelect);
   if (active.isValid()) scrollTo(active);
@@ -148,8 +149,8 @@ void SpreadView::Typed(const QModelIndex& cell, const QString& text) {
   typed_ = TypedText{cell.row() + 1, cell.column() + 1, FromQt(text)};
 }
 
-// The step is taken unless the system went somewhere by itself, or the text was not understood: then
-// it is told where it was typed.
+// The step is taken unless the system went somewhere by itself, or the text was not understood:
+// then it is told where it was typed.
 void SpreadView::FinishEditor(QWidget& editor, Step step) {
   const int row = grid_.ActiveRow(), col = grid_.ActiveCol();
   commitData(&editor);
@@ -187,6 +188,7 @@ void SpreadView::currentChanged(const QModelIndex& current, const QModelIndex& p
   QTableView::currentChanged(current, previous);
   viewport()->update();
   if (showing_ || gone_ || !current.isValid()) return;
+  const Flag moving(moving_);
   hand_([&](Gestures& user) { user.GoToCell(grid_, current.row() + 1, current.column() + 1); });
 }
 

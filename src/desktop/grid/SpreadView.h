@@ -100,10 +100,11 @@ class SpreadView : public QTableView {
   std::optional<TypedText> typed_;
   std::optional<std::uint64_t> shownRevision_;  // none before the first showing
   QTimer settle_;
-  double stretch_ = 1;  // of the text columns, where the view has room to spare
+  double stretch_ = 1;    // of the text columns, where the view has room to spare
   bool refused_ = false;  // the text that was typed last
   bool replacing_ = false;
   bool showing_ = false;
+  bool moving_ = false;  // the user's own step to another cell
   bool gone_ = false;
 };
 
