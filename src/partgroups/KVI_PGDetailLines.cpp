@@ -40,6 +40,12 @@ constexpr CopiedCell kCopiedCells[] = {{1, KVI_PGDetail::kNumberColumn},
                                        {4, KVI_PGDetail::kHowUsedColumn},
                                        {5, KVI_PGDetail::kCostColumn}};
 
+void ClearSelection(Spread& grid) {
+  grid.SetSelectedBlocks({});
+  // (The view learns it by the active cell.)
+  grid.SetActiveCell(grid.ActiveRow(), grid.ActiveCol());
+}
+
 }  // namespace
 
 void KVI_PGDetail::SetUpLines() {
@@ -120,12 +126,16 @@ void KVI_PGDetail::AddSelected() {
   int row = EmptyLine();
   for (const Block& block : blocks)
     for (int part = block.row; part <= block.row2; ++part) CopyToLine(row++, part);
-  Spread2.SetSelectedBlocks({});
+  Spread1.SetActiveCell(row - 1, kQuantityColumn);
+  ClearSelection(Spread2);
   LinesChanged();
 }
 
+// The new line comes in sight, its quantity next.
 void KVI_PGDetail::AddItemLine() {
-  CopyToLine(EmptyLine(), Spread2.ActiveRow());
+  const int row = EmptyLine();
+  CopyToLine(row, Spread2.ActiveRow());
+  Spread1.SetActiveCell(row, kQuantityColumn);
   LinesChanged();
 }
 
@@ -172,7 +182,7 @@ void KVI_PGDetail::RemoveLines() {
   const std::vector<Block> blocks = Spread1.SelectedBlocks();
   for (const Block& block : blocks) Spread1.ClearText({block.row, 1, block.row2, -1});
   if (blocks.empty() && Spread1.ActiveRow() > 0) Spread1.DeleteRow(Spread1.ActiveRow());
-  Spread1.SetSelectedBlocks({});
+  ClearSelection(Spread1);
   LinesChanged();
   calc_data();
 }
