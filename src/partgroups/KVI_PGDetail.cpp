@@ -24,6 +24,8 @@ KVI_PGDetail::KVI_PGDetail(Application& app)
   notes.Multiline = true;
   rec_id.MaxLength = rname.MaxLength = kLongestText;
   m_s_name.Checked = true;
+  Label1.Names = &Spread1;
+  Label2.Names = &Spread2;
   AddToRecipe.Tip = "Add currently selected item to " + kPartGroupLower;
   Command2.Tip = "Delete current item in " + kPartGroupLower;
   app_.DropListCombos.push_back({&rec_cat, "DD_rg_cat"});

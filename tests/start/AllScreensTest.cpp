@@ -4,23 +4,11 @@
 #include <set>
 
 #include "base/Text.h"
-#include "grids/KVI_Find.h"
-#include "items/KVI_ChooseVendors.h"
-#include "items/KVI_InventoryDetail.h"
-#include "items/KVI_InventoryDetail1Screen.h"
-#include "items/KVI_InventorySummary.h"
-#include "ordering/KVI_OrderSystem.h"
-#include "partgroups/KVI_PGDetail.h"
-#include "partgroups/KVI_PGSummary.h"
-#include "security/KVI_SecurityCheckpoint.h"
-#include "stock/KVI_Invoice.h"
-#include "stock/KVI_UpdateInventory.h"
+#include "platform/Controls.h"
+#include "support/AllScreens.h"
 #include "support/TestStockroom.h"
-#include "utilities/KVI_GetILocation.h"
-#include "utilities/KVI_ManageDropLIsts.h"
-#include "utilities/KVI_Utilities.h"
 
-// What every screen of the system keeps. A new one is entered here and in the picture tour.
+// What every screen of the system keeps.
 namespace kvi::test {
 namespace {
 
@@ -74,15 +62,7 @@ void Check(Screen& screen) {
 TEST(AllScreensTest, EveryControlHasItsPlaceAndEveryAccessKeyItsOneControl) {
   TestStockroom stockroom;
   ASSERT_TRUE(stockroom.Start());
-  Application& app = stockroom.App();
-  for (Screen* screen : std::initializer_list<Screen*>{
-           &stockroom.MainScreen(), &app.Get<KVI_ChooseVendors>(), &app.Get<KVI_Find>(),
-           &app.Get<KVI_InventoryDetail>(), &app.Get<KVI_InventoryDetail1Screen>(),
-           &app.Get<KVI_InventorySummary>(), &app.Get<KVI_SecurityCheckpoint>(),
-           &app.Get<KVI_Invoice>(), &app.Get<KVI_UpdateInventory>(), &app.Get<KVI_GetILocation>(),
-           &app.Get<KVI_ManageDropLIsts>(), &app.Get<KVI_OrderSystem>(), &app.Get<KVI_PGDetail>(),
-           &app.Get<KVI_PGSummary>(), &app.Get<KVI_Utilities>()})
-    Check(*screen);
+  for (Screen* screen : AllScreens(stockroom.App())) Check(*screen);
 }
 
 }  // namespace

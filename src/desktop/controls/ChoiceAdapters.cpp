@@ -138,7 +138,7 @@ TabAdapter::TabAdapter(TabStrip& strip, ScreenWindow& window)
     : TypedAdapter(strip, new QTabWidget(&window), window) {
   // A click on a tab takes the focus, as it ends what is being typed elsewhere.
   shown_.tabBar()->setFocusPolicy(Qt::StrongFocus);
-  shown_.tabBar()->setAccessibleName("Tabs");
+  SetLabel("Tabs");
   connect(&shown_, &QTabWidget::currentChanged, this, [this](int tab) {
     if (tab < 0) return;
     Hand([&](Gestures& user) { user.Choose(control_, tab); });

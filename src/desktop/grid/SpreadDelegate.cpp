@@ -131,6 +131,7 @@ void SpreadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
 QWidget* SpreadDelegate::MakeChoice(QWidget* parent, int col) const {
   auto* choice = new ChoiceEditor(parent);
   choice->setFont(GridFont());
+  choice->setAccessibleName(ToQt(grid_.Text(0, col)));
   for (const std::string& entry : grid_.Choices(col)) choice->addItem(ToQt(entry));
   connect(choice, &QComboBox::activated, this, [this, choice] {
     if (!choice->IsKeyUnderWay()) view_.FinishEditor(*choice, SpreadView::Step::None);
@@ -144,6 +145,7 @@ QWidget* SpreadDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
   if (format.Kind == CellKind::List) return MakeChoice(parent, index.column() + 1);
   auto* editor = new QLineEdit(parent);
   editor->setFont(GridFont());
+  editor->setAccessibleName(ToQt(grid_.Text(0, index.column() + 1)));
   editor->setFrame(false);
   editor->setTextMargins(0, 0, 0, 0);
   editor->setAlignment(AlignmentOf(format.Align));

@@ -35,12 +35,28 @@ int SpreadModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant SpreadModel::data(const QModelIndex& index, int role) const {
-  if (grid_ == nullptr || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
-  return ToQt(grid_->Text(index.row() + 1, index.column() + 1));
+  if (grid_ == nullptr) return {};
+  const int row = index.row() + 1, col = index.column() + 1;
+  switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+      return ToQt(grid_->Text(row, col));
+    case Qt::AccessibleTextRole:
+      if (grid_->Format(row, col).Kind != CellKind::CheckBox) return ToQt(grid_->Text(row, col));
+      return grid_->Text(row, col) == "1" ? "checked" : "not checked";
+    case Qt::AccessibleDescriptionRole:
+      return grid_->Format(row, col).BackColor == kBrightRed ? "warning" : "";
+    default:
+      return {};
+  }
 }
 
 QVariant SpreadModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (grid_ == nullptr || role != Qt::DisplayRole) return {};
+  if (grid_ == nullptr) return {};
+  // A row is numbered, and spoken of by what stands first in it.
+  if (orientation == Qt::Vertical && role == Qt::AccessibleTextRole)
+    return ToQt(grid_->Text(section + 1, 1));
+  if (role != Qt::DisplayRole) return {};
   if (orientation == Qt::Vertical) return section + 1;
   return ToQt(grid_->Text(0, section + 1));
 }

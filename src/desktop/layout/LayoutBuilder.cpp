@@ -166,7 +166,9 @@ LayoutBuilder::FieldParts LayoutBuilder::BuildFieldParts(const Layout& node) {
     ControlAdapter* adapter = place_(*field.control);
     SetSize(*adapter->Widget(), field);
     text->setText(keys_.Claim(text, ToQt(label.text)));
-    text->setBuddy(adapter->Widget());
+    // A field with a name of its own is not spoken of by its label as well.
+    if (field.control->SpokenName.empty() || text->text().contains('&'))
+      text->setBuddy(adapter->Widget());
     adapter->AddCompanion(*text);
     adapter->SetLabel(ToQt(label.text));
     return {text, adapter->Widget()};

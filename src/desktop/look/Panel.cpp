@@ -35,7 +35,9 @@ void Panel::mouseMoveEvent(QMouseEvent* event) {
 }
 
 TitledPanel::TitledPanel(QString title, QWidget* parent)
-    : Panel(parent), title_(std::move(title)) {}
+    : Panel(parent), title_(std::move(title)) {
+  setAccessibleName(title_);
+}
 
 int TitledPanel::TitleHeight() const {
   return title_.isEmpty() ? 0 : fontMetrics().height() + 4;

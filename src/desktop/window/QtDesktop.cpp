@@ -20,6 +20,7 @@
 #include "desktop/printing/PrintService.h"
 #include "desktop/window/CommandLine.h"
 #include "desktop/window/ProgressWindow.h"
+#include "desktop/window/ScreenReaderFaces.h"
 #include "desktop/window/ScreenWindow.h"
 #include "platform/Gestures.h"
 #include "platform/ScreenStack.h"
@@ -55,6 +56,7 @@ std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
   QApplication::setApplicationName("kestvar-inventory");
   QApplication::setQuitOnLastWindowClosed(false);
   ApplyLook(*app);
+  InstallScreenReaderFaces();
   app->installEventFilter(new AltTypesNothing(app.get()));
   return app;
 }

@@ -1,0 +1,120 @@
+#include <QAccessible>
+#include <QTableView>
+#include <set>
+
+#include "DesktopTest.h"
+#include "frame/Application.h"
+#include "start/Main.h"
+#include "support/AllScreens.h"
+#include "support/TestStockroom.h"
+
+// What a screen reader is told.
+namespace kvi::test {
+namespace {
+
+QAccessibleInterface& FaceOf(QObject& object) {
+  return *QAccessible::queryAccessibleInterface(&object);
+}
+
+std::string Name(QAccessibleInterface& face) {
+  return face.text(QAccessible::Name).toStdString();
+}
+
+// What can have the keyboard, without the parts of a list, a grid or a tab bar.
+void CollectFocusable(QAccessibleInterface& face, std::vector<std::string>& names) {
+  if (face.state().focusable) names.push_back(Name(face));
+  const bool isWhole = face.role() == QAccessible::List || face.role() == QAccessible::Table ||
+                       face.role() == QAccessible::PageTabList;
+  for (int i = 0; !isWhole && i < face.childCount(); ++i) CollectFocusable(*face.child(i), names);
+}
+
+// Nobody is there to answer what an empty stockroom asks.
+class UnattendedDesktop : public QtDesktop {
+ public:
+  using QtDesktop::QtDesktop;
+
+ protected:
+  Answer ShowBox(const Box&) override { return Answer::Ok; }
+};
+
+using HearingTest = DesktopTest;
+
+TEST(AllScreensHearingTest, EachControlHasANameOfItsOwn) {
+  TestStockroom stockroom;
+  char program[] = "hearing";
+  char* arguments[] = {program, nullptr};
+  int count = 1;
+  UnattendedDesktop desktop(count, arguments);
+  Application app(
+      {desktop, stockroom.clock, stockroom.chance, stockroom.folder.Path().string(), ""});
+  desktop.SetStack(app.screens);
+  app.screens.Load(app.Get<Main>());
+  for (Screen* screen : AllScreens(app)) {
+    app.screens.Show(*screen);
+    QAccessibleInterface& window = FaceOf(*desktop.WindowOf(*screen));
+    EXPECT_EQ(window.role(), QAccessible::Window);
+    EXPECT_EQ(Name(window), screen->Caption());
+    std::vector<std::string> names;
+    CollectFocusable(window, names);
+    EXPECT_FALSE(names.empty()) << screen->Name();
+    std::set<std::string> taken;
+    for (const std::string& name : names)
+      EXPECT_TRUE(!name.empty() && taken.insert(name).second) << screen->Name() << ": " << name;
+    if (screen != &app.Get<Main>()) app.screens.Hide(*screen);
+  }
+  desktop.CloseAllWindows();
+}
+
+TEST_F(HearingTest, FieldsAreCalledByTheirLabelsAndTellTheirStates) {
+  sample.remove.Caption = "+";
+  sample.remove.Tip = "Add one";
+  sample.fifo.SpokenName = "First in, first out";
+  ShowSample();
+  sample.SetCaption("Renamed");
+  sample.nameCaption.Caption = "Full name:";
+  EXPECT_EQ(Name(FaceOf(*desktop.WindowOf(sample))), "Renamed");
+  EXPECT_EQ(Name(FaceOf(Widget(sample.name))), "Full name");
+  EXPECT_EQ(FaceOf(Widget(sample.name)).relations(QAccessible::Label).size(), 1);
+  EXPECT_EQ(Name(FaceOf(Widget(sample.remove))), "Add one");
+  EXPECT_EQ(Widget(sample.remove).toolTip(), "Add one");
+  EXPECT_EQ(Name(FaceOf(Widget(sample.fifo))), "First in, first out");
+
+  QAccessibleInterface& category = FaceOf(Widget(sample.category));
+  sample.category.Text = "Belts";
+  EXPECT_EQ(Name(category), "Category");
+  ASSERT_NE(category.textInterface(), nullptr);
+  EXPECT_EQ(category.textInterface()->text(0, 5), "Belts");
+  QAccessibleInterface& unit = FaceOf(Widget(sample.unit));
+  EXPECT_EQ(Name(unit), "Unit");
+  sample.unit.SetListIndex(1);
+  EXPECT_EQ(Name(unit), "Unit: foot");
+
+  sample.name.Locked = true;
+  sample.active.Value = true;
+  sample.notes.Enabled = false;
+  EXPECT_TRUE(FaceOf(Widget(sample.name)).state().readOnly);
+  EXPECT_TRUE(FaceOf(Widget(sample.active)).state().checked);
+  EXPECT_TRUE(FaceOf(Widget(sample.notes)).state().disabled);
+  EXPECT_TRUE(FaceOf(Widget(sample.code)).state().passwordEdit);
+  EXPECT_EQ(FaceOf(Widget(sample.save)).role(), QAccessible::Button);
+}
+
+TEST_F(HearingTest, AGridIsCalledByItsScreenARowByWhatStandsFirstAndAnEditorByItsColumn) {
+  ShowSample();
+  sample.grid.SetBackColor({2, 2, 2, 2}, kBrightRed);
+  sample.grid.SetActiveCell(2, 2);
+  Widget(sample.grid).setFocus();
+  QAccessibleInterface& table = FaceOf(Widget(sample.grid));
+  EXPECT_EQ(Name(table), "Sample screen");
+  QAccessibleInterface& cell = *table.tableInterface()->cellAt(1, 1);
+  EXPECT_EQ(Name(cell), "2B");
+  EXPECT_EQ(cell.text(QAccessible::Description), "warning");
+  // The headings are children too: those of the columns first, then one before each row.
+  EXPECT_EQ(Name(*table.child(2)), "B");
+  EXPECT_EQ(Name(*table.child(8)), "2A");
+  Type("7");
+  EXPECT_EQ(Name(FaceOf(*QApplication::focusWidget())), "B");
+}
+
+}  // namespace
+}  // namespace kvi::test

@@ -1,0 +1,40 @@
+#include "support/AllScreens.h"
+
+#include "frame/Application.h"
+#include "grids/KVI_Find.h"
+#include "items/KVI_ChooseVendors.h"
+#include "items/KVI_InventoryDetail.h"
+#include "items/KVI_InventoryDetail1Screen.h"
+#include "items/KVI_InventorySummary.h"
+#include "ordering/KVI_OrderSystem.h"
+#include "partgroups/KVI_PGDetail.h"
+#include "partgroups/KVI_PGSummary.h"
+#include "security/KVI_SecurityCheckpoint.h"
+#include "start/Main.h"
+#include "stock/KVI_Invoice.h"
+#include "stock/KVI_UpdateInventory.h"
+#include "utilities/KVI_GetILocation.h"
+#include "utilities/KVI_ManageDropLIsts.h"
+#include "utilities/KVI_Utilities.h"
+
+namespace kvi::test {
+
+std::vector<Screen*> AllScreens(Application& app) {
+  return {&app.Get<Main>(),
+          &app.Get<KVI_ChooseVendors>(),
+          &app.Get<KVI_Find>(),
+          &app.Get<KVI_GetILocation>(),
+          &app.Get<KVI_InventoryDetail>(),
+          &app.Get<KVI_InventoryDetail1Screen>(),
+          &app.Get<KVI_InventorySummary>(),
+          &app.Get<KVI_Invoice>(),
+          &app.Get<KVI_ManageDropLIsts>(),
+          &app.Get<KVI_OrderSystem>(),
+          &app.Get<KVI_PGDetail>(),
+          &app.Get<KVI_PGSummary>(),
+          &app.Get<KVI_SecurityCheckpoint>(),
+          &app.Get<KVI_UpdateInventory>(),
+          &app.Get<KVI_Utilities>()};
+}
+
+}  // namespace kvi::test
