@@ -14,6 +14,7 @@ namespace kvi {
 namespace {
 
 constexpr int kLongestText = 255;
+constexpr int kRowIsGone = 3167;
 const std::string kStoredCaption = kPartGroup + " Detail";
 const std::string kNewCaption = kStoredCaption + " - Add New " + kPartGroup;
 
@@ -66,6 +67,8 @@ void KVI_PGDetail::HandleRows() {
     grid->KeptCols = {kNumberColumn, kNameColumn};
     grid->ActiveCellChanged = [this, grid] { ShowRow(*grid); };
   }
+  Spread1.SpokenName = "Lines of the " + kPartGroupLower;
+  Spread2.SpokenName = "Available parts";
   Spread1.EntryCol = kQuantityColumn;
   Spread2.EmptyText = "No parts in this category. Choose another one.";
 }
@@ -116,6 +119,10 @@ void KVI_PGDetail::Activate() {
     return;
   }
   load_data();
+  if (IsNew())
+    rec_id.SetFocus();
+  else
+    Spread1.SetFocus();
 }
 
 // The caption changes behind the write: a new group whose save failed is still a new one.
@@ -135,17 +142,27 @@ void KVI_PGDetail::SavePartGroup() {
   const bool isNew = Caption() != kStoredCaption;
   // A new group takes the place of the lines that a removed one of its number left.
   const std::string replaced = isNew ? LinesOfGroup(header.number) : stored_;
-  const auto write = [&] {
-    WriteGroup(app_.CurrentDatabase, app_.PartGroupSet,
-               {isNew, app_.CurrentProfitCenter, header, Entries(), replaced});
-  };
-  if (SaveOnce(app_.desktop, write) != SaveEnd::Saved) return;
+  if (!Write({isNew, app_.CurrentProfitCenter, header, Entries(), replaced})) return;
   SetCaption(kStoredCaption);
   stored_ = isNew ? replaced : LinesOfGroup(header.number, app_.CurrentProfitCenter);
   lineChanged_ = false;
   Spread1.ForgetTyping();
   ShowRow(Spread1);
   Say(kPartGroup + " " + header.number + " saved.");
+}
+
+// A group that another desk removed meanwhile is a new one from then on: what stands here is not
+// lost.
+bool KVI_PGDetail::Write(const PartGroupSave& group) {
+  const auto write = [&] {
+    try {
+      WriteGroup(app_.CurrentDatabase, app_.PartGroupSet, group);
+    } catch (const RunTimeError& error) {
+      if (error.Number == kRowIsGone) SetCaption(kNewCaption);
+      throw;
+    }
+  };
+  return SaveOnce(app_.desktop, write) == SaveEnd::Saved;
 }
 
 // What was typed is not lost by a save that failed; a refusal for want of the right is none.

@@ -100,6 +100,7 @@ class KVI_PGDetail : public KviScreen {
   void HandleRows();
   void WatchChanges();
   bool IsNew() const;
+  bool Write(const PartGroupSave& group);
   void FindAvailable();
   // Tells the active row of one of the grids, whose texts may be cut.
   void ShowRow(const Spread& grid);

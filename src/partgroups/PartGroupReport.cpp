@@ -17,7 +17,7 @@ constexpr double kLeft = 0.3, kRight = 7.5;
 constexpr double kTop = 0.3, kBottomMargin = 0.5;
 constexpr double kAroundRule = 0.05;
 constexpr double kNameLeft = 0.9, kHowUsedLeft = 3.1;
-constexpr double kGap = 0.06;
+constexpr double kGap = 0.06, kBetweenEntries = 0.03;
 constexpr double kFontSize = 8;  // points
 
 struct Heading {
@@ -100,7 +100,7 @@ void PrintEntry(Surface& page, const PartGroupReportLine& line) {
   PrintToEndAt(page, 5.2, top, line.cost);
   PrintToEndAt(page, 6.0, top, Format(Val(line.quantity) * Val(line.cost), "###0.0000"));
   PrintToEndAt(page, 7.0, top, line.percent);
-  page.CurrentY = top + rowHeight;
+  page.CurrentY = top + rowHeight + kBetweenEntries;
 }
 
 }  // namespace

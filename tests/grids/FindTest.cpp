@@ -121,7 +121,7 @@ TEST_F(FindTest, OpensEmptyEachTimeAndBothExitsLeaveTheGridAlone) {
   });
 }
 
-// A caller of another kind: its own prompt, one way of searching, another grid hidden.
+// A caller whose request is of no screen.
 class StrangeCaller : public FindTest {
  protected:
   StrangeCaller() {
@@ -142,25 +142,6 @@ class StrangeCaller : public FindTest {
   Spread shown{caller, "Spread2", 8, 4}, other{caller, "Spread1", 2, 2};
   FindRequest request;
 };
-
-TEST_F(StrangeCaller, HandsOverPromptKindsOfSearchAndTheGridToHide) {
-  request.prompt = "What 'category' would you like to find?";
-  request.sortNote = false;
-  request.anywhere = false;
-  Open([&] {
-    EXPECT_EQ(Finder().Label1.Caption(), request.prompt);
-    EXPECT_FALSE(Finder().SortLabel.Visible);
-    Look("PUMPS", true);
-  });
-  EXPECT_EQ(shown.ActiveRow(), 3) << "at the beginning alone, whatever is ticked";
-  EXPECT_EQ(shown.ActiveCol(), 7);
-  Open([&] {
-    stockroom.desktop.ExpectBox(kNone);
-    stockroom.desktop.Meanwhile([&] { EXPECT_TRUE(shown.Visible && other.Visible); });
-    Look("PUMPS", false);
-  });
-  EXPECT_TRUE(other.Visible);
-}
 
 TEST_F(StrangeCaller, TheTwoNamesInCapitalsAloneHaveAPromptOfTheirOwn) {
   for (const char* name : {"KVI_PGSUMMARY", "KVI_UPDATEINVENTORY", "KVI_INVENTORYSUMMARY",
