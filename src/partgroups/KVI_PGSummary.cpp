@@ -46,7 +46,9 @@ void KVI_PGSummary::HandleEvents() {
   duplicate.Click = [this] { DuplicateActive(); };
   refresh_lab.Click = [this] { LoadPartGroupList(); };
   find_lab.Click = [this] { FindGroup(); };
-  Label3.Click = [this] { UpdateCosts(); };
+  // The list is not loaded again.
+  Label3.Tip = "New costs show after a refresh";
+  Label3.Click = [this] { UpdatePartGroupCosts(app_); };
   print_lab.Click = [this] { PrintList(); };
   exit_lab.Click = m_f_exit.Click = [this] { Exit(); };
   m_export.Click = [this] {
@@ -206,12 +208,7 @@ void KVI_PGSummary::DuplicateActive() {
   if (!DuplicateGroup(app_.CurrentDatabase, app_.PartGroupSet, original, Val(cell(kCostColumn))))
     return Inform("Duplicate already exists. New record NOT created.", "Duplicate");
   LoadPartGroupList();
-}
-
-// The list is not loaded again.
-void KVI_PGSummary::UpdateCosts() {
-  UpdatePartGroupCosts(app_);
-  Say("Press Refresh to see new costs.");
+  if (app_.CurrentProfitCenter != 0) Say("The copy is in the profit center of number 0.");
 }
 
 void KVI_PGSummary::FindGroup() {

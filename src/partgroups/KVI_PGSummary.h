@@ -60,7 +60,6 @@ class KVI_PGSummary : public KviScreen {
   void OpenGroup(int row);
   void RemoveGroups();
   void DuplicateActive();
-  void UpdateCosts();
   void FindGroup();
   void PrintList();
 

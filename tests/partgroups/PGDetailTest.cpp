@@ -190,8 +190,10 @@ TEST_F(PGDetailTest, AGroupThatIsGoneIsNotShownNorSaved) {
 TEST_F(PGDetailTest, WithoutTheRightASaveReturnsToWhatIsStored) {
   ASSERT_TRUE(stockroom.Start("/S:WWRW"));
   InList([&] {
-    ExpectBox(kReadOnly);
-    Click(List().new_lab);
+    for (ActionLabel* action : {&List().new_lab, &List().remove, &List().duplicate}) {
+      ExpectBox(kReadOnly);
+      Click(*action);
+    }
     InBuilder(2, [&] {
       Type(Builder().rname, "Mine");
       AddPart(3);
@@ -293,10 +295,7 @@ TEST_F(PGDetailTest, TheReportPrintsTheGridAsTyped) {
     EXPECT_TRUE(pages.Page(2).starts_with("0.30 0.30 bold 8 | Part #\n")) << pages.Page(2);
     EXPECT_NE(pages.Page(2).find("| LONG-PA"), std::string::npos);
     EXPECT_NE(pages.Page(2).find("| T-NUMBER"), std::string::npos) << "in the next line";
-    ExpectBox(
-        "This is a draft/screen print only. Use the 'print system' for better quality.\n\nAre you "
-        "sure you want to print this report?",
-        Answer::Yes, "Print");
+    ExpectBox(kPrintDraft, Answer::Yes, "Print");
     Click(Builder().sprint_lab);
     EXPECT_EQ(stockroom.desktop.screensPrinted.size(), 1U);
     ExpectBox(kSaveFirst, Answer::Cancel);
@@ -319,18 +318,15 @@ TEST_F(PGDetailTest, WhatNoControlCallsIsThereAllTheSame) {
     Builder().ListParts();
     EXPECT_EQ(Builder().Label2.Caption(), "Available General Inventory");
     stockroom.user().GoToCell(Parts(), 3, 1);
-    stockroom.user().GoToCell(Lines(), 1, 1);
-    const std::string question =
-        "You are on a row which currently has an item.  Would you like to overwrite this item?";
-    ExpectBox(question, Answer::Yes, "Part Group Builder");
-    Builder().add_to_rec_wi();
-    EXPECT_EQ(Lines().Text(1, 1), "100");
-    EXPECT_EQ(Lines().ActiveRow(), 5);
-    stockroom.user().GoToCell(Lines(), 1, 1);
-    ExpectBox(question, Answer::No, "Part Group Builder");
-    Builder().add_to_rec_wi();
-    EXPECT_EQ(Lines().Text(5, 1), "100");
-    Builder().calc_wi_cost();
+    for (const auto& [answer, row] : {std::pair(Answer::Yes, 1), std::pair(Answer::No, 5)}) {
+      stockroom.user().GoToCell(Lines(), 1, 1);
+      ExpectBox(
+          "You are on a row which currently has an item.  Would you like to overwrite this item?",
+          answer, "Part Group Builder");
+      Builder().add_to_rec_wi();
+      EXPECT_EQ(Lines().Text(row, 1), "100");
+      EXPECT_EQ(Lines().Text(Lines().ActiveRow(), 1), "") << "the next empty line";
+    }
     Click(Builder().save);
   });
 }
