@@ -218,6 +218,27 @@ TEST_F(WindowTest, AnEventElsewhereComesAfterTheEditAndTheLeaving) {
   }
 }
 
+TEST_F(WindowTest, AClickThatBringsABoxIsDoneAfterTheAnswer) {
+  ShowSample();
+  sample.name.LostFocus = [this] { desktop.MsgBox({.text = "No such name."}); };
+  QWindow* window = desktop.WindowOf(sample)->windowHandle();
+  const QPoint there = Widget(sample.save).mapTo(desktop.WindowOf(sample), QPoint(10, 10));
+  for (const bool sentBack : {false, true}) {
+    Widget(sample.name).setFocus();
+    sample.TakeLog();
+    Later([&] {
+      QTest::mouseRelease(window, Qt::LeftButton, {}, there);
+      if (sentBack) sample.name.SetFocus();
+      QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
+    });
+    QTest::mousePress(window, Qt::LeftButton, {}, there);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(sample.TakeLog().find("save") != std::string::npos, !sentBack);
+    EXPECT_FALSE(Button(sample.save).isDown());
+  }
+  sample.name.LostFocus = nullptr;
+}
+
 TEST_F(WindowTest, TheCloseBoxCommitsAsksAndMayBeRefused) {
   ShowSample();
   sample.grid.SetActiveCell(1, 2);

@@ -62,6 +62,7 @@ class StatusText : public QLabel {
 }  // namespace
 
 StatusLine::StatusLine(int panels, QWidget* parent) : QWidget(parent) {
+  setAccessibleName("Status");
   auto* line = new QHBoxLayout(this);
   line->setContentsMargins(kMargin, 4, kMargin, 4);
   line->setSpacing(2 * kMargin);

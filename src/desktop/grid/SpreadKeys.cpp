@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -191,9 +192,20 @@ bool SpreadView::focusNextPrevChild(bool next) {
   return true;
 }
 
+// The toolkit tells a screen reader of the grid, after this; the user is in a cell of it.
 void SpreadView::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
+  if (QAccessible::isActive()) QTimer::singleShot(0, this, [this] { TellCell(); });
   viewport()->update();
+}
+
+// Among the grid's parts the headings come first, and one before each row.
+void SpreadView::TellCell() {
+  const QModelIndex cell = currentIndex();
+  if (gone_ || !hasFocus() || !cell.isValid()) return;
+  QAccessibleEvent inCell(this, QAccessible::Focus);
+  inCell.setChild((cell.row() + 1) * (model_.columnCount() + 1) + cell.column() + 1);
+  QAccessible::updateAccessibility(&inCell);
 }
 
 void SpreadView::focusOutEvent(QFocusEvent* event) {

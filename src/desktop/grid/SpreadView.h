@@ -90,6 +90,7 @@ class SpreadView : public QTableView {
   void AdvanceOr(int row, int col);
   void Tick(int row, int col);
   void Copy() const;
+  void TellCell();
   void ClearSelected();
   std::vector<Block> Selected() const;
 

@@ -1,11 +1,13 @@
 #include "desktop/window/ScreenWindow.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QScreen>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -80,7 +82,7 @@ ScreenWindow::ScreenWindow(Screen& screen, Gestures& gestures, bool modal)
   FitInto(QWidget::screen()->availableGeometry().size() - QSize(4, 36));
   SetFirstFocus();
   connect(qApp, &QApplication::focusChanged, this,
-          [this](QWidget*, const QWidget* now) { FollowFocus(now); });
+          [this](QWidget*, QWidget* now) { FollowFocus(now); });
   input_.Open();
 }
 
@@ -286,11 +288,23 @@ ControlAdapter* ScreenWindow::AdapterOf(const QWidget* widget) const {
   return nullptr;
 }
 
-// Another window in front, a popup or the menu bar take no focus from a control.
-void ScreenWindow::FollowFocus(const QWidget* now) {
+// Another window in front, a popup or the menu bar take no focus from a control. A press gives the
+// focus first: where leaving the field before showed a box, the mouse was let go over that, and the
+// click is done here.
+void ScreenWindow::FollowFocus(QWidget* now) {
   if (now == nullptr || now->window() != this) return;
-  if (const ControlAdapter* adapter = AdapterOf(now))
-    input_.Hand([&](Gestures& user) { user.Enter(adapter->Tied()); });
+  const ControlAdapter* adapter = AdapterOf(now);
+  if (adapter == nullptr) return;
+  const bool pressing = QApplication::mouseButtons().testFlag(Qt::LeftButton);
+  input_.Hand([&](Gestures& user) { user.Enter(adapter->Tied()); });
+  auto* button = qobject_cast<QAbstractButton*>(now);
+  if (button == nullptr || !pressing || QApplication::mouseButtons().testFlag(Qt::LeftButton))
+    return;
+  QTimer::singleShot(0, button, [this, button] {
+    if (!button->isDown()) return;
+    button->setDown(false);
+    if (focusWidget() == button) button->click();  // else the field sent it back
+  });
 }
 
 }  // namespace kvi

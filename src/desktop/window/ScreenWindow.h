@@ -68,7 +68,7 @@ class ScreenWindow : public QWidget, public ScreenView {
   int FocusRankOf(const ControlAdapter& adapter) const;
   ControlAdapter* AdapterOf(const Control& control) const;
   ControlAdapter* AdapterOf(const QWidget* widget) const;
-  void FollowFocus(const QWidget* now);
+  void FollowFocus(QWidget* now);
 
   Screen& screen_;
   AccessKeys keys_;
