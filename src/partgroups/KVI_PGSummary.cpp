@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <ranges>
 
 #include "base/Flag.h"
 #include "base/Format.h"
@@ -183,8 +182,8 @@ void KVI_PGSummary::RemoveGroups() {
   std::vector<Block> blocks = Spread1.SelectedBlocks();
   if (blocks.empty()) blocks.push_back(Block::Cell(Spread1.ActiveRow(), kNameColumn));
   app_.CurrentDatabase.WriteAtOnce([&] {
-    for (const Block& block : blocks | std::views::reverse)
-      for (int row = block.row2; row >= block.row; --row) removeAt(row);
+    for (auto block = blocks.rbegin(); block != blocks.rend(); ++block)
+      for (int row = block->row2; row >= block->row; --row) removeAt(row);
   });
   LoadPartGroupList();
 }
