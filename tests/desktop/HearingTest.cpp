@@ -1,5 +1,6 @@
 #include <QAccessible>
-#include <QTableView>
+#include <QComboBox>
+#include <QLineEdit>
 #include <set>
 
 #include "DesktopTest.h"
@@ -84,6 +85,7 @@ TEST_F(HearingTest, FieldsAreCalledByTheirLabelsAndTellTheirStates) {
   EXPECT_EQ(Name(category), "Category");
   ASSERT_NE(category.textInterface(), nullptr);
   EXPECT_EQ(category.textInterface()->text(0, 5), "Belts");
+  EXPECT_EQ(Name(FaceOf(*As<QComboBox>(sample.category).lineEdit())), "Category");
   QAccessibleInterface& unit = FaceOf(Widget(sample.unit));
   EXPECT_EQ(Name(unit), "Unit");
   sample.unit.SetListIndex(1);

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QWheelEvent>
 
 #include "DesktopTest.h"
 #include "base/RunTimeError.h"
@@ -98,7 +99,12 @@ TEST_F(WindowTest, TabsChangeFromAnywhereAsByAClickOnThem) {
   EXPECT_EQ(sample.TakeLog(), "leave grid, tab 0");
   Widget(sample.remove).setFocus();
   Press(Qt::Key_PageDown, Qt::ControlModifier);
-  EXPECT_TRUE(As<QTabWidget>(sample.tabs).tabBar()->hasFocus()) << "the tab has no field";
+  QTabBar* bar = As<QTabWidget>(sample.tabs).tabBar();
+  EXPECT_TRUE(bar->hasFocus()) << "the tab has no field";
+  const QPointF there = bar->rect().center();
+  QWheelEvent wheel(there, bar->mapToGlobal(there), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(bar, &wheel);
+  EXPECT_EQ(sample.tabs.Tab(), 1) << "the wheel is no click";
 }
 
 TEST_F(WindowTest, OnTilesTheArrowsGoWhereTheyPointAndDigitsPress) {

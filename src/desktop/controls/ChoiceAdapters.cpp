@@ -138,6 +138,7 @@ TabAdapter::TabAdapter(TabStrip& strip, ScreenWindow& window)
     : TypedAdapter(strip, new QTabWidget(&window), window) {
   // A click on a tab takes the focus, as it ends what is being typed elsewhere.
   shown_.tabBar()->setFocusPolicy(Qt::StrongFocus);
+  shown_.tabBar()->installEventFilter(this);
   SetLabel("Tabs");
   connect(&shown_, &QTabWidget::currentChanged, this, [this](int tab) {
     if (tab < 0) return;
@@ -164,6 +165,12 @@ void TabAdapter::GoOn(int step) {
     before->setFocus(Qt::OtherFocusReason);
   else
     window_.SetFirstFocus(shown_.currentWidget());
+}
+
+// The wheel changes no tab: what was typed under this one would be gone with a slip of the finger.
+bool TabAdapter::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == shown_.tabBar() && event->type() == QEvent::Wheel) return true;
+  return ControlAdapter::eventFilter(watched, event);
 }
 
 void TabAdapter::ShowState() {

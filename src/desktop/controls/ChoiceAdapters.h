@@ -46,6 +46,7 @@ class TabAdapter : public TypedAdapter<TabStrip, QTabWidget> {
  protected:
   void ShowState() override;
   void ShowColors() override {}
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void GoOn(int step);

@@ -1,7 +1,9 @@
 #include "desktop/controls/ControlAdapter.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QEvent>
+#include <QLineEdit>
 #include <QPointer>
 #include <QShortcutEvent>
 #include <QWidget>
@@ -96,6 +98,9 @@ void ControlAdapter::ShowName() {
         tip})
     if (name.isEmpty()) name = Spoken(words);
   widget_->setAccessibleName(name);
+  // Of a combo it is the line edit that tells of typing.
+  if (const auto* combo = qobject_cast<QComboBox*>(widget_); combo && combo->lineEdit())
+    combo->lineEdit()->setAccessibleName(name);
   widget_->setAccessibleDescription(tip == name ? QString() : tip);
   widget_->setToolTip(tip);
 }
