@@ -110,7 +110,8 @@ TEST_F(HearingTest, AGridIsCalledByItsScreenARowByWhatStandsFirstAndAnEditorByIt
   EXPECT_EQ(Name(table), "Sample screen");
   QAccessibleInterface& cell = *table.tableInterface()->cellAt(1, 1);
   EXPECT_EQ(Name(cell), "2B");
-  EXPECT_EQ(cell.text(QAccessible::Description), "warning");
+  EXPECT_EQ(cell.text(QAccessible::Description), "editable, warning");
+  EXPECT_EQ(table.tableInterface()->cellAt(1, 0)->text(QAccessible::Description), "") << "locked";
   // The headings are children too: those of the columns first, then one before each row.
   EXPECT_EQ(Name(*table.child(2)), "B");
   EXPECT_EQ(Name(*table.child(8)), "2A");

@@ -44,8 +44,13 @@ QVariant SpreadModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
       if (grid_->Format(row, col).Kind != CellKind::CheckBox) return ToQt(grid_->Text(row, col));
       return grid_->Text(row, col) == "1" ? "checked" : "not checked";
-    case Qt::AccessibleDescriptionRole:
-      return grid_->Format(row, col).BackColor == kBrightRed ? "warning" : "";
+    case Qt::AccessibleDescriptionRole: {
+      // The toolkit's account of a cell leaves both out.
+      QStringList states;
+      if (flags(index).testFlag(Qt::ItemIsEditable)) states << "editable";
+      if (grid_->Format(row, col).BackColor == kBrightRed) states << "warning";
+      return states.join(", ");
+    }
     default:
       return {};
   }
