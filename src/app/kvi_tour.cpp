@@ -22,6 +22,7 @@
 #include "start/Main.h"
 #include "stock/KVI_Invoice.h"
 #include "stock/KVI_UpdateInventory.h"
+#include "usage/KVI_UsageAnalysis.h"
 #include "utilities/KVI_GetILocation.h"
 #include "utilities/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
@@ -139,6 +140,16 @@ class Tour {
     app_.screens.Hide(screen);
   }
 
+  void VisitUsage() {
+    auto& screen = app_.Get<kvi::KVI_UsageAnalysis>();
+    app_.ItemsAtHand = true;
+    app_.screens.Show(screen);
+    Picture(screen);
+    screen.FillChart();
+    app_.screens.Unload(screen);
+    Visit<kvi::KVI_UsageChart>();
+  }
+
   // The list, and its first group with quantities in the builder.
   void VisitGroups() {
     auto& list = app_.Get<kvi::KVI_PGSummary>();
@@ -193,6 +204,7 @@ int main(int argc, char** argv) {
     tour.VisitUpdate();
     tour.VisitOrders();
     tour.VisitGroups();
+    tour.VisitUsage();
     tour.Visit<kvi::KVI_Find>();
     tour.Visit<kvi::KVI_Invoice>();
     tour.VisitTabs<kvi::KVI_Utilities>();

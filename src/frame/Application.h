@@ -58,6 +58,7 @@ class Application {
   std::string CurrentOrderVendor;
   std::string SpreadsheetPath;
   bool UseColors = false;
+  bool ItemsAtHand = false;  // parts stood in the profit center when usage was opened
   int HighlightColor = kWhite;
   Value CurrentEmployeeCode;  // Null until the checkpoint decided, -999 when nobody is signed in
   std::string CurrentEmployeeName;

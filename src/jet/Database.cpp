@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "base/RunTimeError.h"
+#include "jet/engine/CopyDatabase.h"
 #include "jet/engine/StatementRun.h"
 #include "jet/functions/JetFunctions.h"
 #include "jet/sets/Dynaset.h"
@@ -118,6 +119,22 @@ void Database::AppendField(std::string_view table, const FieldDef& field) {
   engine.Look();
   engine.lock.Run([&] { engine.tables.AppendField(table, field); });
   engine.tables.Forget();
+}
+
+std::string Database::Path() const {
+  return sqlite3_db_filename(Required(engine_).connection.Handle(), "main");
+}
+
+std::uint64_t Database::ChangeCount() {
+  OpenFile& engine = Required(engine_);
+  engine.Look();
+  return engine.watch.FileCounter();
+}
+
+void Database::CopyTo(const std::string& path) {
+  OpenFile& engine = Required(engine_);
+  engine.lock.Breathe();
+  CopyDatabase(engine.connection, path);
 }
 
 void Database::WriteAtOnce(const std::function<void()>& work) {

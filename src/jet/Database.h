@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -56,6 +57,17 @@ class Database {
   void UseDefaultsOf(const std::vector<TableDef>& tables);
   // Appends a field; raises 3191 when the table has it already, 3265 for an unknown table.
   void AppendField(std::string_view table, const FieldDef& field);
+
+  // The open file's whole path.
+  std::string Path() const;
+
+  // The count of commits to the file, by any desk: the same as before means that nothing was
+  // written meanwhile. Not within a WriteBatch.
+  std::uint64_t ChangeCount();
+  // Copies the whole database, as it is at one moment, into a new file; other desks wait meanwhile
+  // as for a save. The copy comes under its name when it is whole. Raises 3260 for a lock that
+  // lasts, 3183 for a full disk, 3051 where the file cannot be made.
+  void CopyTo(const std::string& path);
 
   // Writes what belongs together: all of it or nothing. A lock that lasts takes back what `work`
   // wrote and, where OnLocked goes on waiting, runs it again, on what the other desk left. Not

@@ -26,6 +26,7 @@ enum class ControlKind {
   MenuItem,
   StatusBar,
   Spread,
+  Chart,
 };
 
 // What of a control changed, as told to its view.

@@ -19,6 +19,7 @@
 #include "stock/KVI_UpdateInventory.h"
 #include "store/DropDown.h"
 #include "store/OpenInventoryDatabase.h"
+#include "usage/KVI_UsageAnalysis.h"
 #include "utilities/KVI_Utilities.h"
 #include "valuation/ItemValuation.h"
 
@@ -40,7 +41,8 @@ Main::Main(Application& app) : Screen("Main", "Kestvar Inventory"), app_(app) {
     if (MayOpen(kUpdateModule)) app_.screens.ShowModal(app_.Get<KVI_UpdateInventory>());
   };
   Label2.Click = [this] {
-    if (MayOpenWithItems(kUsageModule)) SayNotBuiltYet(app_.desktop, "Usage Analysis");
+    app_.ItemsAtHand = MayOpenWithItems(kUsageModule);
+    if (app_.ItemsAtHand) app_.screens.ShowModal(app_.Get<KVI_UsageAnalysis>());
   };
   Label3.Click = [this] { OpenReports(); };
   m_f_print.Click = [this] { OpenReports(); };

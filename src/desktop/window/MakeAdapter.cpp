@@ -1,3 +1,4 @@
+#include "desktop/controls/ChartAdapter.h"
 #include "desktop/controls/ChoiceAdapters.h"
 #include "desktop/controls/ComboAdapter.h"
 #include "desktop/controls/ControlAdapter.h"
@@ -44,6 +45,8 @@ ControlAdapter* MakeAdapter(Control& control, ScreenWindow& window) {
       return Make<StatusAdapter, StatusBar>(control, window);
     case ControlKind::Spread:
       return Make<SpreadAdapter, Spread>(control, window);
+    case ControlKind::Chart:
+      return Make<ChartAdapter, Chart>(control, window);
     case ControlKind::Menu:
     case ControlKind::MenuItem:
       break;

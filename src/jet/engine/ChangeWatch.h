@@ -13,6 +13,8 @@ class ChangeWatch {
  public:
   explicit ChangeWatch(Connection& connection) : connection_(connection) {}
 
+  // The file's own count of commits, as of the last look.
+  std::uint32_t FileCounter() const { return counter_; }
   // Counts the changes seen. Rows read under the same number are still as they are in the file.
   std::uint64_t Epoch() const { return epoch_; }
   // Raised when a desk (ours too) changed tables.
