@@ -62,6 +62,7 @@ void ChartAdapter::AddBars(QChart& chart) {
     bars->append(set);
   }
   if (bars == nullptr) return;
+  bars->setBarWidth(0.7);
   bars->setLabelsVisible(true);
   bars->setLabelsPosition(QAbstractBarSeries::LabelsInsideEnd);
   chart.addSeries(bars);
@@ -85,6 +86,7 @@ void ChartAdapter::AddAxes(QChart& chart) {
   const bool sideways = control_.Data().sideways;
   auto* labels = new QBarCategoryAxis;
   for (const std::string& label : control_.Data().labels) labels->append(ToQt(label));
+  labels->setTruncateLabels(false);
   double lowest = 0, highest = 0;
   for (const ChartSeries& series : control_.Data().series)
     for (const double value : series.values) {

@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 
 #include "desktop/look/Look.h"
 
@@ -11,6 +12,8 @@ namespace {
 
 constexpr int kPadding = 4;
 constexpr double kSmallestCaption = 7;  // points
+constexpr int kMostLines = 4;
+constexpr QChar kBreak(0x200b);  // where a line may end
 constexpr int kCaptionFlags = Qt::AlignCenter | Qt::TextWordWrap;
 
 }  // namespace
@@ -25,18 +28,21 @@ GridHeading::GridHeading(Qt::Orientation orientation, QWidget* parent)
 }
 
 QString GridHeading::TextOf(int section) const {
-  return model()->headerData(section, orientation()).toString();
+  // A span of dates may go on in the next line.
+  return model()->headerData(section, orientation()).toString().replace("-", QString("-") + kBreak);
 }
 
 int GridHeading::NeededHeight() const {
   const int line = fontMetrics().height();
-  int lines = 1;
-  for (int section = 0; section < count() && lines == 1; ++section) {
+  int needed = line;
+  for (int section = 0; section < count(); ++section) {
     const int room = sectionSize(section) - 2 * kPadding;
     if (isSectionHidden(section) || room < 24) continue;
-    if (fontMetrics().horizontalAdvance(TextOf(section)) > room) lines = 2;
+    const QRect area(0, 0, room, kMostLines * line);
+    needed = std::max(
+        needed, fontMetrics().boundingRect(area, kCaptionFlags, TextOf(section)).height());
   }
-  return lines * line + 12;
+  return std::min(needed, kMostLines * line) + 12;
 }
 
 QSize GridHeading::sectionSizeFromContents(int section) const {

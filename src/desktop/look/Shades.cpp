@@ -40,6 +40,8 @@ bool IsIndex(int index) {
 }
 
 constexpr double kReadable = 4.5;
+// Of a figure whose colour tells something besides.
+constexpr double kReadableFigure = 3;
 
 double Luminance(const QColor& color) {
   const auto linear = [](double part) {
@@ -61,8 +63,9 @@ QColor ClassicColor(int index) {
 
 QColor BackdropColor(int back, int fore) {
   if (!IsIndex(back)) return {};
-  const bool blackText = fore == kToolkitColor || fore == kBlack;
-  return QColor::fromRgb(blackText ? At(back).soft : At(back).classic);
+  const QColor soft = QColor::fromRgb(At(back).soft);
+  const bool reads = !IsIndex(fore) || Contrast(ClassicColor(fore), soft) >= kReadableFigure;
+  return reads ? soft : QColor::fromRgb(At(back).classic);
 }
 
 double Contrast(const QColor& one, const QColor& other) {
