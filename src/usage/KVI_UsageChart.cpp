@@ -4,6 +4,8 @@ namespace kvi {
 
 KVI_UsageChart::KVI_UsageChart(Application& app)
     : KviScreen(app, "KVI_UsageChart", "Usage Chart", "Inventory - Usage Chart") {
+  usage_chart.SpokenName = "Usage of the part";
+  cost_chart.SpokenName = "Parts of the highest cost";
   print_lab.Click = [this] { PrintImage(); };
   exit_lab.Click = [this] { Exit(); };
 }

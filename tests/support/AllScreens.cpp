@@ -13,6 +13,7 @@
 #include "start/Main.h"
 #include "stock/KVI_Invoice.h"
 #include "stock/KVI_UpdateInventory.h"
+#include "usage/KVI_UsageAnalysis.h"
 #include "utilities/KVI_GetILocation.h"
 #include "utilities/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
@@ -34,6 +35,8 @@ std::vector<Screen*> AllScreens(Application& app) {
           &app.Get<KVI_PGSummary>(),
           &app.Get<KVI_SecurityCheckpoint>(),
           &app.Get<KVI_UpdateInventory>(),
+          &app.Get<KVI_UsageAnalysis>(),
+          &app.Get<KVI_UsageChart>(),
           &app.Get<KVI_Utilities>()};
 }
 

@@ -28,6 +28,9 @@ ChartAdapter::ChartAdapter(Chart& chart, ScreenWindow& window)
     : TypedAdapter(chart, new QChartView(&window), window) {
   shown_.setRenderHint(QPainter::Antialiasing);
   shown_.setMinimumSize(320, 180);
+  // A stop for whoever is told its values; the toolkit makes the view and its inside one each.
+  shown_.setFocusPolicy(Qt::StrongFocus);
+  shown_.viewport()->setFocusPolicy(Qt::NoFocus);
 }
 
 void ChartAdapter::ShowState() {
@@ -45,7 +48,6 @@ void ChartAdapter::ShowState() {
   const QChart* before = shown_.chart();
   shown_.setChart(chart);
   delete before;
-  shown_.setAccessibleName(ToQt(data.title));
   shown_.setAccessibleDescription(ToQt(control_.Spoken()));
 }
 
