@@ -56,11 +56,16 @@ QVariant SpreadModel::data(const QModelIndex& index, int role) const {
   }
 }
 
+// A row is numbered, and spoken of by what stays in view of it.
+QString SpreadModel::SpokenRow(int row) const {
+  QStringList words;
+  for (const int col : grid_->KeptCols) words << ToQt(grid_->Text(row, col));
+  return words.isEmpty() ? ToQt(grid_->Text(row, 1)) : words.join(", ");
+}
+
 QVariant SpreadModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (grid_ == nullptr) return {};
-  // A row is numbered, and spoken of by what stands first in it.
-  if (orientation == Qt::Vertical && role == Qt::AccessibleTextRole)
-    return ToQt(grid_->Text(section + 1, 1));
+  if (orientation == Qt::Vertical && role == Qt::AccessibleTextRole) return SpokenRow(section + 1);
   if (role != Qt::DisplayRole) return {};
   if (orientation == Qt::Vertical) return section + 1;
   return ToQt(grid_->Text(0, section + 1));

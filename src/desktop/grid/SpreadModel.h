@@ -24,6 +24,8 @@ class SpreadModel : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
+  QString SpokenRow(int row) const;
+
   const Spread* grid_;
   int rows_ = 0, cols_ = 0;
 };
