@@ -7,6 +7,7 @@ KVI_UsageChart::KVI_UsageChart(Application& app)
   usage_chart.SpokenName = "Usage of the part";
   cost_chart.SpokenName = "Parts of the highest cost";
   print_lab.Click = [this] { PrintImage(); };
+  exit_lab.Cancel = true;
   exit_lab.Click = [this] { Exit(); };
 }
 

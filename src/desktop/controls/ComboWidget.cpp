@@ -7,6 +7,16 @@
 
 namespace kvi {
 
+namespace {
+
+// These go on from the entry whose text was typed.
+bool MovesInList(int key) {
+  return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+         key == Qt::Key_PageDown || key == Qt::Key_F4;
+}
+
+}  // namespace
+
 ComboWidget::ComboWidget(QWidget* parent) : QComboBox(parent) {
   setFocusPolicy(Qt::StrongFocus);
   setInsertPolicy(NoInsert);
@@ -41,8 +51,7 @@ void ComboWidget::keyPressEvent(QKeyEvent* event) {
     const Flag passing(passing_);
     return QComboBox::keyPressEvent(event);
   }
-  // The arrows go on from the entry that was typed.
-  const int typed = letter ? -1 : findText(currentText(), Qt::MatchFixedString);
+  const int typed = MovesInList(event->key()) ? findText(currentText(), Qt::MatchFixedString) : -1;
   if (typed >= 0) setCurrentIndex(typed);
   typesLetter_ = letter;
   QComboBox::keyPressEvent(event);

@@ -26,7 +26,7 @@ namespace {
 // A caption as it is spoken; empty where it has no word ("+").
 QString Spoken(const QString& caption) {
   QString words = PlainCaption(caption).trimmed();
-  while (words.endsWith(':')) words.chop(1);
+  while (words.endsWith(':') || words.endsWith(' ')) words.chop(1);
   const bool isWord =
       std::any_of(words.begin(), words.end(), [](QChar c) { return c.isLetterOrNumber(); });
   return isWord ? words : QString();
