@@ -60,6 +60,7 @@ QVariant SpreadModel::data(const QModelIndex& index, int role) const {
 QString SpreadModel::SpokenRow(int row) const {
   QStringList words;
   for (const int col : grid_->KeptCols) words << ToQt(grid_->Text(row, col));
+  words.removeAll(QString());
   return words.isEmpty() ? ToQt(grid_->Text(row, 1)) : words.join(", ");
 }
 
