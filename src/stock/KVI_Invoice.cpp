@@ -265,7 +265,7 @@ void KVI_Invoice::Exit() {
 
 Layout KVI_Invoice::Arrange() {
   return Column({BannerLayout(), Actions({&new_lab, &save, &remove, &print_lab, &exit_lab}),
-                 Row({Field("Sort &By:", SortCombo, 1.6), Gap()}), Fill(Of(Spread1, 8, 5))});
+                 Row({Field("Sort &By:", SortCombo, 1.6), Gap()}), Fill(Of(Spread1))});
 }
 
 }  // namespace kvi

@@ -163,7 +163,7 @@ Layout KVI_ManageDropLIsts::Arrange() {
        Fill(Row({Column({Frame("List", Column(std::move(options))),
                          Field("&Category Name for Paper Goods", PaperGoodsCombo), Gap()}),
                  Fill(Column({Text("To add a value, type it into an empty line."),
-                              Fill(Of(Spread1, 3.2, 5))}))}))});
+                              Fill(Of(Spread1))}))}))});
 }
 
 }  // namespace kvi

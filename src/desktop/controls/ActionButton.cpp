@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QTextLayout>
+#include <cmath>
 #include <map>
 
 #include "desktop/look/QtText.h"
@@ -13,6 +14,7 @@ namespace kvi {
 namespace {
 
 constexpr int kTilePadding = 14;
+constexpr int kNarrowestTile = 150;
 constexpr double kTilePoints = 11.5;
 constexpr double kNumberPoints = 8;
 
@@ -64,6 +66,17 @@ QSize ActionButton::sizeHint() const {
   const QSize text = fontMetrics().size(Qt::TextShowMnemonic, this->text());
   return look_ == Look::Action ? QSize(text.width() + 28, text.height() + 16)
                                : QSize(text.width() + 24, text.height() + 10);
+}
+
+QSize ActionButton::minimumSizeHint() const {
+  if (look_ != Look::Tile) return sizeHint();
+  return {kNarrowestTile, heightForWidth(kNarrowestTile)};
+}
+
+int ActionButton::heightForWidth(int width) const {
+  QTextLayout layout;
+  const double height = LayOutTile(layout, width);
+  return static_cast<int>(std::ceil(height)) + kTilePadding;
 }
 
 void ActionButton::changeEvent(QEvent* event) {
@@ -119,7 +132,9 @@ void ActionButton::paintEvent(QPaintEvent*) {
 
   painter.setPen(ink);
   if (look_ == Look::Tile) {
-    DrawTileText(painter, rect().adjusted(kTilePadding, 0, -kTilePadding, 0));
+    QTextLayout layout;
+    const double taken = LayOutTile(layout, width());
+    layout.draw(&painter, QPointF(kTilePadding, (height() - taken) / 2));
     QFont small = font();
     small.setPointSizeF(kNumberPoints);
     painter.setFont(small);
@@ -137,16 +152,15 @@ void ActionButton::paintEvent(QPaintEvent*) {
 }
 
 // What stands before " - " names the module and is bold, what stands behind explains it.
-void ActionButton::DrawTileText(QPainter& painter, const QRect& area) const {
+double ActionButton::LayOutTile(QTextLayout& layout, int width) const {
   const QString shown = PlainCaption(text());
-  QTextLayout layout(shown, font());
   const qsizetype dash = shown.indexOf(" - ");
   QTextCharFormat bold;
   bold.setFontWeight(QFont::Bold);
-  const int length = static_cast<int>(dash < 0 ? shown.size() : dash);
-  layout.setFormats({{0, length, bold}});
-  const double height = BreakLines(layout, area.width());
-  layout.draw(&painter, QPointF(area.left(), area.top() + (area.height() - height) / 2));
+  layout.setText(shown);
+  layout.setFont(font());
+  layout.setFormats({{0, static_cast<int>(dash < 0 ? shown.size() : dash), bold}});
+  return BreakLines(layout, width - 2 * kTilePadding);
 }
 
 }  // namespace kvi

@@ -3,6 +3,8 @@
 #include <QAbstractButton>
 #include <QColor>
 
+class QTextLayout;
+
 namespace kvi {
 
 // The widget of an action label: a text that is pressed by mouse, Enter, Space and its access key,
@@ -20,7 +22,10 @@ class ActionButton : public QAbstractButton {
   void SetColors(const QColor& fore, const QColor& back);
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
+  QSize minimumSizeHint() const override;
+  // A tile is as high as its text needs in the width that it gets.
+  bool hasHeightForWidth() const override { return look_ == Look::Tile; }
+  int heightForWidth(int width) const override;
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -31,7 +36,8 @@ class ActionButton : public QAbstractButton {
   QColor Ground() const;
   // What stands beside it in a direction, or null.
   ActionButton* Neighbour(const QPoint& direction) const;
-  void DrawTileText(QPainter& painter, const QRect& area) const;
+  // Breaks the text into lines for a width; the height.
+  double LayOutTile(QTextLayout& layout, int width) const;
 
   Look look_ = Look::Patch;
   int number_ = 0;

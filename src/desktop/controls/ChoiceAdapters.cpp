@@ -12,6 +12,7 @@
 
 #include "desktop/controls/AccessKeys.h"
 #include "desktop/controls/WindowInput.h"
+#include "desktop/look/Compact.h"
 #include "desktop/look/QtText.h"
 #include "desktop/look/Shades.h"
 #include "desktop/window/ScreenWindow.h"
@@ -69,7 +70,7 @@ class OptionWidget : public QRadioButton {
 }  // namespace
 
 ListAdapter::ListAdapter(ListBox& list, ScreenWindow& window)
-    : TypedAdapter(list, new QListWidget(&window), window) {
+    : TypedAdapter(list, new Compact<QListWidget>(&window), window) {
   shown_.setUniformItemSizes(true);
   connect(&shown_, &QListWidget::currentRowChanged, this, [this](int row) {
     if (row >= 0) Hand([&](Gestures& user) { user.Choose(control_, row); });

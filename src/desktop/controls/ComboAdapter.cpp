@@ -17,6 +17,7 @@ ComboAdapter::ComboAdapter(ComboBox& combo, ScreenWindow& window)
   if (IsEditable()) {
     shown_.setEditable(true);
     shown_.lineEdit()->setTextMargins(1, 0, 0, 0);
+    ShowBeginningWhenLeft(*shown_.lineEdit());
     // The toolkit's would put entries into the text that nobody typed.
     shown_.setCompleter(nullptr);
     connect(shown_.lineEdit(), &QLineEdit::textEdited, this,
@@ -46,7 +47,10 @@ void ComboAdapter::ShowState() {
   // The toolkit chooses the first entry of an empty list by itself.
   if (shown_.currentIndex() != control_.ListIndex()) shown_.setCurrentIndex(control_.ListIndex());
   const QString text = ToQt(control_.Text);
-  if (IsEditable() && shown_.lineEdit()->text() != text) shown_.setEditText(text);
+  if (IsEditable() && shown_.lineEdit()->text() != text) {
+    shown_.setEditText(text);
+    if (!shown_.hasFocus()) shown_.lineEdit()->setCursorPosition(0);
+  }
 }
 
 }  // namespace kvi

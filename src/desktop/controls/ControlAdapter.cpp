@@ -180,4 +180,10 @@ void ControlAdapter::Showing(const std::function<void()>& show) {
   show();
 }
 
+void ShowBeginningWhenLeft(QLineEdit& field) {
+  QObject::connect(&field, &QLineEdit::editingFinished, &field, [&field] {
+    if (!field.hasFocus()) field.setCursorPosition(0);
+  });
+}
+
 }  // namespace kvi

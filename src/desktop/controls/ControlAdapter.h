@@ -8,6 +8,7 @@
 
 #include "platform/Control.h"
 
+class QLineEdit;
 class QShortcutEvent;
 class QWidget;
 
@@ -80,6 +81,9 @@ class TypedAdapter : public ControlAdapter {
   Kind& control_;
   Shown& shown_;
 };
+
+// A text longer than its field is read from its beginning once the field is left.
+void ShowBeginningWhenLeft(QLineEdit& field);
 
 // The adapter and widget for a control, by its kind; the widget has no place yet. Menus and their
 // items are made by the menu bar.

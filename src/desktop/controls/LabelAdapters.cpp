@@ -1,10 +1,10 @@
 #include "desktop/controls/LabelAdapters.h"
 
-#include <QLabel>
 #include <QPushButton>
 
 #include "desktop/controls/AccessKeys.h"
 #include "desktop/controls/ActionButton.h"
+#include "desktop/look/ElidingLabel.h"
 #include "desktop/look/Panel.h"
 #include "desktop/look/QtText.h"
 #include "desktop/look/Shades.h"
@@ -21,13 +21,12 @@ constexpr qsizetype kLongText = 70;  // wraps from here on, in characters
 }  // namespace
 
 LabelAdapter::LabelAdapter(Label& label, ScreenWindow& window)
-    : TypedAdapter(label, new QLabel(&window), window) {
-  shown_.setTextFormat(Qt::PlainText);
-}
+    : TypedAdapter(label, new ElidingLabel(&window), window) {}
 
 void LabelAdapter::SetBuddy(ControlAdapter& field) {
   field_ = &field;
   shown_.setBuddy(field.Widget());
+  shown_.AskForLittle();
 }
 
 void LabelAdapter::ShowState() {

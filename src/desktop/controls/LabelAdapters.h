@@ -3,14 +3,14 @@
 #include "desktop/controls/ControlAdapter.h"
 #include "platform/Controls.h"
 
-class QLabel;
 class QPushButton;
 
 namespace kvi {
 
 class ActionButton;
+class ElidingLabel;
 
-class LabelAdapter : public TypedAdapter<Label, QLabel> {
+class LabelAdapter : public TypedAdapter<Label, ElidingLabel> {
  public:
   LabelAdapter(Label& label, ScreenWindow& window);
   // The field that the label names and that its access key goes to.

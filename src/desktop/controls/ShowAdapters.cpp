@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPainter>
 
+#include "desktop/look/ElidingLabel.h"
 #include "desktop/look/Look.h"
 #include "desktop/look/Picture.h"
 #include "desktop/look/QtText.h"
@@ -36,39 +37,16 @@ void PictureAdapter::ShowState() {
   shown_.SetPicture(ToQt(control_.Path));
 }
 
-namespace {
-
-// A text that widens no window: what does not fit is left out in its middle, as the end of a path
-// tells the most.
-class StatusText : public QLabel {
- public:
-  explicit StatusText(QWidget* parent) : QLabel(parent) {
-    setTextFormat(Qt::PlainText);
-    QPalette quiet;
-    quiet.setColor(QPalette::WindowText, kQuietInk);
-    setPalette(quiet);
-  }
-  QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
-    QPainter painter(this);
-    painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
-  }
-};
-
-}  // namespace
-
 StatusLine::StatusLine(int panels, QWidget* parent) : QWidget(parent) {
   setAccessibleName("Status");
   auto* line = new QHBoxLayout(this);
   line->setContentsMargins(kMargin, 4, kMargin, 4);
   line->setSpacing(2 * kMargin);
   for (int i = 0; i < panels; ++i) {
-    auto* text = new StatusText(this);
-    if (i == 0) text->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    auto* text = new ElidingLabel(this);
+    QPalette quiet;
+    quiet.setColor(QPalette::WindowText, kQuietInk);
+    text->setPalette(quiet);
     line->addWidget(text);
     texts_.push_back(text);
   }

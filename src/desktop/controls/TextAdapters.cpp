@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
+#include "desktop/look/Compact.h"
 #include "desktop/look/Look.h"
 #include "desktop/look/QtText.h"
 #include "desktop/window/ScreenWindow.h"
@@ -30,6 +31,7 @@ void ShadeIfLocked(QWidget& field, const TextBox& box) {
 TextAdapter::TextAdapter(TextBox& box, ScreenWindow& window)
     : TypedAdapter(box, new QLineEdit(&window), window) {
   shown_.setTextMargins(2, 0, 2, 0);
+  ShowBeginningWhenLeft(shown_);
   connect(&shown_, &QLineEdit::textEdited, this, [this](const QString& text) {
     Hand([&](Gestures& user) { user.Type(control_, FromQt(text)); });
   });
@@ -41,7 +43,10 @@ void TextAdapter::ShowState() {
   const int length = static_cast<int>(text.size());
   const int bound = control_.MaxLength > 0 ? std::max(control_.MaxLength, length) : 32767;
   if (shown_.maxLength() != bound) shown_.setMaxLength(bound);
-  if (shown_.text() != text) shown_.setText(text);
+  if (shown_.text() != text) {
+    shown_.setText(text);
+    if (!shown_.hasFocus()) shown_.setCursorPosition(0);
+  }
   shown_.setReadOnly(control_.Locked);
   shown_.setFocusPolicy(StopOf(control_));
   shown_.setEchoMode(control_.Masked ? QLineEdit::Password : QLineEdit::Normal);
@@ -60,7 +65,7 @@ void TextAdapter::ShowColors() {
 }
 
 MemoAdapter::MemoAdapter(TextBox& box, ScreenWindow& window)
-    : TypedAdapter(box, new QPlainTextEdit(&window), window) {
+    : TypedAdapter(box, new Compact<QPlainTextEdit>(&window), window) {
   shown_.setTabChangesFocus(true);
   connect(&shown_, &QPlainTextEdit::textChanged, this, [this] {
     Hand([this](Gestures& user) { user.Type(control_, FromQt(shown_.toPlainText())); });

@@ -22,19 +22,19 @@ QLayoutItem* FlowLayout::takeAt(int index) {
   return item;
 }
 
+void FlowLayout::AddGap() {
+  addItem(new QSpacerItem(0, 0));
+}
+
 int FlowLayout::heightForWidth(int width) const {
   return Flow({0, 0, width, 0}, false);
 }
 
 QSize FlowLayout::sizeHint() const {
   const QMargins margins = contentsMargins();
-  QSize size;
-  for (const auto& item : items_) {
-    if (item->isEmpty()) continue;
-    const QSize hint = item->sizeHint();
-    size = {size.width() + hint.width() + spacing(), std::max(size.height(), hint.height())};
-  }
-  return size + QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
+  const Line line = LineFrom(0, QLAYOUTSIZE_MAX);
+  return {line.width + margins.left() + margins.right(),
+          line.height + margins.top() + margins.bottom()};
 }
 
 QSize FlowLayout::minimumSize() const {
@@ -50,22 +50,82 @@ void FlowLayout::setGeometry(const QRect& area) {
   Flow(area, true);
 }
 
+FlowLayout::Line FlowLayout::LineFrom(std::size_t first, int room) const {
+  Line line{.end = first};
+  for (; line.end < items_.size(); ++line.end) {
+    QLayoutItem& item = *items_[line.end];
+    if (item.spacerItem() != nullptr) ++line.gaps;
+    if (item.isEmpty()) continue;
+    const QSize size = item.sizeHint();
+    const int width = line.width == 0 ? size.width() : line.width + spacing() + size.width();
+    if (width > room && line.width > 0) break;
+    line.width = width;
+    line.height = std::max(line.height, size.height());
+  }
+  return line;
+}
+
+void FlowLayout::Place(std::size_t first, const Line& line, const QRect& room, int y) const {
+  int x = room.left();
+  const int free = std::max(0, room.width() - line.width);
+  for (std::size_t i = first; i < line.end; ++i) {
+    QLayoutItem& item = *items_[i];
+    if (item.spacerItem() != nullptr) x += free / line.gaps;
+    if (item.isEmpty()) continue;
+    const QSize size = item.sizeHint().boundedTo({room.width(), QLAYOUTSIZE_MAX});
+    const int spare = item.alignment().testFlag(Qt::AlignTop) ? 0 : line.height - size.height();
+    item.setGeometry({{x, y + spare / 2}, size});
+    x += size.width() + spacing();
+  }
+}
+
 int FlowLayout::Flow(const QRect& area, bool place) const {
   const QRect room = area.marginsRemoved(contentsMargins());
-  int x = room.left(), y = room.top(), lineHeight = 0;
-  for (const auto& item : items_) {
-    if (item->isEmpty()) continue;
-    const QSize size = item->sizeHint();
-    if (x + size.width() > room.right() + 1 && x > room.left()) {
-      x = room.left();
-      y += lineHeight;
-      lineHeight = 0;
-    }
-    if (place) item->setGeometry({{x, y}, size});
-    x += size.width() + spacing();
-    lineHeight = std::max(lineHeight, size.height());
+  int y = room.top();
+  for (std::size_t first = 0; first < items_.size();) {
+    const Line line = LineFrom(first, room.width());
+    if (place) Place(first, line, room, y);
+    first = line.end;
+    y += line.height + (first < items_.size() ? lineGap_ : 0);
   }
-  return y + lineHeight - area.top() + contentsMargins().bottom();
+  return y - area.top() + contentsMargins().bottom();
+}
+
+QSize FoldingRow::SizeOf(QSize (QLayoutItem::*size)() const, bool folded) const {
+  int widest = 0, all = 0, highest = 0, shown = 0;
+  for (int i = 0; i < count(); ++i) {
+    if (itemAt(i)->isEmpty()) continue;
+    const QSize one = (itemAt(i)->*size)();
+    widest = std::max(widest, one.width());
+    highest = std::max(highest, one.height());
+    all += one.width() + (shown++ > 0 ? spacing() : 0);
+  }
+  const QMargins margins = contentsMargins();
+  return {(folded ? widest : all) + margins.left() + margins.right(),
+          highest + margins.top() + margins.bottom()};
+}
+
+bool FoldingRow::Folds(int width) const {
+  return SizeOf(&QLayoutItem::minimumSize, false).width() > width;
+}
+
+int FoldingRow::heightForWidth(int width) const {
+  const bool folds = Folds(width);
+  int height = 0, shown = 0;
+  for (int i = 0; i < count(); ++i) {
+    const QLayoutItem& item = *itemAt(i);
+    if (item.isEmpty()) continue;
+    const int one =
+        folds && item.hasHeightForWidth() ? item.heightForWidth(width) : item.sizeHint().height();
+    height = folds ? height + one + (shown++ > 0 ? spacing() : 0) : std::max(height, one);
+  }
+  return height + contentsMargins().top() + contentsMargins().bottom();
+}
+
+void FoldingRow::setGeometry(const QRect& area) {
+  const Direction wanted = Folds(area.width()) ? TopToBottom : LeftToRight;
+  if (direction() != wanted) setDirection(wanted);
+  QBoxLayout::setGeometry(area);
 }
 
 }  // namespace kvi

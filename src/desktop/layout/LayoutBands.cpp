@@ -58,18 +58,19 @@ QWidget* LayoutBuilder::BuildBanner(const Layout& node) {
     rule->setPalette(palette);
     row->addWidget(rule);
   }
-  if (node.control != nullptr) {
-    QWidget* heading = place_(*node.control)->Widget();
-    SetFace(*heading, 16, false);
-    row->addWidget(heading);
+  if (node.control == nullptr) {
+    row->addStretch(1);
+    return band;
   }
-  row->addStretch(1);
+  QWidget* heading = place_(*node.control)->Widget();
+  SetFace(*heading, 16, false);
+  row->addWidget(heading, 1);
   return band;
 }
 
 QWidget* LayoutBuilder::BuildActions(const Layout& node) {
   Panel* band = NewBand(node.children.empty() ? nullptr : node.children[0].control);
-  auto* row = new FlowLayout(band);
+  auto* row = new FlowLayout(band, 0);
   row->setContentsMargins(kMargin - 8, 0, kMargin - 8, 4);
   row->setSpacing(2);
   for (const Layout& child : node.children) {

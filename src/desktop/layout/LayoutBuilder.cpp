@@ -9,6 +9,7 @@
 #include "desktop/controls/AccessKeys.h"
 #include "desktop/controls/ControlAdapter.h"
 #include "desktop/controls/LabelAdapters.h"
+#include "desktop/layout/FlowLayout.h"
 #include "desktop/layout/LayoutGrowth.h"
 #include "desktop/look/Look.h"
 #include "desktop/look/Panel.h"
@@ -42,16 +43,24 @@ Panel* LayoutBuilder::NewPanel() {
   return panel;
 }
 
-Panel* LayoutBuilder::Build(const Layout& root) {
-  Panel* panel = NewPanel();
-  auto* column = new QVBoxLayout(panel);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
+LayoutBuilder::Built LayoutBuilder::Build(const Layout& root) {
   std::vector<const Layout*> nodes{&root};
   if (root.kind == Layout::Kind::Column) {
     nodes.clear();
     for (const Layout& child : root.children) nodes.push_back(&child);
   }
+  const auto staysInSight = [](const Layout* node) {
+    return node->kind == Layout::Kind::Banner || node->kind == Layout::Kind::Actions;
+  };
+  const auto content = std::find_if_not(nodes.begin(), nodes.end(), staysInSight);
+  return {BuildBands({nodes.begin(), content}), BuildBands({content, nodes.end()})};
+}
+
+Panel* LayoutBuilder::BuildBands(const std::vector<const Layout*>& nodes) {
+  Panel* panel = NewPanel();
+  auto* column = new QVBoxLayout(panel);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
   bool grows = false;
   std::vector<const Layout*> body;
   const auto endBody = [&] {
@@ -132,16 +141,8 @@ QWidget* LayoutBuilder::BuildNode(const Layout& node) {
 }
 
 void LayoutBuilder::SetSize(QWidget& widget, const Layout& node) const {
-  const int width = qRound(node.width * window_.logicalDpiX());
-  const int height = qRound(node.height * window_.logicalDpiY());
-  if (width > 0) {
-    widget.setMinimumWidth(width);
-    if (!node.fills) widget.setMaximumWidth(width);
-  }
-  if (height > 0) {
-    widget.setMinimumHeight(height);
-    if (!node.fills) widget.setMaximumHeight(height);
-  }
+  if (node.width > 0) widget.setFixedWidth(qRound(node.width * window_.logicalDpiX()));
+  if (node.height > 0) widget.setFixedHeight(qRound(node.height * window_.logicalDpiY()));
 }
 
 QWidget* LayoutBuilder::BuildControl(const Layout& node) {
@@ -205,28 +206,51 @@ QWidget* LayoutBuilder::BuildColumn(const Layout& node) {
   return panel;
 }
 
-// Fields are packed at the left; whole blocks share the width unless one of them is to fill it.
+// Fields are packed at the left and go on in a further line where the window is narrow. Whole
+// blocks share the width unless one of them is to fill it, or stand below each other.
 QWidget* LayoutBuilder::BuildRow(const Layout& node) {
+  const auto& children = node.children;
+  const auto isBlock = [](const Layout& child) {
+    return child.kind != Layout::Kind::Control && IsTall(child);
+  };
+  const auto fills = [](const Layout& child) {
+    return child.kind != Layout::Kind::Gap && GrowsAcross(child);
+  };
+  const bool shares = std::ranges::any_of(children, isBlock) && !GrowsAcross(node);
+  if (!shares && std::ranges::none_of(children, fills)) return FillFlow(*NewFlow(), children);
+
   Panel* panel = NewPanel();
-  auto* row = new QHBoxLayout(panel);
+  auto* row = new FoldingRow(panel);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(kSpacing + kLabelGap);
-  const bool grows = GrowsAcross(node);
-  bool blocks = false;
-  for (const Layout& child : node.children) {
+  for (const Layout& child : children) {
     if (child.kind == Layout::Kind::Gap) {
       row->addStretch(1);
-      continue;
+    } else if (QWidget* widget = BuildNode(child)) {
+      row->addWidget(widget, GrowsAcross(child) || (shares && isBlock(child)) ? 1 : 0,
+                     IsTall(child) ? Qt::Alignment() : Qt::AlignVCenter);
     }
-    QWidget* widget = BuildNode(child);
-    if (widget == nullptr) continue;
-    const bool block = IsTall(child) && child.kind != Layout::Kind::Control;
-    blocks = blocks || block;
-    row->addWidget(widget, GrowsAcross(child) || (block && !grows) ? 1 : 0,
-                   IsTall(child) ? Qt::Alignment() : Qt::AlignVCenter);
   }
-  if (!grows && !blocks) row->addStretch(1);
   return panel;
+}
+
+FlowLayout* LayoutBuilder::NewFlow() {
+  auto* flow = new FlowLayout(NewPanel(), kSpacing - 2);
+  flow->setContentsMargins(0, 0, 0, 0);
+  flow->setSpacing(kSpacing + kLabelGap);
+  return flow;
+}
+
+QWidget* LayoutBuilder::FillFlow(FlowLayout& flow, std::span<const Layout> children) {
+  for (const Layout& child : children) {
+    if (child.kind == Layout::Kind::Gap) {
+      flow.AddGap();
+    } else if (QWidget* widget = BuildNode(child)) {
+      flow.addWidget(widget);
+      if (IsTall(child)) flow.setAlignment(widget, Qt::AlignTop);
+    }
+  }
+  return flow.parentWidget();
 }
 
 QWidget* LayoutBuilder::BuildForm(const Layout& node) {
@@ -267,17 +291,30 @@ void LayoutBuilder::AddFormRow(QGridLayout& grid, int row, const Layout& node) {
     grid.addWidget(parts.field, row, 1, fixed ? Qt::AlignLeft : Qt::Alignment());
     return;
   }
-  auto* line = new QHBoxLayout;
+  grid.addWidget(BuildFormLine(*parts.field, node), row, 1);
+}
+
+// The field whose label stands with the others, and what comes behind it.
+QWidget* LayoutBuilder::BuildFormLine(QWidget& first, const Layout& node) {
+  const auto others = std::span(node.children).subspan(1);
+  if (!GrowsAcross(node)) {
+    FlowLayout* flow = NewFlow();
+    flow->setSpacing(kSpacing);
+    flow->addWidget(&first);
+    return FillFlow(*flow, others);
+  }
+  Panel* panel = NewPanel();
+  auto* line = new QHBoxLayout(panel);
+  line->setContentsMargins(0, 0, 0, 0);
   line->setSpacing(kSpacing);
-  line->addWidget(parts.field);
-  for (std::size_t i = 1; i < node.children.size(); ++i) {
-    if (node.children[i].kind == Layout::Kind::Gap)
+  line->addWidget(&first);
+  for (const Layout& child : others) {
+    if (child.kind == Layout::Kind::Gap)
       line->addStretch(1);
-    else if (QWidget* widget = BuildNode(node.children[i]))
+    else if (QWidget* widget = BuildNode(child))
       line->addWidget(widget);
   }
-  if (!GrowsAcross(node)) line->addStretch(0);
-  grid.addLayout(line, row, 1);
+  return panel;
 }
 
 QWidget* LayoutBuilder::BuildFrame(const Layout& node) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <vector>
 
 #include "platform/Layout.h"
@@ -15,6 +16,7 @@ class AccessKeys;
 class ActionButton;
 class Control;
 class ControlAdapter;
+class FlowLayout;
 class Panel;
 
 // Builds a window's content from a screen's layout tree. Bands (banner, actions, tiles) run from
@@ -32,12 +34,20 @@ class LayoutBuilder {
   LayoutBuilder(QWidget& window, AccessKeys& keys, std::function<ControlAdapter*(Control&)> place,
                 std::function<void()> mouseOver);
 
-  Panel* Build(const Layout& root);
+  // The banner and the actions at the top, which stay in sight, and the content below, which
+  // scrolls where the display is small.
+  struct Built {
+    Panel *head, *content;
+  };
+  Built Build(const Layout& root);
   const std::vector<Band>& Bands() const { return bands_; }
   const std::vector<ActionButton*>& Tiles() const { return tiles_; }
 
  private:
   Panel* NewPanel();
+  FlowLayout* NewFlow();
+  QWidget* FillFlow(FlowLayout& flow, std::span<const Layout> children);
+  Panel* BuildBands(const std::vector<const Layout*>& nodes);
   QWidget* BuildNode(const Layout& node);
   QWidget* BuildControl(const Layout& node);
   QWidget* BuildText(const Layout& node);
@@ -57,6 +67,7 @@ class LayoutBuilder {
     QWidget* field;
   };
   FieldParts BuildFieldParts(const Layout& node);
+  QWidget* BuildFormLine(QWidget& first, const Layout& node);
   void AddFormRow(QGridLayout& grid, int row, const Layout& node);
   void FillColumn(QBoxLayout& column, const std::vector<const Layout*>& children);
   Panel* BuildBody(const std::vector<const Layout*>& children);

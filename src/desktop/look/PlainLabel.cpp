@@ -5,8 +5,10 @@
 
 namespace kvi {
 
-PlainLabel::PlainLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
-  setTextFormat(Qt::PlainText);
+PlainLabel::PlainLabel(const QString& text, QWidget* parent) : ElidingLabel(parent) {
+  constexpr qsizetype kSentence = 70;
+  setText(text);
+  setWordWrap(text.size() > kSentence);
 }
 
 void PlainLabel::Recolor() {

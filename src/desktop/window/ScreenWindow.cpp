@@ -35,7 +35,9 @@ ScreenWindow::ScreenWindow(Screen& screen, Gestures& gestures, bool modal)
   auto* bar = new QMenuBar(this);
   BuildMenus(*bar);
   column->setMenuBar(bar);
-  content_ = builder_.Build(screen.Arrange());
+  const auto [head, content] = builder_.Build(screen.Arrange());
+  content_ = content;
+  column->addWidget(head);
   NameFields();
   QWidget* status = BuildStatus();
   for (ControlAdapter* adapter : adapters_) adapter->Tied().Attach(adapter);
@@ -165,7 +167,9 @@ void ScreenWindow::Center() {
 }
 
 void ScreenWindow::FitInto(const QSize& room) {
-  resize(screen_.TakesWholeDisplay() ? room : layout()->totalSizeHint().boundedTo(room));
+  // What wraps is reckoned at its lowest; a window opens as roomy as its content likes.
+  const QSize liked = layout()->totalSizeHint().expandedTo(layout()->sizeHint());
+  resize(screen_.TakesWholeDisplay() ? room : liked.boundedTo(room));
 }
 
 void ScreenWindow::showEvent(QShowEvent* event) {
