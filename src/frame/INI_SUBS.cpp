@@ -122,6 +122,12 @@ const Setting kSettings[] = {
      [](const Application& app) { return app.SpreadsheetPath; },
      [](const std::string&) { return std::string("C:\\Office\\Excel.exe"); }},
     {"VALUATION", ReadValuation, ValuationText, nullptr},
+    {"OwnColorScheme",
+     [](Application& app, const std::string& text) {
+       app.settings.OwnColorScheme = text;
+       if (!text.empty()) app.settings.ColorScheme = text;
+     },
+     [](const Application& app) { return app.settings.OwnColorScheme; }, nullptr},
 };
 
 std::string ReadKey(const IniFile& file, const char* section, const char* key) {

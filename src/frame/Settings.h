@@ -12,6 +12,8 @@ namespace kvi {
 struct Settings {
   std::string BrowserPath;  // kept for the suite, nothing uses it
   std::string ColorScheme;  // text of a digit, 1 to 7; anything else leaves screens as designed
+  // The desk's own choice, which is taken for the suite's from the next start on; "" is none.
+  std::string OwnColorScheme;
 
   std::string CompanyName;
   double AcceptableVariance = 0;  // percent

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "base/Flag.h"
+#include "base/Number.h"
 #include "base/Text.h"
 #include "frame/ApplyColorScheme.h"
 #include "frame/INI_SUBS.h"
@@ -25,8 +26,18 @@ KVI_Utilities::KVI_Utilities(Application& app)
   };
   pcenter.LostFocus = [this] { LeaveProfitCenter(); };
   exit_lab.Click = [this] { Exit(); };
+  browse_dir.SpokenName = "Browse for the directory";
+  browse_program.SpokenName = "Browse for the program";
+  FillColorSchemes();
   HandleSettings();
   HandleTasks();
+}
+
+void KVI_Utilities::FillColorSchemes() {
+  for (const char* scheme : {"As the suite has it", "White on black", "White on dark grey",
+                             "White on light grey", "Black on dark grey", "Black on light grey",
+                             "White on red", "White on blue", "White on magenta"})
+    color_scheme.AddItem(scheme);
 }
 
 void KVI_Utilities::HandleSettings() {
@@ -40,6 +51,13 @@ void KVI_Utilities::HandleSettings() {
   use_security.Click = [this] { app_.settings.UseSecurity = use_security.Value ? 1 : 0; };
   use_color.Click = [this] { app_.UseColors = use_color.Value; };
   use_osis.Click = [this] { app_.settings.UseOldStyleInventoryDetail = use_osis.Value ? 1 : 0; };
+  browse_dir.Click = [this] { BrowseForDirectory(); };
+  browse_program.Click = [this] { BrowseForProgram(); };
+  // The first entry is no number, the second one 0, which no scheme has.
+  color_scheme.Click = [this] {
+    const int chosen = color_scheme.ListIndex();
+    app_.settings.OwnColorScheme = chosen < 1 ? "" : Str(chosen - 1);
+  };
   OptUseFIFO.Click = [this] { app_.settings.Valuation = ValuationMethod::FIFO; };
   OptUseAvg.Click = [this] { app_.settings.Valuation = ValuationMethod::Weighted; };
   OptUseLast.Click = [this] { app_.settings.Valuation = ValuationMethod::LastPrice; };
@@ -69,6 +87,9 @@ void KVI_Utilities::ShowSettings() {
   use_security.Value = app_.settings.UseSecurity != 0;
   use_color.Value = app_.UseColors;
   use_osis.Value = app_.settings.UseOldStyleInventoryDetail != 0;
+  const std::string& scheme = app_.settings.OwnColorScheme;
+  const int entry = scheme.empty() ? 0 : static_cast<int>(Val(scheme)) + 1;
+  color_scheme.SetListIndex(std::clamp(entry, 0, color_scheme.ListCount() - 1));
   const auto method = app_.settings.Valuation;
   OptUseFIFO.Value = method == ValuationMethod::FIFO;
   OptUseAvg.Value = method == ValuationMethod::Weighted;
@@ -106,6 +127,24 @@ void KVI_Utilities::CheckDirectory() {
   dir_loc.Text = "";
 }
 
+void KVI_Utilities::BrowseForDirectory() {
+  const auto file = app_.desktop.OpenFileDialog(
+      {.title = "Select the database",
+       .filters = {{"Inventory Database (KV_Inventory.mdb)", "KV_Inventory.mdb"}},
+       .start =
+           app_.settings.DatabasePath.empty() ? app_.ProgramFolder : app_.settings.DatabasePath});
+  if (!file) return;
+  dir_loc.Text = std::filesystem::path(*file).parent_path().string();
+  CheckDirectory();
+}
+
+void KVI_Utilities::BrowseForProgram() {
+  const auto program = app_.desktop.OpenFileDialog({.title = "Select the spreadsheet program",
+                                                    .filters = {{"All Files (*.*)", "*"}},
+                                                    .start = app_.SpreadsheetPath});
+  if (program) SpreadPath.Text = *program;
+}
+
 // The pass tells of its own failures and has no result, so the closing box comes either way.
 void KVI_Utilities::AskToRevalue() {
   if (!AskYesNo("This option will update all valuations using the selected valuation method.  \n\n"
@@ -135,19 +174,25 @@ void KVI_Utilities::Exit() {
 }
 
 Layout KVI_Utilities::Arrange() {
+  constexpr double kPathWidth = 3.5;
   Layout company = Form(
-      {Field("&Company Name/Title for Reports:", co_title, 3.5),
-       Field("&Directory where KV_Inventory.MDB is located (leave blank if normal):", dir_loc, 3.5),
-       Field("&Location of Spreadsheet/Database Program", SpreadPath, 3.5)});
+      {Field("&Company Name/Title for Reports:", co_title, kPathWidth),
+       Row({Field("&Directory where KV_Inventory.MDB is located (leave blank if normal):", dir_loc,
+                  kPathWidth),
+            Of(browse_dir)}),
+       Row({Field("&Location of Spreadsheet/Database Program", SpreadPath, kPathWidth),
+            Of(browse_program)})});
   Layout preferences =
       Column({Of(use_security), Of(use_color), Of(use_osis),
+              Row({Field("C&olor scheme (from the next start on):", color_scheme, 2.2), Gap()}),
               Frame("Valuation", Row({Of(OptUseFIFO), Of(OptUseAvg), Of(OptUseLast), Gap()})),
               Row({Of(cmdUpdateAllValuations), Of(Command5), Gap()}), Gap()});
   Layout tasks = Column(
-      {GridOf(3, {Of(Command1), Of(Command2), Of(Command3), Of(Command4), Of(Command6),
-                  Of(Command7), Of(cmdUpdateRecipeCosts), Of(cmdUpdateRecipeItems),
-                  Of(cmdDeleteAllRecipes), Of(cmdDeleteAllItems), Of(ZeroBtn), Of(cmdColWidth)}),
-       Gap()});
+      {GridOf(3, {Of(Command1), Of(Command2), Of(cmdColWidth), Of(Command3), Of(Command4),
+                  Of(cmdUpdateRecipeCosts), Of(Command6), Of(Command7), Of(cmdUpdateRecipeItems)}),
+       Gap(),
+       Frame("What these take away does not come back:",
+             GridOf(3, {Of(cmdDeleteAllRecipes), Of(cmdDeleteAllItems), Of(ZeroBtn)}))});
   return Column({BannerLayout(), Actions({&exit_lab}),
                  Row({Field("Current &inventory/profit center:", pcenter, 2.5), Gap()}),
                  Fill(Tabs(SSTab1, {Column({std::move(company), Gap()}), std::move(preferences),

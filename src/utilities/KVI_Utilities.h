@@ -23,10 +23,14 @@ class KVI_Utilities : public KviScreen {
   TextBox co_title{*this, "co_title"};
   TextBox dir_loc{*this, "dir_loc"};
   TextBox SpreadPath{*this, "SpreadPath"};
+  Button browse_dir{*this, "browse_dir", "&Browse..."};
+  Button browse_program{*this, "browse_program", "B&rowse..."};
 
   CheckBox use_security{*this, "use_security", "Use security system"};
   CheckBox use_color{*this, "use_color", "Use alternating color in grids"};
   CheckBox use_osis{*this, "use_osis", "Use alternate view inventory detail screen"};
+  // Of this desk, in place of the suite's: the first entry takes the suite's own.
+  ComboBox color_scheme{*this, "color_scheme", ComboBox::Style::ListOnly};
   OptionButton OptUseFIFO{*this, "OptUseFIFO", "FIFO", "valuation"};
   OptionButton OptUseAvg{*this, "OptUseAvg", "Weighted Average", "valuation"};
   // The caption is as people know it; the method is the last price.
@@ -60,6 +64,9 @@ class KVI_Utilities : public KviScreen {
   void TakeProfitCenter();
   void LeaveProfitCenter();
   void CheckDirectory();
+  void BrowseForDirectory();
+  void BrowseForProgram();
+  void FillColorSchemes();
   void AskToRevalue();
   void AskToResetWidths();
 

@@ -31,6 +31,45 @@ TEST_F(UtilitiesTest, EachChangeCountsAtOnceAndIsInTheFileOnLeaving) {
   EXPECT_EQ(stockroom.Get("UseOldStyleInventoryDetail"), "1");
 }
 
+TEST_F(UtilitiesTest, TheDesksOwnColourSchemeCountsFromTheNextStartOn) {
+  WriteFile(stockroom.folder / "TARNWK.INI", "[TARNWK]\nDatabasePath=\nColorScheme=6\n");
+  const auto schemeAtStart = [&](int shown, int chosen) {
+    EXPECT_TRUE(stockroom.Start());
+    stockroom.InUtilities([&](auto& screen) {
+      EXPECT_EQ(screen.color_scheme.ListIndex(), shown);
+      stockroom.user().Choose(screen.color_scheme, chosen);
+    });
+    const int color = stockroom.MainScreen().BackColor();
+    EXPECT_TRUE(stockroom.Exit());
+    return color;
+  };
+  EXPECT_EQ(schemeAtStart(0, 0), kBlue) << "the suite's";
+  EXPECT_EQ(schemeAtStart(0, 6), kBlue);
+  EXPECT_EQ(schemeAtStart(6, 1), kRed);
+  EXPECT_EQ(schemeAtStart(1, 0), kToolkitColor);
+  EXPECT_EQ(schemeAtStart(0, 0), kBlue);
+}
+
+TEST_F(UtilitiesTest, BothPathsCanBeBrowsedFor) {
+  ASSERT_TRUE(stockroom.Start());
+  const std::string here = stockroom.folder.Path().string();
+  stockroom.InUtilities([&](auto& screen) {
+    stockroom.desktop.ExpectFile("Select the spreadsheet program", std::nullopt);
+    stockroom.user().Click(screen.browse_program);
+    EXPECT_EQ(screen.SpreadPath.Text(), stockroom.App().SpreadsheetPath);
+    stockroom.desktop.ExpectFile("Select the spreadsheet program", "/usr/bin/calc");
+    stockroom.user().Click(screen.browse_program);
+    EXPECT_EQ(stockroom.App().SpreadsheetPath, "/usr/bin/calc");
+    stockroom.desktop.ExpectFile("Select the database", here + "/KV_Inventory.mdb");
+    stockroom.user().Click(screen.browse_dir);
+    EXPECT_EQ(screen.dir_loc.Text(), here);
+    stockroom.desktop.ExpectFile("Select the database", "/nowhere/other.mdb");
+    stockroom.desktop.ExpectBox("There is a problem locating KV_Inventory.mdb.");
+    stockroom.user().Click(screen.browse_dir);
+    EXPECT_EQ(screen.dir_loc.Text(), "");
+  });
+}
+
 TEST_F(UtilitiesTest, AClickTakesTheNumberOfTheProfitCenterAndLeavingItsPosition) {
   stockroom.Fill("I_Master", "inv_id | pcenter | name\n 1 | 4 | Bolt\n 2 | 1 | Nut");
   ASSERT_TRUE(stockroom.Start());

@@ -163,7 +163,7 @@ void SpreadView::PaintEmptyText(QPainter& painter) const {
 }
 
 QSize SpreadView::sizeHint() const {
-  int width = verticalHeader()->sizeHint().width() + 24;
+  int width = verticalHeader()->sizeHint().width() + 48;
   for (int col = 1; col <= grid_.MaxCols(); ++col) width += Pixels(grid_.ColWidth(col));
   return {std::clamp(width, 240, 1000),
           headings_.NeededHeight() + 12 * verticalHeader()->defaultSectionSize()};

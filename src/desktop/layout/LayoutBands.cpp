@@ -39,7 +39,7 @@ QWidget* LayoutBuilder::BuildBanner(const Layout& node) {
   const Control* lead = node.children.empty() ? node.control : node.children[0].control;
   Panel* band = NewBand(lead);
   auto* row = new QHBoxLayout(band);
-  row->setContentsMargins(kMargin + 4, 8, kMargin + 4, 8);
+  row->setContentsMargins(kMargin + 4, 6, kMargin + 4, 6);
   row->setSpacing(18);
   if (!node.children.empty()) {
     auto* lines = new QVBoxLayout;

@@ -88,7 +88,7 @@ Panel* LayoutBuilder::BuildBands(const std::vector<const Layout*>& nodes) {
 Panel* LayoutBuilder::BuildBody(const std::vector<const Layout*>& children) {
   Panel* panel = NewPanel();
   auto* column = new QVBoxLayout(panel);
-  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column->setContentsMargins(kMargin, kMargin - 4, kMargin, kMargin - 4);
   column->setSpacing(kSpacing);
   FillColumn(*column, children);
   return panel;
@@ -190,7 +190,7 @@ QWidget* LayoutBuilder::BuildField(const Layout& node) {
   const FieldParts parts = BuildFieldParts(node);
   const bool fills = node.fills || field.fills;
   row->addWidget(parts.label, 0, IsTall(field) ? Qt::AlignTop : Qt::AlignVCenter);
-  row->addWidget(parts.field, fills ? 1 : 0);
+  row->addWidget(parts.field, fills ? 1 : 0, field.height > 0 ? Qt::AlignTop : Qt::Alignment());
   if (!fills) row->addStretch(0);
   return panel;
 }
