@@ -208,7 +208,7 @@ Layout KVI_PGDetail::Arrange() {
   return Column({BannerLayout(), Actions({&save, &print_lab, &sprint_lab, &find_lab, &exit_lab}),
                  Row({Form({Field(Label12, rec_id, 2), Field(Label6, rname, 3.5),
                             Field(Label3, rec_cat, 2.5)}),
-                      Fill(Field(Label10, notes, 0, 0.8))}),
+                      Field(Label10, notes, 2.6, 0.8), Gap()}),
                  Of(Label1), Fill(Of(Spread1)),
                  Row({Of(Label2), Gap(), Of(AddToRecipe), Of(Command2), Gap(),
                       Field(CatLabel, CatCombo, 2.5)}),

@@ -109,23 +109,59 @@ bool FoldingRow::Folds(int width) const {
   return SizeOf(&QLayoutItem::minimumSize, false).width() > width;
 }
 
+// The width of each item side by side: what it likes and its share of the rest, or, where that is
+// too much for all, less by its share of what they can do without.
+std::vector<int> FoldingRow::WidthsIn(int room) const {
+  const QSize liked = SizeOf(&QLayoutItem::sizeHint, false);
+  const int least = SizeOf(&QLayoutItem::minimumSize, false).width();
+  const int spare = room - liked.width();
+  int stretches = 0;
+  for (int i = 0; i < count(); ++i) stretches += itemAt(i)->isEmpty() ? 0 : stretch(i);
+  std::vector<int> widths;
+  for (int i = 0; i < count(); ++i) {
+    const QLayoutItem& item = *itemAt(i);
+    const int hint = item.sizeHint().width(), give = hint - item.minimumSize().width();
+    int more = 0;
+    if (spare < 0)
+      more = spare * give / std::max(1, liked.width() - least);
+    else if (stretches > 0)
+      more = spare * stretch(i) / stretches;
+    widths.push_back(item.isEmpty() ? 0 : hint + more);
+  }
+  return widths;
+}
+
 int FoldingRow::heightForWidth(int width) const {
   const bool folds = Folds(width);
+  const auto widths =
+      folds ? std::vector<int>(static_cast<std::size_t>(count()), width) : WidthsIn(width);
   int height = 0, shown = 0;
   for (int i = 0; i < count(); ++i) {
     const QLayoutItem& item = *itemAt(i);
     if (item.isEmpty()) continue;
-    const int one =
-        folds && item.hasHeightForWidth() ? item.heightForWidth(width) : item.sizeHint().height();
+    const int one = item.hasHeightForWidth()
+                        ? item.heightForWidth(widths[static_cast<std::size_t>(i)])
+                        : item.sizeHint().height();
     height = folds ? height + one + (shown++ > 0 ? spacing() : 0) : std::max(height, one);
   }
   return height + contentsMargins().top() + contentsMargins().bottom();
 }
 
 void FoldingRow::setGeometry(const QRect& area) {
-  const Direction wanted = Folds(area.width()) ? TopToBottom : LeftToRight;
+  const bool folds = Folds(area.width());
+  const Direction wanted = folds ? TopToBottom : LeftToRight;
   if (direction() != wanted) setDirection(wanted);
-  QBoxLayout::setGeometry(area);
+  if (folds) return QBoxLayout::setGeometry(area);
+  QLayout::setGeometry(area);
+  const QRect room = area.marginsRemoved(contentsMargins());
+  const auto widths = WidthsIn(room.width());
+  int x = room.left();
+  for (int i = 0; i < count(); ++i) {
+    if (itemAt(i)->isEmpty()) continue;
+    const int width = widths[static_cast<std::size_t>(i)];
+    itemAt(i)->setGeometry({x, room.top(), width, room.height()});
+    x += width + spacing();
+  }
 }
 
 }  // namespace kvi

@@ -41,7 +41,8 @@ class FlowLayout : public QLayout {
   std::vector<std::unique_ptr<QLayoutItem>> items_;
 };
 
-// Blocks side by side, or one below the other where the width does not suffice for all.
+// Blocks side by side, or one below the other where the width does not suffice for all. Room that is
+// left goes by the stretch factors, and none gets less than it likes as long as there is enough.
 class FoldingRow : public QBoxLayout {
  public:
   explicit FoldingRow(QWidget* parent) : QBoxLayout(LeftToRight, parent) {}
@@ -57,6 +58,7 @@ class FoldingRow : public QBoxLayout {
  private:
   QSize SizeOf(QSize (QLayoutItem::*size)() const, bool folded) const;
   bool Folds(int width) const;
+  std::vector<int> WidthsIn(int room) const;
 };
 
 }  // namespace kvi

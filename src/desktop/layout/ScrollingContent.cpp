@@ -14,11 +14,13 @@ class Holder : public QWidget {
   explicit Holder(QWidget* content) : content_(*content) { content->setParent(this); }
 
   QSize sizeHint() const override { return content_.sizeHint(); }
-  QSize minimumSizeHint() const override {
+  QSize minimumSizeHint() const override { return LeastIn(width()); }
+  // The least size where the width is to be this one or more.
+  QSize LeastIn(int width) const {
     const QLayout& layout = *content_.layout();
     const QSize least = layout.totalMinimumSize();
     if (!layout.hasHeightForWidth()) return least;
-    return {least.width(), layout.totalMinimumHeightForWidth(std::max(least.width(), width()))};
+    return {least.width(), layout.totalMinimumHeightForWidth(std::max(least.width(), width))};
   }
 
  protected:
@@ -42,6 +44,29 @@ ScrollingContent::ScrollingContent(QWidget* content, QWidget* parent) : QScrollA
   setWidgetResizable(true);
   setFocusPolicy(Qt::NoFocus);
   setWidget(new Holder(content));
+}
+
+bool ScrollingContent::eventFilter(QObject* watched, QEvent* event) {
+  const bool handled = QScrollArea::eventFilter(watched, event);
+  if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+    updateGeometry();
+    ScrollIfNeeded();
+  }
+  return handled;
+}
+
+void ScrollingContent::resizeEvent(QResizeEvent* event) {
+  ScrollIfNeeded();
+  QScrollArea::resizeEvent(event);
+}
+
+// A bar makes the room narrower, whereupon rows wrap and need it. So it is asked first what the
+// content takes without one.
+void ScrollingContent::ScrollIfNeeded() {
+  const QSize room = maximumViewportSize();
+  const QSize least = static_cast<const Holder*>(widget())->LeastIn(room.width());
+  const bool fits = least.width() <= room.width() && least.height() <= room.height();
+  setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
 }
 
 }  // namespace kvi

@@ -11,6 +11,14 @@ class ScrollingContent : public QScrollArea {
   ScrollingContent(QWidget* content, QWidget* parent);
   // The content's own: the toolkit's would ask for a scroll bar from the start.
   QSize sizeHint() const override { return widget()->sizeHint(); }
+
+ protected:
+  // It asks for more once its content does.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void ScrollIfNeeded();
 };
 
 }  // namespace kvi

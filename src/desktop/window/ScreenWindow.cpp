@@ -50,8 +50,6 @@ ScreenWindow::ScreenWindow(Screen& screen, Gestures& gestures, bool modal)
   // Only now, as the area takes the content's size with everything shown.
   column->addWidget(new ScrollingContent(content_, this), 1);
   if (status != nullptr) column->addWidget(status);
-  // The window manager's frame takes its part of the display.
-  FitInto(QWidget::screen()->availableGeometry().size() - QSize(4, 36));
   SetFirstFocus();
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget*, QWidget* now) { FollowFocus(now); });
@@ -172,9 +170,14 @@ void ScreenWindow::FitInto(const QSize& room) {
   resize(screen_.TakesWholeDisplay() ? room : liked.boundedTo(room));
 }
 
+// What stands inside of a tab tells what it asks for once it is in sight.
 void ScreenWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (!event->spontaneous()) Center();
+  if (event->spontaneous()) return;
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  // The window manager's frame takes its part of the display.
+  FitInto(screen()->availableGeometry().size() - QSize(4, 36));
+  Center();
 }
 
 // The system decides; its answer comes as Dismiss.
