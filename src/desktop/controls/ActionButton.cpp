@@ -14,6 +14,7 @@ namespace kvi {
 namespace {
 
 constexpr int kTilePadding = 14;
+constexpr int kTileLetters = 32;  // side by side in a tile
 constexpr int kNarrowestTile = 150;
 constexpr double kTilePoints = 11.5;
 constexpr double kNumberPoints = 8;
@@ -62,7 +63,10 @@ void ActionButton::SetColors(const QColor& fore, const QColor& back) {
 }
 
 QSize ActionButton::sizeHint() const {
-  if (look_ == Look::Tile) return {250, 3 * fontMetrics().height() + 2 * kTilePadding};
+  if (look_ == Look::Tile) {
+    const int width = kTileLetters * fontMetrics().averageCharWidth();
+    return {width, std::max(heightForWidth(width), 3 * fontMetrics().height() + 2 * kTilePadding)};
+  }
   const QSize text = fontMetrics().size(Qt::TextShowMnemonic, this->text());
   return look_ == Look::Action ? QSize(text.width() + 28, text.height() + 16)
                                : QSize(text.width() + 24, text.height() + 10);

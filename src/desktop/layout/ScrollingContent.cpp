@@ -40,10 +40,17 @@ class Holder : public QWidget {
 }  // namespace
 
 ScrollingContent::ScrollingContent(QWidget* content, QWidget* parent) : QScrollArea(parent) {
+  setObjectName("content");
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
   setFocusPolicy(Qt::NoFocus);
   setWidget(new Holder(content));
+}
+
+QSize ScrollingContent::sizeHint() const {
+  const auto* holder = static_cast<const Holder*>(widget());
+  const QSize hint = holder->sizeHint();
+  return hint.expandedTo(holder->LeastIn(hint.width()));
 }
 
 bool ScrollingContent::eventFilter(QObject* watched, QEvent* event) {

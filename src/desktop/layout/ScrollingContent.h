@@ -10,7 +10,7 @@ class ScrollingContent : public QScrollArea {
  public:
   ScrollingContent(QWidget* content, QWidget* parent);
   // The content's own: the toolkit's would ask for a scroll bar from the start.
-  QSize sizeHint() const override { return widget()->sizeHint(); }
+  QSize sizeHint() const override;
 
  protected:
   // It asks for more once its content does.
