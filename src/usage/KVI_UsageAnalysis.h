@@ -88,10 +88,9 @@ class KVI_UsageAnalysis : public KviScreen {
   void ReadHistory();
   void ReadLevels(Progress& progress);
   void ReadPurchases(Progress& progress);
-  void FillPeriods();
+  void FillRows();
+  void FillRow(std::size_t part);
   void HeadPeriod(std::size_t period);
-  void FillLevels(std::size_t period);
-  void FillUsage(std::size_t pair);
   void FillTotals();
   void RejectPeriods();
 

@@ -51,30 +51,45 @@ void KVI_UsageAnalysis::LoadUsageGrid() {
     const Block figures{1, kCostColumn, -1, -1};
     Spread1.SetAlign(figures, CellAlign::Right);
     Spread1.SetKind(figures, CellKind::Static);
-    HeadPeriod(0);
-    FillLevels(0);
+    for (std::size_t period = 0; period < periods; ++period) HeadPeriod(period);
+    FillRows();
+    // Nothing is known of purchases and usage behind the last period.
+    Spread1.SetMaxCols(Spread1.MaxCols() - (kColumnsOfPeriod - 1));
+    if (history_.HasLevels(0)) FillTotals();
   }
-  if (!history_.HasLevels(0)) return RejectPeriods();
-  FillPeriods();
+  if (!history_.HasLevels(0)) RejectPeriods();
 }
 
-void KVI_UsageAnalysis::FillPeriods() {
+// Row by row: a column of a long list is spread over all of the memory.
+void KVI_UsageAnalysis::FillRows() {
+  const std::size_t parts = PartCount();
   const auto progress = app_.desktop.NewProgress(Caption(), false);
-  const PaintingOff hidden(Spread1);
-  const std::size_t periods = history_.Periods().size();
-  progress->Begin("Levels and usage", static_cast<int>(2 * periods));
-  for (std::size_t period = 1; period < periods; ++period) {
-    HeadPeriod(period);
-    FillLevels(period);
-    progress->Done(static_cast<int>(period));
+  progress->Begin("Levels and usage", static_cast<int>(parts));
+  for (std::size_t part = 0; part < parts; ++part) {
+    FillRow(part);
+    progress->Done(static_cast<int>(part));
   }
-  for (std::size_t pair = 0; pair < history_.PairCount(); ++pair) {
-    FillUsage(pair);
-    progress->Done(static_cast<int>(periods + pair));
+}
+
+// A part without a row of the period shows 0, as if it had been empty. Usage is what was there at
+// the start and came, less what was there at the end; a negative one is shown as it is.
+void KVI_UsageAnalysis::FillRow(std::size_t part) {
+  static const Value none(0);
+  const int row = static_cast<int>(part) + 1;
+  double start = 0;
+  for (std::size_t period = 0; period < history_.Periods().size(); ++period) {
+    const int col = ColumnOf(period);
+    const PeriodHistory::Level* level = history_.LevelAt(part, period);
+    std::string amount = Format(level == nullptr ? none : level->amount, kLevelMask);
+    const double end = Val(amount);
+    if (period > 0) {
+      const double bought = history_.Purchased(part, period - 1);
+      Spread1.SetText(row, col - 2, Format(bought, kLevelMask));
+      Spread1.SetText(row, col - 1, Format((bought + start) - end, kUsageMask));
+    }
+    Spread1.SetText(row, col, std::move(amount));
+    start = end;
   }
-  // Nothing is known of purchases and usage behind the last period.
-  Spread1.SetMaxCols(Spread1.MaxCols() - (kColumnsOfPeriod - 1));
-  FillTotals();
 }
 
 void KVI_UsageAnalysis::FillParts() {
@@ -129,7 +144,7 @@ void KVI_UsageAnalysis::ReadLevels(Progress& progress) {
         " ORDER BY F_Date");
     progress.Begin("Locked levels", levels.RecordCount());
     for (int done = 1; !levels.Eof(); levels.MoveNext(), ++done) {
-      history_.AddLevel(levels.Text("Inv_ID"), levels["F_Date"], levels["Amount"],
+      history_.AddLevel(levels["Inv_ID"], levels["F_Date"], levels["Amount"],
                         levels.Number("Price"));
       progress.Done(done);
     }
@@ -143,7 +158,7 @@ void KVI_UsageAnalysis::ReadPurchases(Progress& progress) {
   for (int done = 1; !purchases.Eof(); purchases.MoveNext(), ++done) {
     const Value& center = purchases["pcenter"];
     const bool ours = !center.IsNull() && center.Number() == app_.CurrentProfitCenter;
-    history_.AddPurchase(purchases.Text("inv_id"), purchases["P_Date"], purchases.Number("p_qty"),
+    history_.AddPurchase(purchases["inv_id"], purchases["P_Date"], purchases.Number("p_qty"),
                          purchases.Number("Price"), ours);
     progress.Done(done);
   }
@@ -151,49 +166,31 @@ void KVI_UsageAnalysis::ReadPurchases(Progress& progress) {
 
 void KVI_UsageAnalysis::HeadPeriod(std::size_t period) {
   const int col = ColumnOf(period);
-  Spread1.SetHeading(col, "Inventory as of " + Str(history_.Periods()[period]));
-  Spread1.SetHeading(col + 1, "Purchases");
-  Spread1.SetHeading(col + 2, "Period Usage");
+  const bool last = period == history_.PairCount();
+  const std::string from = Str(history_.Periods()[period]);
+  const std::string span = last ? "" : " from " + from + "-" + Str(history_.Periods()[period + 1]);
+  Spread1.SetHeading(col, "Inventory as of " + from);
+  Spread1.SetHeading(col + 1, "Purchases" + span);
+  Spread1.SetHeading(col + 2, (last ? "Period Usage" : "Per. Usage") + span);
   for (int next = col; next < col + kColumnsOfPeriod; ++next)
     Spread1.SetColWidth(next, kPeriodWidth);
-}
-
-// A part without a row of the period shows 0, as if it had been empty.
-void KVI_UsageAnalysis::FillLevels(std::size_t period) {
-  const std::string none = Format(0.0, kLevelMask);
-  for (std::size_t part = 0, parts = PartCount(); part < parts; ++part) {
-    const PeriodHistory::Level* level = history_.LevelAt(part, period);
-    Spread1.SetText(static_cast<int>(part) + 1, ColumnOf(period),
-                    level == nullptr ? none : Format(level->amount, kLevelMask));
-  }
-}
-
-// Usage is what was there at the start and came, less what was there at the end. A negative one is
-// shown as it is.
-void KVI_UsageAnalysis::FillUsage(std::size_t pair) {
-  const int col = ColumnOf(pair), next = ColumnOf(pair + 1);
-  for (std::size_t part = 0, parts = PartCount(); part < parts; ++part) {
-    const int row = static_cast<int>(part) + 1;
-    const double bought = history_.Purchased(part, pair);
-    const double start = Val(Spread1.Text(row, col)), end = Val(Spread1.Text(row, next));
-    Spread1.SetText(row, col + 1, Format(bought, kLevelMask));
-    Spread1.SetText(row, col + 2, Format((bought + start) - end, kUsageMask));
-  }
-  Spread1.SetForeColor({1, col, -1, col + 2}, pair % 2 == 0 ? kBrightBlue : kBrightRed);
-  const std::string span = Str(history_.Periods()[pair]) + "-" + Str(history_.Periods()[pair + 1]);
-  Spread1.SetHeading(col + 1, "Purchases from " + span);
-  Spread1.SetHeading(col + 2, "Per. Usage from " + span);
+  if (!last)
+    Spread1.SetForeColor({1, col, -1, col + 2}, period % 2 == 0 ? kBrightBlue : kBrightRed);
 }
 
 void KVI_UsageAnalysis::FillTotals() {
-  Spread1.SetMaxRows(Spread1.MaxRows() + 1);
-  const int totals = Spread1.MaxRows();
-  for (std::size_t period = 0; period < history_.Periods().size(); ++period) {
+  const int totals = Spread1.MaxRows() + 1;
+  const std::size_t periods = history_.Periods().size();
+  std::vector<double> sums(periods);
+  for (int row = 1; row < totals; ++row) {
+    const double cost = Val(Spread1.Text(row, kCostColumn));
+    for (std::size_t period = 0; period < periods; ++period)
+      sums[period] += cost * Val(Spread1.Text(row, ColumnOf(period)));
+  }
+  Spread1.SetMaxRows(totals);
+  for (std::size_t period = 0; period < periods; ++period) {
     const int col = ColumnOf(period);
-    double total = 0;
-    for (int row = 1; row < totals; ++row)
-      total += Val(Spread1.Text(row, kCostColumn)) * Val(Spread1.Text(row, col));
-    Spread1.SetText(totals, col, Format(total, "#####0.00"));
+    Spread1.SetText(totals, col, Format(sums[period], "#####0.00"));
     Spread1.SetAlign(Block::Cell(totals, col), CellAlign::Right);
     Spread1.SetText(totals, col - 1, kTotalCaption);
   }

@@ -16,12 +16,13 @@ PeriodHistory::PeriodHistory(std::vector<Date> periods, const std::vector<std::s
   flows_.resize(levels_.size());
 }
 
-const std::vector<std::size_t>* PeriodHistory::PartsOf(const std::string& number) const {
-  const auto found = parts_.find(number);
+const std::vector<std::size_t>* PeriodHistory::PartsOf(const Value& number) const {
+  if (!number.IsText()) return nullptr;
+  const auto found = parts_.find(number.AsText());
   return found == parts_.end() ? nullptr : &found->second;
 }
 
-void PeriodHistory::AddLevel(const std::string& number, const Value& date, const Value& amount,
+void PeriodHistory::AddLevel(const Value& number, const Value& date, const Value& amount,
                              double price) {
   if (!date.IsDate()) return;
   const auto period = std::ranges::lower_bound(periods_, date.AsDate());
@@ -34,7 +35,7 @@ void PeriodHistory::AddLevel(const std::string& number, const Value& date, const
   }
 }
 
-void PeriodHistory::AddPurchase(const std::string& number, const Value& date, double quantity,
+void PeriodHistory::AddPurchase(const Value& number, const Value& date, double quantity,
                                 double price, bool ofThisProfitCenter) {
   if (!date.IsDate()) return;
   const auto* parts = PartsOf(number);

@@ -30,8 +30,8 @@ class PeriodHistory {
   PeriodHistory(std::vector<Date> periods, const std::vector<std::string>& partNumbers);
 
   // The first row of a part and a date holds; of a profit center's rows before those of none.
-  void AddLevel(const std::string& number, const Value& date, const Value& amount, double price);
-  void AddPurchase(const std::string& number, const Value& date, double quantity, double price,
+  void AddLevel(const Value& number, const Value& date, const Value& amount, double price);
+  void AddPurchase(const Value& number, const Value& date, double quantity, double price,
                    bool ofThisProfitCenter);
 
   const std::vector<Date>& Periods() const { return periods_; }
@@ -54,7 +54,7 @@ class PeriodHistory {
     return part * periods_.size() + period;
   }
   double ValueAt(std::size_t part, std::size_t period) const;
-  const std::vector<std::size_t>* PartsOf(const std::string& number) const;
+  const std::vector<std::size_t>* PartsOf(const Value& number) const;
 
   std::vector<Date> periods_;
   std::vector<Date> days_;  // the periods' without a time, by which money goes
