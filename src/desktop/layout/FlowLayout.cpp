@@ -109,24 +109,30 @@ bool FoldingRow::Folds(int width) const {
   return SizeOf(&QLayoutItem::minimumSize, false).width() > width;
 }
 
-// The width of each item side by side: what it likes and its share of the rest, or, where that is
-// too much for all, less by its share of what they can do without.
+// The width of each item side by side: what it likes and its share of the rest, or,
+// where that is too much for all, less. Who does not wrap gives first, as far as it can.
 std::vector<int> FoldingRow::WidthsIn(int room) const {
-  const QSize liked = SizeOf(&QLayoutItem::sizeHint, false);
-  const int least = SizeOf(&QLayoutItem::minimumSize, false).width();
-  const int spare = room - liked.width();
-  int stretches = 0;
-  for (int i = 0; i < count(); ++i) stretches += itemAt(i)->isEmpty() ? 0 : stretch(i);
   std::vector<int> widths;
+  int stretches = 0;
+  int spare = room - SizeOf(&QLayoutItem::sizeHint, false).width();
   for (int i = 0; i < count(); ++i) {
-    const QLayoutItem& item = *itemAt(i);
-    const int hint = item.sizeHint().width(), give = hint - item.minimumSize().width();
-    int more = 0;
-    if (spare < 0)
-      more = spare * give / std::max(1, liked.width() - least);
-    else if (stretches > 0)
-      more = spare * stretch(i) / stretches;
-    widths.push_back(item.isEmpty() ? 0 : hint + more);
+    widths.push_back(itemAt(i)->isEmpty() ? 0 : itemAt(i)->sizeHint().width());
+    stretches += itemAt(i)->isEmpty() ? 0 : stretch(i);
+  }
+  if (spare >= 0) {
+    for (int i = 0; stretches > 0 && i < count(); ++i)
+      if (!itemAt(i)->isEmpty())
+        widths[static_cast<std::size_t>(i)] += spare * stretch(i) / stretches;
+    return widths;
+  }
+  for (const bool wrapping : {false, true}) {
+    for (int i = 0; i < count(); ++i) {
+      if (itemAt(i)->isEmpty() || itemAt(i)->hasHeightForWidth() != wrapping) continue;
+      int& width = widths[static_cast<std::size_t>(i)];
+      const int given = std::min(-spare, width - itemAt(i)->minimumSize().width());
+      width -= given;
+      spare += given;
+    }
   }
   return widths;
 }

@@ -41,8 +41,8 @@ class FlowLayout : public QLayout {
   std::vector<std::unique_ptr<QLayoutItem>> items_;
 };
 
-// Blocks side by side, or one below the other where the width does not suffice for all. Room that is
-// left goes by the stretch factors, and none gets less than it likes as long as there is enough.
+// Blocks side by side, or one below the other where the width does not suffice for all. Room that
+// is left goes by the stretch factors, and none gets less than it likes as long as there is enough.
 class FoldingRow : public QBoxLayout {
  public:
   explicit FoldingRow(QWidget* parent) : QBoxLayout(LeftToRight, parent) {}

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QLayout>
+#include <algorithm>
 
 namespace kvi {
 
@@ -51,6 +52,11 @@ QSize ScrollingContent::sizeHint() const {
   const auto* holder = static_cast<const Holder*>(widget());
   const QSize hint = holder->sizeHint();
   return hint.expandedTo(holder->LeastIn(hint.width()));
+}
+
+int ScrollingContent::HeightIn(int width) const {
+  const auto* holder = static_cast<const Holder*>(widget());
+  return std::max(holder->sizeHint().height(), holder->LeastIn(width).height());
 }
 
 bool ScrollingContent::eventFilter(QObject* watched, QEvent* event) {

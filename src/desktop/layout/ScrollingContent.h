@@ -11,6 +11,8 @@ class ScrollingContent : public QScrollArea {
   ScrollingContent(QWidget* content, QWidget* parent);
   // The content's own: the toolkit's would ask for a scroll bar from the start.
   QSize sizeHint() const override;
+  // What it takes in a width that is not its own.
+  int HeightIn(int width) const;
 
  protected:
   // It asks for more once its content does.

@@ -48,7 +48,8 @@ ScreenWindow::ScreenWindow(Screen& screen, Gestures& gestures, bool modal)
   bar->setVisible(!bar->actions().isEmpty());
 
   // Only now, as the area takes the content's size with everything shown.
-  column->addWidget(new ScrollingContent(content_, this), 1);
+  scrolling_ = new ScrollingContent(content_, this);
+  column->addWidget(scrolling_, 1);
   if (status != nullptr) column->addWidget(status);
   SetFirstFocus();
   connect(qApp, &QApplication::focusChanged, this,
@@ -164,10 +165,13 @@ void ScreenWindow::Center() {
   move(std::max(frame.left(), room.left()), std::max(frame.top(), room.top()));
 }
 
+// As roomy as the content likes; what wraps in a narrower room takes more of its height.
 void ScreenWindow::FitInto(const QSize& room) {
-  // What wraps is reckoned at its lowest; a window opens as roomy as its content likes.
+  if (screen_.TakesWholeDisplay()) return resize(room);
   const QSize liked = layout()->totalSizeHint().expandedTo(layout()->sizeHint());
-  resize(screen_.TakesWholeDisplay() ? room : liked.boundedTo(room));
+  const int width = std::min(liked.width(), room.width());
+  const int more = scrolling_->HeightIn(width) - scrolling_->sizeHint().height();
+  resize(width, std::min(liked.height() + more, room.height()));
 }
 
 // What stands inside of a tab tells what it asks for once it is in sight.

@@ -15,6 +15,8 @@ class QMenuBar;
 
 namespace kvi {
 
+class ScrollingContent;
+
 // The window of any screen, drawn from the screen's layout. It follows the focus, so that a control
 // is entered and left by the user alone, and asks the system before it closes.
 class ScreenWindow : public QWidget, public ScreenView {
@@ -77,6 +79,7 @@ class ScreenWindow : public QWidget, public ScreenView {
   std::vector<ControlAdapter*> adapters_;  // owned as children
   std::map<std::string, QButtonGroup*> groups_;
   Panel* content_ = nullptr;
+  ScrollingContent* scrolling_ = nullptr;
 };
 
 }  // namespace kvi
