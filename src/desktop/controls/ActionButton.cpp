@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kTilePadding = 14;
 constexpr int kTileLetters = 32;  // side by side in a tile
+constexpr int kNumberWidth = 8;   // of the digit in its corner, beyond the padding
 constexpr int kNarrowestTile = 150;
 constexpr double kTilePoints = 11.5;
 constexpr double kNumberPoints = 8;
@@ -164,7 +165,7 @@ double ActionButton::LayOutTile(QTextLayout& layout, int width) const {
   layout.setText(shown);
   layout.setFont(font());
   layout.setFormats({{0, static_cast<int>(dash < 0 ? shown.size() : dash), bold}});
-  return BreakLines(layout, width - 2 * kTilePadding);
+  return BreakLines(layout, width - 2 * kTilePadding - kNumberWidth);
 }
 
 }  // namespace kvi
