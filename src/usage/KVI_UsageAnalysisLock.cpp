@@ -2,6 +2,7 @@
 #include "base/Number.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
+#include "grids/SprdSubs.h"
 #include "store/BackUp.h"
 #include "store/SaveRecord.h"
 #include "usage/KVI_UsageAnalysis.h"
@@ -46,6 +47,7 @@ void KVI_UsageAnalysis::LockPeriod() {
       "Are you sure you want to 'lock' the current inventory levels on-hand to the current "
       "date?\n\nThis should be done after each physical count is taken!",
       kLockTitle);
+  std::size_t locked = 0;
   if (wanted) {
     const Hourglass busy(app_.desktop);
     const Date today = app_.clock.Now().WithoutTime();
@@ -53,11 +55,12 @@ void KVI_UsageAnalysis::LockPeriod() {
     const LoadStatements run(app_.desktop);
     run([&] {
       if (WriteUnderLocks(app_.desktop, app_.CurrentDatabase, [&] { WriteLock(today, rows); }))
-        Say(Str(static_cast<int>(rows.size())) + " levels locked");
+        locked = rows.size();
     });
   }
   // Whether anything was locked or not.
   Reload();
+  if (locked > 0) Say(CountOf(static_cast<int>(locked), "level") + " locked");
 }
 
 // The levels and costs as the grid shows them, in a column of their own. Costs have the two

@@ -29,8 +29,8 @@ void KVI_UsageChart::SetCharts(const UsageSeries& usage, const std::vector<PartC
 }
 
 Layout KVI_UsageChart::Arrange() {
-  return Column({BannerLayout(), Actions({&print_lab, &exit_lab}), Fill(Of(usage_chart, 8, 2.8)),
-                 Fill(Of(cost_chart, 8, 3.6))});
+  return Column({BannerLayout(), Actions({&print_lab, &exit_lab}), Fill(Of(usage_chart, 8, 2.2)),
+                 Fill(Of(cost_chart, 8, 2.8))});
 }
 
 }  // namespace kvi
