@@ -37,9 +37,12 @@ void ChangeRow(jet::Recordset& rows, const RowChange& change, const RowTest& wan
 }
 
 void WalkAndChange(jet::Database& database, jet::Recordset& rows, const RowChange& change,
-                   const RowTest& wanted) {
+                   const RowTest& wanted, Progress* progress) {
   jet::WriteBatch batch(database);
-  for (; !rows.Eof(); rows.MoveNext()) ChangeRow(rows, change, wanted);
+  for (int done = 1; !rows.Eof(); rows.MoveNext(), ++done) {
+    ChangeRow(rows, change, wanted);
+    if (progress != nullptr) progress->Done(done);
+  }
   batch.Finish();
 }
 

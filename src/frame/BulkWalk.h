@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "jet/Database.h"
+#include "platform/Progress.h"
 
 namespace kvi {
 
@@ -23,8 +24,9 @@ using RowTest = std::function<bool(const jet::Recordset& row)>;
 // without any lock; `change` decides anew.
 void ChangeRow(jet::Recordset& rows, const RowChange& change, const RowTest& wanted = {});
 
-// The same from the current row to the last, committed in the groups of a WriteBatch.
+// The same from the current row to the last, committed in the groups of a WriteBatch. The progress
+// is told of each row.
 void WalkAndChange(jet::Database& database, jet::Recordset& rows, const RowChange& change,
-                   const RowTest& wanted = {});
+                   const RowTest& wanted = {}, Progress* progress = nullptr);
 
 }  // namespace kvi

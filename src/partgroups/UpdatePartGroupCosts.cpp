@@ -74,9 +74,11 @@ Lines ReadLines(jet::Database& database) {
 
 // The cost lives across the lines: one whose item gives none takes the cost of the line before it.
 // Before the first cost there is Null.
-void CostPartLines(jet::Database& database, jet::Recordset& lines, const Parts& parts) {
+void CostPartLines(jet::Database& database, jet::Recordset& lines, const Parts& parts,
+                   Progress& progress) {
   Value cost;
-  WalkAndChange(database, lines, [&](jet::Recordset& line) {
+  progress.Begin("Lines", lines.RecordCount());
+  const auto costLine = [&](jet::Recordset& line) {
     if (IsNestedLine(line.Text("desc"))) return RowEnd::Leave;
     const Part* part = parts.FirstOf(Trim(line.Text("inv_id")));
     if (!part)
@@ -86,21 +88,25 @@ void CostPartLines(jet::Database& database, jet::Recordset& lines, const Parts& 
     line.Set("cost_per", cost);
     line.Set("how_used", part ? part->how_used : "");
     return RowEnd::Write;
-  });
+  };
+  WalkAndChange(database, lines, costLine, {}, &progress);
 }
 
 // Writes to each group the sum over its lines, and tells the sums by the groups' numbers.
-jet::KeyedRows<double> RollUp(jet::Database& database, const ExtendedCost& extendedCost) {
+jet::KeyedRows<double> RollUp(jet::Database& database, const ExtendedCost& extendedCost,
+                              Progress& progress) {
   const Lines lines = ReadLines(database);
   jet::KeyedRows<double> costs;
   jet::Recordset groups = database.OpenRecordset("SELECT * FROM R_MASTER");
-  WalkAndChange(database, groups, [&](jet::Recordset& group) {
+  progress.Begin("Groups", groups.RecordCount());
+  const auto sumUp = [&](jet::Recordset& group) {
     double sum = 0;
     for (const Line& line : lines.Of(group.Text("REC_ID"))) sum += extendedCost(line);
     group.Set("cost", sum);
     costs.Add(group["REC_ID"], sum);
     return RowEnd::Write;
-  });
+  };
+  WalkAndChange(database, groups, sumUp, {}, &progress);
   return costs;
 }
 
@@ -134,12 +140,13 @@ void CostNestedLines(jet::Database& database, const jet::KeyedRows<double>& grou
 }
 
 // One roll-up, one copy into the nested lines, one roll-up: a fixed sequence, without recursion.
-void RunPasses(jet::Database& database, jet::Recordset& lines, jet::Recordset& items) {
+void RunPasses(jet::Database& database, jet::Recordset& lines, jet::Recordset& items,
+               Progress& progress) {
   const Parts parts = ReadParts(items);
   jet::WriteBatch batch(database);
-  CostPartLines(database, lines, parts);
-  CostNestedLines(database, RollUp(database, WithYield(parts)));
-  RollUp(database, WithoutYield);
+  CostPartLines(database, lines, parts, progress);
+  CostNestedLines(database, RollUp(database, WithYield(parts), progress));
+  RollUp(database, WithoutYield, progress);
   batch.Finish();
 }
 
@@ -152,7 +159,10 @@ void UpdatePartGroupCosts(Application& app) {
   app.ItemSet = app.CurrentDatabase.OpenRecordset("SELECT * FROM I_Master;");
   jet::Recordset lines = app.CurrentDatabase.OpenRecordset("SELECT * FROM Inv_Recipe;");
   const bool hasLines = !(lines.Bof() && lines.Eof());
-  if (hasLines) RunPasses(app.CurrentDatabase, lines, app.ItemSet);
+  if (hasLines) {
+    const auto progress = app.desktop.NewProgress(kPartGroups, false);
+    RunPasses(app.CurrentDatabase, lines, app.ItemSet, *progress);
+  }
   app.desktop.SetPointer(MousePointer::Default);
   if (hasLines) app.desktop.MsgBox({.text = kPartGroups + " updated."});
 }

@@ -132,8 +132,11 @@ void UpdateAllValuations(jet::Database& database, std::optional<ValuationMethod>
         database.OpenRecordset(std::string("SELECT * FROM I_Master WHERE ") +
                                " Pcenter = " + Str(profitCenter) + " order by inv_id");
     Receipts receipts(database);
-    WalkAndChange(database, items,
-                  [&](jet::Recordset& item) { return Revalue(receipts, method, item); });
+    const auto progress = desktop.NewProgress("Valuations", false);
+    progress->Begin("Valuing the parts", items.RecordCount());
+    WalkAndChange(
+        database, items, [&](jet::Recordset& item) { return Revalue(receipts, method, item); }, {},
+        progress.get());
   } catch (const RunTimeError& error) {
     desktop.SetPointer(MousePointer::Default);
     Report(desktop, error);
