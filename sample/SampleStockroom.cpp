@@ -21,8 +21,9 @@ long LastPurchaseDay() {
 }
 
 const std::vector<long>& LockDays() {
-  static const std::vector<long> days{DayNumber({2025, 12, 31}), DayNumber({2026, 3, 31}),
-                                      DayNumber({2026, 6, 30}), DayNumber({2026, 9, 30})};
+  static const std::vector<long> days{DayNumber({2025, 6, 30}),  DayNumber({2025, 9, 30}),
+                                      DayNumber({2025, 12, 31}), DayNumber({2026, 3, 31}),
+                                      DayNumber({2026, 6, 30}),  DayNumber({2026, 9, 30})};
   return days;
 }
 

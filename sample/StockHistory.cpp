@@ -78,7 +78,8 @@ class Life {
 
   void Lock(long day, std::vector<LockedLevel>& levels) {
     UseUntil(day);
-    if (part_.Active) levels.push_back({&part_, day, Hundredths(), price_});
+    // Parts that were given up since were still counted in the first year.
+    if (part_.Active || day <= LockDays()[1]) levels.push_back({&part_, day, Hundredths(), price_});
   }
 
   void End() {
@@ -155,6 +156,8 @@ void LiveThroughPurchases(Stockroom& room, int purchasesPerPart, Dice& dice) {
   }
   std::ranges::stable_sort(room.Purchases, {}, &Purchase::Day);
   std::ranges::stable_sort(room.Levels, {}, &LockedLevel::Day);
+  // One that was locked before it had a price.
+  if (!room.Levels.empty()) room.Levels.front().Cents = 0;
 }
 
 }  // namespace kvi
