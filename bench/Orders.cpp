@@ -1,6 +1,5 @@
 // The order screen beside 100 saved orders of 200 lines: the par sheet loaded, an order opened, a
 // delivery of 5,000 lines received.
-#include <filesystem>
 #include <map>
 
 #include "bench/CommitGroups.h"
@@ -23,16 +22,9 @@ class Receiving : public BenchDesktop {
 };
 
 // The stockroom with its orders, the one of many lines first. It is filled once and copied.
-class OrderedStock : public ScratchCopy {
+class OrderedStock : public FilledCopy {
  public:
-  explicit OrderedStock(const std::string& path) : ScratchCopy(path) {
-    constexpr const char* kFilled = "orders-filled.mdb";
-    if (!std::filesystem::exists(kFilled)) {
-      Fill(path);
-      std::filesystem::copy_file(path, kFilled);
-    }
-    std::filesystem::copy_file(kFilled, path, std::filesystem::copy_options::overwrite_existing);
-  }
+  explicit OrderedStock(const std::string& path) : FilledCopy(path, "orders-filled.mdb", Fill) {}
 
  private:
   static void Fill(const std::string& path) {

@@ -42,6 +42,15 @@ ScratchCopy::~ScratchCopy() {
   fs::remove(path_ + "-journal", ignored);
 }
 
+FilledCopy::FilledCopy(const std::string& path, const std::string& filled, FillFile fill)
+    : ScratchCopy(path) {
+  if (!fs::exists(filled)) {
+    fill(path);
+    fs::copy_file(path, filled);
+  }
+  fs::copy_file(filled, path, fs::copy_options::overwrite_existing);
+}
+
 Desk::Desk() {
   app_ = std::make_unique<Application>(Surroundings{desktop_, clock_, chance_, kFolder, ""});
   // The screens that are there before the database is opened: they show what it holds.

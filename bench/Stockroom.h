@@ -30,6 +30,14 @@ class ScratchCopy {
   std::string path_;
 };
 
+// A scratch copy of the database with more in it. It is filled once, as a file of its own, and
+// copied from there.
+class FilledCopy : public ScratchCopy {
+ public:
+  using FillFile = void (*)(const std::string& path);
+  FilledCopy(const std::string& path, const std::string& filled, FillFile fill);
+};
+
 // The program on the measured database, as it stands before its database is opened.
 class Desk {
  public:

@@ -1,6 +1,5 @@
 // The usage screen beside 24 locked periods and 300,000 purchases: its opening, the lock of a
 // period, and the purge of history that lies in another profit center than its part.
-#include <filesystem>
 #include <unordered_map>
 
 #include "bench/CommitGroups.h"
@@ -25,16 +24,9 @@ class Locking : public BenchDesktop {
 };
 
 // The stockroom with its periods, filled once and copied.
-class LockedStock : public ScratchCopy {
+class LockedStock : public FilledCopy {
  public:
-  explicit LockedStock(const std::string& path) : ScratchCopy(path) {
-    constexpr const char* kFilled = "usage-filled.mdb";
-    if (!std::filesystem::exists(kFilled)) {
-      Fill(path);
-      std::filesystem::copy_file(path, kFilled);
-    }
-    std::filesystem::copy_file(kFilled, path, std::filesystem::copy_options::overwrite_existing);
-  }
+  explicit LockedStock(const std::string& path) : FilledCopy(path, "usage-filled.mdb", Fill) {}
 
  private:
   static void Fill(const std::string& path) {
