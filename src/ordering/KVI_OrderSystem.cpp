@@ -40,6 +40,7 @@ KVI_OrderSystem::KVI_OrderSystem(Application& app)
   ordertotal.Locked = true;
   ordertotal.RightAligned = true;
   HandleEvents();
+  HandleGrid();
   HandleOptions();
 }
 
@@ -71,6 +72,9 @@ void KVI_OrderSystem::HandleEvents() {
   m_export.Click = [this] {
     ExportGridToSpreadsheet(Spread1, app_.SpreadsheetPath, app_.ProgramFolder, app_.desktop);
   };
+}
+
+void KVI_OrderSystem::HandleGrid() {
   Spread1.CellEdited = [this](int, int) {
     changed_ = true;
     ShowPosition();

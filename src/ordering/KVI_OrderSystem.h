@@ -75,6 +75,7 @@ class KVI_OrderSystem : public KviScreen {
   enum class Tab { Place, Receive };
 
   void HandleEvents();
+  void HandleGrid();
   void HandleOptions();
   Tab ShownTab() const { return TabStrip1.Tab == 0 ? Tab::Place : Tab::Receive; }
   bool MayShowTab(int tab);
