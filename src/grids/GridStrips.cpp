@@ -4,6 +4,8 @@
 #include <iterator>
 #include <sstream>
 
+#include "base/Text.h"
+
 namespace kvi {
 
 namespace {
@@ -38,7 +40,8 @@ std::pair<double, double> TextWidths(const Spread& grid, int col, int lastRow,
 Wish WishOf(const Spread& grid, int col, int lastRow, const TextRuler& cells,
             const TextRuler& headings) {
   double word = 0;
-  std::istringstream heading(grid.Text(0, col));
+  // (A line may end behind a hyphen.)
+  std::istringstream heading(Replace(grid.Text(0, col), "-", "- "));
   for (std::string next; heading >> next;) word = std::max(word, headings.Width(next));
   const auto [usual, widest] = TextWidths(grid, col, lastRow, cells);
   const auto padded = [&](double text) { return std::max(word, text) + 2 * kCellPadding; };
@@ -99,13 +102,15 @@ Strip Stripped(std::vector<Wish> wishes, double left, double width, double scale
   return strip;
 }
 
-// What stands on each strip, as narrow as leaves room for the others.
+// What stands on each strip: by it a row is known, so most of its texts are whole where that leaves
+// room for the others.
 std::vector<Wish> TakeKept(std::vector<Wish>& wishes, const std::vector<int>& keptCols,
                            double room) {
   std::vector<Wish> kept;
   const auto isKept = [&](const Wish& wish) { return std::ranges::count(keptCols, wish.col) > 0; };
   std::ranges::copy_if(wishes, std::back_inserter(kept), isKept);
   std::erase_if(wishes, isKept);
+  for (Wish& wish : kept) wish.least = wish.usual;
   const double least = SumOf(kept, &Wish::least), most = room * kShareOfKept;
   if (least > most)
     for (Wish& wish : kept) wish.least *= most / least;

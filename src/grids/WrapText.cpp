@@ -8,11 +8,13 @@ namespace kvi {
 
 namespace {
 
-// As many characters of a word as fit; one at least.
+// As many characters of a word as fit, up to its last hyphen among them; one at least.
 std::string Fitting(const Surface& page, const std::string& word, double width) {
   std::size_t count = Len(word);
   while (count > 1 && page.TextWidth(Left(word, count)) > width) --count;
-  return Left(word, count);
+  const std::string fitting = Left(word, count);
+  const std::size_t hyphen = fitting.rfind('-');
+  return hyphen == std::string::npos ? fitting : fitting.substr(0, hyphen + 1);
 }
 
 class Wrapper {
