@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "base/RunTimeError.h"
 #include "support/TestStockroom.h"
 #include "usage/KVI_UsageAnalysis.h"
 
@@ -248,6 +249,21 @@ TEST_F(UsageTest, OpeningMendsWhatDriftedApart) {
   EXPECT_EQ(Levels("4/1/2025"), "10|4|2.5\n9|3|1\n");
   EXPECT_EQ(stockroom.Rows("SELECT inv_id, price, pcenter FROM Hist_Purchases ORDER BY inv_id"),
             "10|2.5|0\n9|1|0\n");
+}
+
+TEST_F(UsageTest, ALockHeldElsewhereCostsOneBoxAndTheGridLoads) {
+  LockTwoPeriods();
+  ASSERT_TRUE(stockroom.Start());
+  jet::Database other = jet::Database::Open(stockroom.DatabaseFile(), false);
+  jet::Recordset held = other.OpenRecordset("SELECT * FROM I_Master");
+  held.Edit();
+  Analyse(
+      [&] {
+        EXPECT_EQ(Grid().Text(1, 9), "12.00");
+        EXPECT_TRUE(Grid().Visible && !Screen().WaitLabel.Visible);
+        held.CancelUpdate();
+      },
+      [&] { stockroom.desktop.ExpectBox("3260 " + RunTimeError(3260).Description); });
 }
 
 TEST_F(UsageTest, WithoutTheWriteRightNothingIsLockedOrRemoved) {
