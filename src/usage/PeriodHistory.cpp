@@ -10,6 +10,7 @@ namespace kvi {
 PeriodHistory::PeriodHistory(std::vector<Date> periods, const std::vector<std::string>& partNumbers)
     : periods_(std::move(periods)) {
   for (const Date& period : periods_) days_.push_back(period.WithoutTime());
+  for (const Date& day : days_) periodOfDay_.push_back(PeriodAt(day));
   for (std::size_t part = 0; part < partNumbers.size(); ++part)
     parts_[partNumbers[part]].push_back(part);
   levels_.resize(partNumbers.size() * periods_.size());
@@ -22,15 +23,22 @@ const std::vector<std::size_t>* PeriodHistory::PartsOf(const Value& number) cons
   return found == parts_.end() ? nullptr : &found->second;
 }
 
+std::optional<std::size_t> PeriodHistory::PeriodAt(const Date& date) const {
+  const auto found = std::ranges::lower_bound(periods_, date);
+  if (found == periods_.end() || *found != date) return std::nullopt;
+  return static_cast<std::size_t>(found - periods_.begin());
+}
+
 void PeriodHistory::AddLevel(const Value& number, const Value& date, const Value& amount,
                              double price) {
   if (!date.IsDate()) return;
-  const auto period = std::ranges::lower_bound(periods_, date.AsDate());
-  if (period == periods_.end() || *period != date.AsDate()) return;
+  if (!lastPeriod_ || periods_[*lastPeriod_] != date.AsDate())
+    lastPeriod_ = PeriodAt(date.AsDate());
+  if (!lastPeriod_) return;
   const auto* parts = PartsOf(number);
   if (parts == nullptr) return;
   for (const std::size_t part : *parts) {
-    auto& level = levels_[At(part, static_cast<std::size_t>(period - periods_.begin()))];
+    auto& level = levels_[At(part, *lastPeriod_)];
     if (!level) level = Level{amount, price};
   }
 }
@@ -69,9 +77,8 @@ double PeriodHistory::Purchased(std::size_t part, std::size_t pair) const {
 
 // Found by the day alone, which finds no row of a period that was locked with a time.
 double PeriodHistory::ValueAt(std::size_t part, std::size_t period) const {
-  const auto day = std::ranges::lower_bound(periods_, days_[period]);
-  if (day == periods_.end() || *day != days_[period]) return 0;
-  const Level* level = LevelAt(part, static_cast<std::size_t>(day - periods_.begin()));
+  if (!periodOfDay_[period]) return 0;
+  const Level* level = LevelAt(part, *periodOfDay_[period]);
   return level == nullptr ? 0 : level->amount.Number() * level->price;
 }
 

@@ -53,11 +53,14 @@ class PeriodHistory {
   std::size_t At(std::size_t part, std::size_t period) const {
     return part * periods_.size() + period;
   }
+  std::optional<std::size_t> PeriodAt(const Date& date) const;
   double ValueAt(std::size_t part, std::size_t period) const;
   const std::vector<std::size_t>* PartsOf(const Value& number) const;
 
   std::vector<Date> periods_;
   std::vector<Date> days_;  // the periods' without a time, by which money goes
+  std::vector<std::optional<std::size_t>> periodOfDay_;
+  std::optional<std::size_t> lastPeriod_;  // rows of one date come together
   std::unordered_map<std::string, std::vector<std::size_t>, jet::TextHash, jet::TextEqual> parts_;
   std::vector<std::optional<Level>> levels_;  // by part and period
   std::vector<Flow> flows_;                   // by part and pair
