@@ -26,6 +26,8 @@
 #include "utilities/KVI_GetILocation.h"
 #include "utilities/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
+#include "vendors/KVI_VendorDetail.h"
+#include "vendors/KVI_VendorSummary.h"
 
 namespace {
 
@@ -166,6 +168,20 @@ class Tour {
     app_.screens.Hide(builder);
   }
 
+  // The list, and a new vendor with some of the first one's texts.
+  void VisitVendors() {
+    Visit<kvi::KVI_VendorSummary>();
+    const kvi::Spread& grid = app_.Get<kvi::KVI_VendorSummary>().Spread1;
+    auto& detail = app_.Get<kvi::KVI_VendorDetail>();
+    app_.screens.Show(detail);
+    int col = 0;
+    for (kvi::TextBox* box : {&detail.VendorName, &detail.Contact1, &detail.Contact2,
+                              &detail.Address, &detail.City, &detail.State, &detail.ZipCode})
+      box->Text = grid.Text(1, ++col);
+    Picture(detail);
+    app_.screens.Hide(detail);
+  }
+
   bool Failed() const { return failed_; }
 
  private:
@@ -205,6 +221,7 @@ int main(int argc, char** argv) {
     tour.VisitOrders();
     tour.VisitGroups();
     tour.VisitUsage();
+    tour.VisitVendors();
     tour.Visit<kvi::KVI_Find>();
     tour.Visit<kvi::KVI_Invoice>();
     tour.VisitTabs<kvi::KVI_Utilities>();

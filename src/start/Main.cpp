@@ -22,6 +22,7 @@
 #include "usage/KVI_UsageAnalysis.h"
 #include "utilities/KVI_Utilities.h"
 #include "valuation/ItemValuation.h"
+#include "vendors/KVI_VendorSummary.h"
 
 namespace kvi {
 
@@ -49,7 +50,7 @@ Main::Main(Application& app) : Screen("Main", "Kestvar Inventory"), app_(app) {
   Label7.Click = [this] {
     if (MayOpen(kUtilityModule)) app_.screens.ShowModal(app_.Get<KVI_Utilities>());
   };
-  vendors.Click = [this] { SayNotBuiltYet(app_.desktop, "Vendors"); };
+  vendors.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_VendorSummary>()); };
   Label9.Click = m_f_exit.Click = [this] { Exit(); };
   m_help_sm.Click = [this] { OpenHelp(); };
 }
@@ -149,11 +150,11 @@ void Main::Unload() {
 }
 
 Layout Main::Arrange() {
-  return Column(
-      {Banner({&banner.Label21, &banner.Maintenance, &banner.Label17}, &Label20),
-       Row({Field("Profit &center:", pcenter, 2.5), Gap(), Of(network), Of(Label4), Of(lblVersion)}),
-       Fill(Tiles(3, {&Label1, &MaintProc, &Label6, &Label16, &Label2, &Label3, &vendors, &Label7,
-                      &Label9}))});
+  return Column({Banner({&banner.Label21, &banner.Maintenance, &banner.Label17}, &Label20),
+                 Row({Field("Profit &center:", pcenter, 2.5), Gap(), Of(network), Of(Label4),
+                      Of(lblVersion)}),
+                 Fill(Tiles(3, {&Label1, &MaintProc, &Label6, &Label16, &Label2, &Label3, &vendors,
+                                &Label7, &Label9}))});
 }
 
 }  // namespace kvi

@@ -14,16 +14,6 @@ constexpr const char* kVendorTable = "VENDOR_INFO";
 constexpr const char* kListTables[] = {"DD_category", "DD_inv_loc", "DD_rg_cat", "DD_how_inv",
                                        "DD_how_used"};
 
-void FillVendors(Application& app) {
-  std::vector<ComboBox*> combos;
-  for (const auto& held : app.DropListCombos)
-    if (UCase(held.table) == kVendorTable) combos.push_back(held.combo);
-  for (ComboBox* combo : combos) combo->Clear();
-  jet::Recordset vendors = app.CurrentDatabase.OpenRecordset("SELECT * FROM Vendor_Info;");
-  for (; !vendors.Eof(); vendors.MoveNext())
-    for (ComboBox* combo : combos) combo->AddItem(vendors.Text("name"));
-}
-
 }  // namespace
 
 void FillDropDown(jet::Database& database, ComboBox& combo, const std::string& table) {
@@ -40,7 +30,20 @@ void LoadDropLists(Application& app) {
   for (const char* table : kListTables)
     for (const auto& held : app.DropListCombos)
       if (held.table == table) run([&] { FillDropDown(app.CurrentDatabase, *held.combo, table); });
-  run([&] { FillVendors(app); });
+  FillVendorLists(app);
+}
+
+void FillVendorLists(Application& app) {
+  const LoadStatements run(app.desktop);
+  run([&] {
+    std::vector<ComboBox*> combos;
+    for (const auto& held : app.DropListCombos)
+      if (UCase(held.table) == kVendorTable) combos.push_back(held.combo);
+    for (ComboBox* combo : combos) combo->Clear();
+    jet::Recordset vendors = app.CurrentDatabase.OpenRecordset("SELECT * FROM Vendor_Info;");
+    for (; !vendors.Eof(); vendors.MoveNext())
+      for (ComboBox* combo : combos) combo->AddItem(vendors.Text("name"));
+  });
 }
 
 }  // namespace kvi

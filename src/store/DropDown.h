@@ -17,5 +17,7 @@ void FillDropDown(jet::Database& database, ComboBox& combo, const std::string& t
 // in table order, unlike those of FillDropDown. A table that cannot be read is told, and costs its
 // own combos alone.
 void LoadDropLists(Application& app);
+// The same of the vendors' combos alone.
+void FillVendorLists(Application& app);
 
 }  // namespace kvi

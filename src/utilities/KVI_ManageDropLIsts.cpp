@@ -1,7 +1,6 @@
 #include "utilities/KVI_ManageDropLIsts.h"
 
 #include "base/Text.h"
-#include "frame/NotBuiltYet.h"
 #include "frame/Wording.h"
 #include "grids/PaintingOff.h"
 #include "grids/PrintScreenGrid.h"
@@ -9,6 +8,7 @@
 #include "security/CheckAccess.h"
 #include "store/DropDown.h"
 #include "store/SaveRecord.h"
+#include "vendors/KVI_VendorSummary.h"
 
 namespace kvi {
 
@@ -37,7 +37,7 @@ KVI_ManageDropLIsts::KVI_ManageDropLIsts(Application& app)
   remove.Click = [this] { RemoveRow(); };
   sort_lab.Click = [this] { SortRows(); };
   print_lab.Click = [this] { PrintList(); };
-  vendors.Click = [this] { SayNotBuiltYet(app_.desktop, "Vendors"); };
+  vendors.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_VendorSummary>()); };
   exit_lab.Click = [this] { Exit(); };
   PaperGoodsCombo.Change = [this] {
     if (Trim(PaperGoodsCombo.Text()).empty()) PaperGoodsCombo.Text = "Paper Goods";

@@ -9,6 +9,7 @@
 #include "utilities/KVI_GetILocation.h"
 #include "utilities/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
+#include "vendors/KVI_VendorSummary.h"
 
 namespace kvi::test {
 namespace {
@@ -111,6 +112,10 @@ TEST_F(DropListTest, TheVendorListKeepsDescriptions) {
     stockroom.user().Choose(screen.o_wto);
     EXPECT_EQ(First(screen, 4), "[][cash][30 days][]");
     stockroom.user().Click(screen.Save);
+    stockroom.desktop.ExpectScreen("KVI_VendorSummary", [this] {
+      stockroom.user().CloseWindow(stockroom.App().Get<KVI_VendorSummary>());
+    });
+    stockroom.user().Click(screen.vendors);
   });
   EXPECT_EQ(stockroom.Rows("SELECT Name, Description FROM Vendor_Info"),
             "Alpha|Null\nNull|cash\nNull|30 days\n");

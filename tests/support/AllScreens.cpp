@@ -17,6 +17,8 @@
 #include "utilities/KVI_GetILocation.h"
 #include "utilities/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
+#include "vendors/KVI_VendorDetail.h"
+#include "vendors/KVI_VendorSummary.h"
 
 namespace kvi::test {
 
@@ -37,7 +39,9 @@ std::vector<Screen*> AllScreens(Application& app) {
           &app.Get<KVI_UpdateInventory>(),
           &app.Get<KVI_UsageAnalysis>(),
           &app.Get<KVI_UsageChart>(),
-          &app.Get<KVI_Utilities>()};
+          &app.Get<KVI_Utilities>(),
+          &app.Get<KVI_VendorDetail>(),
+          &app.Get<KVI_VendorSummary>()};
 }
 
 }  // namespace kvi::test
