@@ -88,6 +88,15 @@ Recordset Database::OpenRecordset(std::string_view sql) {
   return Recordset(std::make_unique<Snapshot>(engine_, *query));
 }
 
+Recordset Database::OpenSnapshot(std::string_view sql, const std::vector<std::string>& fields) {
+  OpenFile& engine = Required(engine_);
+  engine.lock.Breathe();
+  engine.Look();
+  const auto query = engine.queries.Find(sql);
+  if (query->translation.kind != Translation::Kind::Select) throw RunTimeError(3219);
+  return Recordset(std::make_unique<Snapshot>(engine_, *query, fields));
+}
+
 long Database::Execute(std::string_view sql) {
   OpenFile& engine = Required(engine_);
   engine.Look();

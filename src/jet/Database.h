@@ -46,6 +46,9 @@ class Database {
   // DISTINCT query is a snapshot, which cannot be written (3027). Raises 3061 or 3078 for a wrong
   // name, 3075 for a bad statement, 3219 for one that acts.
   Recordset OpenRecordset(std::string_view sql);
+  // Opens a query as a snapshot whatever its shape, with these of its fields alone: what another
+  // desk changes or deletes meanwhile stays in it. It cannot be written (3027).
+  Recordset OpenSnapshot(std::string_view sql, const std::vector<std::string>& fields);
   // Runs one action statement; the result is the count of rows it wrote. Commits at once, or with
   // the open WriteBatch. 3065 for a query; 3260 and the rest as Recordset::Update.
   long Execute(std::string_view sql);

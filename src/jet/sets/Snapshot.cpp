@@ -1,5 +1,7 @@
 #include "jet/sets/Snapshot.h"
 
+#include <algorithm>
+
 #include "base/Text.h"
 #include "jet/engine/FieldRules.h"
 #include "jet/engine/StatementRun.h"
@@ -17,6 +19,12 @@ std::string ColumnName(const FieldList& fields, std::size_t field) {
   for (std::size_t before = 0; reachable && before < field; ++before)
     reachable = !EqualsNoCase(fields[before].Name, name);
   return reachable ? Bracketed(name) : "[:" + std::to_string(field) + "]";
+}
+
+bool IsWanted(const std::string& name, const std::vector<std::string>& wanted) {
+  return wanted.empty() || std::ranges::any_of(wanted, [&](const std::string& field) {
+           return EqualsNoCase(field, name);
+         });
 }
 
 }  // namespace
@@ -59,25 +67,31 @@ class Snapshot::Finder {
   Connection memory_;
 };
 
-Snapshot::Snapshot(std::shared_ptr<Engine> engine, const Query& query)
+Snapshot::Snapshot(std::shared_ptr<Engine> engine, const Query& query,
+                   const std::vector<std::string>& wanted)
     : RecordsetImpl(std::move(engine)), fields_(std::vector<FieldDef>()) {
   StatementRun run(TheEngine().connection, query.translation.Sql);
   run.BindAll(query.translation.Parameters);
-  std::vector<FieldDef> fields;
-  fields.reserve(static_cast<std::size_t>(run.Columns()));
+  std::vector<FieldDef> all;
   for (int column = 0; column < run.Columns(); ++column)
-    fields.push_back(FieldOfColumn(run.Name(column), run.DeclaredType(column)));
+    all.push_back(FieldOfColumn(run.Name(column), run.DeclaredType(column)));
   for (const int place : query.translation.DatePlaces)
-    fields[static_cast<std::size_t>(place)].Type = FieldType::Date;
-  const auto isPlain = [&](int column) {
-    return run.DeclaredType(column).empty() &&
-           fields[static_cast<std::size_t>(column)].Type != FieldType::Date;
+    all[static_cast<std::size_t>(place)].Type = FieldType::Date;
+  std::vector<FieldDef> fields;
+  std::vector<int> columns;
+  for (int column = 0; column < run.Columns(); ++column) {
+    const FieldDef& field = all[static_cast<std::size_t>(column)];
+    if (!IsWanted(field.Name, wanted)) continue;
+    fields.push_back(field);
+    columns.push_back(column);
+  }
+  const auto isPlain = [&](std::size_t at) {
+    return run.DeclaredType(columns[at]).empty() && fields[at].Type != FieldType::Date;
   };
   while (run.Step()) {
-    for (int column = 0; column < run.Columns(); ++column)
-      cells_.push_back(isPlain(column)
-                           ? run.Plain(column)
-                           : run.Field(column, fields[static_cast<std::size_t>(column)].Type));
+    for (std::size_t at = 0; at < fields.size(); ++at)
+      cells_.push_back(isPlain(at) ? run.Plain(columns[at])
+                                   : run.Field(columns[at], fields[at].Type));
     ++size_;
   }
   fields_ = FieldList(std::move(fields));

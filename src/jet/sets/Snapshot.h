@@ -11,10 +11,12 @@ struct sqlite3;
 
 namespace kvi::jet {
 
-// The rows of a grouped or joined query as they were when it was opened. It cannot be written.
+// The rows of a query as they were when it was opened, with these of its fields, or with all where
+// none is named. It cannot be written.
 class Snapshot : public RecordsetImpl {
  public:
-  Snapshot(std::shared_ptr<Engine> engine, const Query& query);
+  Snapshot(std::shared_ptr<Engine> engine, const Query& query,
+           const std::vector<std::string>& wanted = {});
   ~Snapshot() override;
 
   int RecordCount() const override { return static_cast<int>(Size()); }
