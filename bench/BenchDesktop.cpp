@@ -37,6 +37,12 @@ void BenchDesktop::StartProgram(const std::string& commandLine) {
 std::unique_ptr<Surface> BenchDesktop::NewDocument(const std::string& jobName) {
   Unexpected("document", jobName);
 }
+std::unique_ptr<PrintRun> BenchDesktop::NewPrintRun(const std::string& title) {
+  Unexpected("print run", title);
+}
+TextMeasure& BenchDesktop::Measure() {
+  Unexpected("measure", "");
+}
 Answer BenchDesktop::ShowBox(const Box& box) {
   Unexpected("box", box.text);
 }

@@ -62,23 +62,39 @@ class PaperDesk : public BenchDesktop {
                         [](const std::string& path) { QFile::remove(path.c_str()); }};
 };
 
+// A mark as a painter takes it.
+struct RawMark {
+  PageMark mark;
+  QFont font;
+  QString text;
+  double ascent;
+};
+
 // The pages as marks, with a null one between two pages.
 class MarkRecord : public MarkingSurface {
  public:
+  explicit MarkRecord(TextMeasure& measure) : MarkingSurface(measure) {}
   double PageWidth() const override { return 8.5; }
   double PageHeight() const override { return 11; }
   void NewPage() override { marks.emplace_back(); }
   void EndDoc() override {}
   void KillDoc() override {}
 
-  std::vector<std::optional<PageMark>> marks;
+  std::vector<std::optional<RawMark>> marks;
 
  protected:
-  void Draw(const PageMark& mark) override { marks.emplace_back(mark); }
+  void Draw(const PageMark& mark) override {
+    inUse_.Take(mark.font);
+    marks.emplace_back(
+        RawMark{mark, inUse_.Font(), QString::fromStdString(mark.text), inUse_.Metrics().ascent()});
+  }
+
+ private:
+  FontInUse inUse_;
 };
 
 // What a program does that knows nothing but what to draw where.
-double Floor(const std::vector<std::optional<PageMark>>& marks) {
+double Floor(const std::vector<std::optional<RawMark>>& marks) {
   constexpr double kUnits = 7200;
   QPrinter printer(QPrinter::HighResolution);
   printer.setOutputFormat(QPrinter::PdfFormat);
@@ -88,17 +104,18 @@ double Floor(const std::vector<std::optional<PageMark>>& marks) {
   QPainter painter(&printer);
   painter.scale(printer.resolution() / kUnits, printer.resolution() / kUnits);
   int pages = 1;
-  for (const auto& mark : marks) {
-    if (!mark) {
+  for (const auto& raw : marks) {
+    if (!raw) {
       printer.newPage();
       ++pages;
       continue;
     }
+    const PageMark* mark = &raw->mark;
     const QPointF from = QPointF(mark->x, mark->y) * kUnits;
     const QPointF to = QPointF(mark->x2, mark->y2) * kUnits;
     if (mark->kind == PageMark::Kind::Text) {
-      if (painter.font() != mark->font) painter.setFont(mark->font);
-      painter.drawText(from, mark->text);
+      if (painter.font() != raw->font) painter.setFont(raw->font);
+      painter.drawText(from + QPointF(0, raw->ascent), raw->text);
     } else if (mark->kind == PageMark::Kind::Line) {
       painter.setPen(QPen(Qt::black, 60));
       painter.drawLine(from, to);
@@ -128,8 +145,9 @@ class ListToPrint {
     PrintGrid(desk, screen_.Spread1, bench::Print());
     return desk.pages;
   }
-  std::vector<std::optional<PageMark>> Marks() {
-    MarkRecord record;
+  std::vector<std::optional<RawMark>> Marks() {
+    QtTextMeasure measure;
+    MarkRecord record(measure);
     const GridPrint print = bench::Print();
     GridPages pages(record, screen_.Spread1, print);
     for (int page = 1; page <= pages.Count(); ++page) {

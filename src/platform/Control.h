@@ -27,6 +27,8 @@ enum class ControlKind {
   StatusBar,
   Spread,
   Chart,
+  ScrollBar,
+  Canvas,
 };
 
 // What of a control changed, as told to its view.
@@ -45,6 +47,8 @@ enum class Property {
   Selection,  // of text
   Cells,      // of a grid: texts, formats, sizes
   ActiveCell,
+  Range,  // of a scroll bar
+  Place,  // of a sheet behind its window
 };
 
 // The window's side of a control. The desktop makes one for each control that it draws and attaches

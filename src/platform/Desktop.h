@@ -8,9 +8,11 @@
 
 namespace kvi {
 
+class PrintRun;
 class Progress;
 class Screen;
 class Surface;
+class TextMeasure;
 
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class Icon { None, Information, Question, Warning, Error };
@@ -82,6 +84,11 @@ class Desktop {
   // A new document on the printer, or a PDF under the program's folder when there is none. Raises
   // 482 (printer error) when neither can be written.
   virtual std::unique_ptr<Surface> NewDocument(const std::string& jobName) = 0;
+  // The same for a run of documents; without a printer one PDF holds them all. Nothing is made
+  // until the first drawing.
+  virtual std::unique_ptr<PrintRun> NewPrintRun(const std::string& title) = 0;
+  // How wide and high texts come out on paper.
+  virtual TextMeasure& Measure() = 0;
   virtual void PrintScreenImage(Screen& screen) = 0;
   // Called with the path of each document that became a PDF, once it is whole.
   std::function<void(const std::string& path)> DocumentSaved;

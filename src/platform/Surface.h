@@ -30,8 +30,8 @@ class Surface {
   void Print(const std::string& text);
   void PrintAt(double x, double y, const std::string& text);
   // Draws at a place and leaves the position as it is, so that nothing is measured: for the cells
-  // of a list.
-  void Put(double x, double y, const std::string& text);
+  // of a list. With a room (inches) the text is drawn condensed to just that width.
+  void Put(double x, double y, const std::string& text, double room = 0);
   virtual void Line(double x1, double y1, double x2, double y2) = 0;
   // A filled rectangle in a palette colour, under the texts that come after.
   virtual void FillBox(double x, double y, double width, double height, int color) = 0;
@@ -44,7 +44,19 @@ class Surface {
   virtual void KillDoc() = 0;
 
  protected:
-  virtual void DrawText(const std::string& text) = 0;
+  // `room` is 0 where the text is as wide as it is.
+  virtual void DrawText(const std::string& text, double room) = 0;
+};
+
+// The printer for documents of one name, one behind the other: after EndDoc the next drawing opens
+// the next document. What is destroyed unfinished drops the document that is open; those sent stay
+// sent.
+class PrintRun {
+ public:
+  virtual ~PrintRun() = default;
+  virtual Surface& Paper() = 0;
+  // Behind the last EndDoc. Raises 482 when what was drawn cannot be kept.
+  virtual void Finish() = 0;
 };
 
 }  // namespace kvi

@@ -17,7 +17,7 @@ namespace kvi::test {
 class PrintingTest : public DesktopTest {
  protected:
   std::unique_ptr<QtSurface> NewDocument(const QString& name = "Stock report") {
-    return std::make_unique<QtSurface>(std::make_unique<PrintJob>(name, Printed()),
+    return std::make_unique<QtSurface>(measure_, std::make_unique<PrintJob>(name, PrintJob::FreePdf(name, Printed())),
                                        [this](PrintJob& job) { pdfs_.push_back(job.Finish()); });
   }
   QString Printed() const { return ToQt(folder / "printed"); }
@@ -34,6 +34,7 @@ class PrintingTest : public DesktopTest {
     return {match.captured(1).toDouble() / 72, match.captured(2).toDouble() / 72};
   }
 
+  QtTextMeasure measure_;
   QStringList pdfs_;
 };
 

@@ -36,13 +36,33 @@ std::string RecordedDocument::Page(int page) const {
   std::string lines;
   for (const Text& text : texts)
     lines += Inches(text.x) + " " + Inches(text.y) + (text.bold ? " bold " : " ") + Str(text.size) +
-             " | " + text.text + "\n";
+             (text.room > 0 ? " into " + Inches(text.room) : "") + " | " + text.text + "\n";
   return lines;
 }
 
 std::string RecordedDocument::Shapes(int page) const {
   if (page < 1 || page > PageCount()) return "";
   return pages[static_cast<std::size_t>(page) - 1].shapes;
+}
+
+double EvenMeasure::Width(const MarkFont& font, const std::string& text) {
+  return 0.6 * font.points / 72 * static_cast<double>(Len(text));
+}
+
+void RecordingRun::Sheets::Draw(const PageMark& mark) {
+  if (!std::exchange(open_, true)) {
+    documents_.push_back(std::make_shared<RecordedDocument>());
+    documents_.back()->jobName = title_;
+  }
+  RecordedDocument::OnePage& page = documents_.back()->pages.back();
+  if (mark.kind == PageMark::Kind::Text)
+    page.texts.push_back({mark.x, mark.y, mark.font.points, mark.font.bold, mark.text, mark.room});
+  else
+    page.shapes += "line " + Corners(mark.x, mark.y, mark.x2, mark.y2) + "\n";
+}
+
+void RecordingRun::Sheets::EndDoc() {
+  if (std::exchange(open_, false)) documents_.back()->ended = true;
 }
 
 double RecordingSurface::TextWidth(const std::string& text) const {
@@ -72,8 +92,8 @@ void RecordingSurface::KillDoc() {
   document_->killed = true;
 }
 
-void RecordingSurface::DrawText(const std::string& text) {
-  OpenPage().texts.push_back({CurrentX, CurrentY, FontSize, FontBold, text});
+void RecordingSurface::DrawText(const std::string& text, double room) {
+  OpenPage().texts.push_back({CurrentX, CurrentY, FontSize, FontBold, text, room});
 }
 
 RecordedDocument::OnePage& RecordingSurface::OpenPage() {

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Surface.h"
+#include "platform/MarkingSurface.h"
 
 namespace kvi::test {
 
@@ -17,7 +17,8 @@ struct RecordedDocument {
 
   int PageCount() const { return static_cast<int>(pages.size()); }
   // The texts of a page (from 1) as lines, from the top down and from the left to the right:
-  // "0.30 0.30 bold 12 | Company title" is x, y, the weight if bold, the size, the text.
+  // "0.30 0.30 bold 12 | Company title" is x, y, the weight if bold, the size, the text; "8 into
+  // 0.75" is a size and what the text is condensed to.
   std::string Page(int page) const;
   // The lines and boxes of a page in the order of their drawing: "line 0.50 1.00 8.00 1.00", "box
   // 0.50 1.00 7.50 0.25 colour 7" (x, y, width, height).
@@ -27,12 +28,51 @@ struct RecordedDocument {
     double x, y, size;
     bool bold;
     std::string text;
+    double room = 0;
   };
   struct OnePage {
     std::vector<Text> texts;
     std::string shapes;
   };
   std::vector<OnePage> pages{1};
+};
+
+// Every character is 0.6 of the font size wide and a line 1.2 of it high.
+class EvenMeasure : public TextMeasure {
+ public:
+  double Width(const MarkFont& font, const std::string& text) override;
+  double Height(const MarkFont& font) override { return 1.2 * font.points / 72; }
+};
+
+// A run of recorded documents: each goes to the desktop's list when it is opened.
+class RecordingRun : public PrintRun {
+ public:
+  RecordingRun(std::string title, std::vector<std::shared_ptr<RecordedDocument>>& documents)
+      : paper_(std::move(title), documents) {}
+  Surface& Paper() override { return paper_; }
+  void Finish() override {}
+
+ private:
+  class Sheets : public MarkingSurface {
+   public:
+    Sheets(std::string title, std::vector<std::shared_ptr<RecordedDocument>>& documents)
+        : MarkingSurface(even_), title_(std::move(title)), documents_(documents) {}
+    double PageWidth() const override { return 8.5; }
+    double PageHeight() const override { return 11; }
+    void NewPage() override {}
+    void EndDoc() override;
+    void KillDoc() override {}
+
+   protected:
+    void Draw(const PageMark& mark) override;
+
+   private:
+    EvenMeasure even_;
+    const std::string title_;
+    std::vector<std::shared_ptr<RecordedDocument>>& documents_;
+    bool open_ = false;
+  };
+  Sheets paper_;
 };
 
 // A letter page on which every character is 0.6 of the font size wide and a line 1.2 of it high.
@@ -52,7 +92,7 @@ class RecordingSurface : public Surface {
   void KillDoc() override;
 
  protected:
-  void DrawText(const std::string& text) override;
+  void DrawText(const std::string& text, double room) override;
 
  private:
   RecordedDocument::OnePage& OpenPage();

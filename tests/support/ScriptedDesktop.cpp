@@ -136,6 +136,10 @@ std::unique_ptr<Surface> ScriptedDesktop::NewDocument(const std::string& jobName
   return std::make_unique<RecordingSurface>(documents.back());
 }
 
+std::unique_ptr<PrintRun> ScriptedDesktop::NewPrintRun(const std::string& title) {
+  return std::make_unique<RecordingRun>(title, documents);
+}
+
 void ScriptedDesktop::PrintScreenImage(Screen& screen) {
   screensPrinted.push_back(screen.Name());
 }

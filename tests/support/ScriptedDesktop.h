@@ -46,6 +46,8 @@ class ScriptedDesktop : public Desktop {
   bool CanShowPicture(const std::string& path) override;
   bool OpenHelp(const std::string& path) override;
   std::unique_ptr<Surface> NewDocument(const std::string& jobName) override;
+  std::unique_ptr<PrintRun> NewPrintRun(const std::string& title) override;
+  TextMeasure& Measure() override { return measure_; }
   void PrintScreenImage(Screen& screen) override;
 
   // Looks whether nothing is half done, whenever the program waits for its user.
@@ -83,6 +85,7 @@ class ScriptedDesktop : public Desktop {
   // The next step if it is the one that came, else a failure.
   std::optional<Step> Take(const std::string& kind, const std::string& text);
 
+  EvenMeasure measure_;
   std::deque<Step> steps_;
   MousePointer pointer_ = MousePointer::Default;
 };

@@ -16,8 +16,10 @@ namespace {
 constexpr int kPrinterError = 482;
 constexpr const char* kPart = ".part";  // of a document that is not whole yet
 
-// The job's name as a file name, with the time, so that no document replaces another.
-QString PdfName(const QString& jobName, const QString& folder) {
+}  // namespace
+
+// The job's name as a file name, with the time.
+QString PrintJob::FreePdf(const QString& jobName, const QString& folder) {
   QString name = jobName;
   name.replace(QRegularExpression("[^\\w.-]+"), "_");
   name.truncate(60);
@@ -29,12 +31,10 @@ QString PdfName(const QString& jobName, const QString& folder) {
   return path;
 }
 
-}  // namespace
-
-PrintJob::PrintJob(const QString& jobName, const QString& pdfFolder, bool landscape)
+PrintJob::PrintJob(const QString& jobName, const QString& pdf, bool landscape)
     : printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)) {
   printer_->setDocName(jobName);
-  if (!pdfFolder.isEmpty()) BeginPdf(jobName, pdfFolder);
+  if (!pdf.isEmpty()) BeginPdf(pdf);
   printer_->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
   printer_->setFullPage(true);
   if (!painter_.begin(printer_.get()))
@@ -42,13 +42,14 @@ PrintJob::PrintJob(const QString& jobName, const QString& pdfFolder, bool landsc
                               : "cannot write to " + temporary_);
 }
 
-void PrintJob::BeginPdf(const QString& jobName, const QString& pdfFolder) {
-  if (!QDir().mkpath(pdfFolder)) Fail("cannot make the folder " + pdfFolder);
-  final_ = PdfName(jobName, pdfFolder);
+void PrintJob::BeginPdf(const QString& pdf) {
+  const QString folder = QFileInfo(pdf).path();
+  if (!QDir().mkpath(folder)) Fail("cannot make the folder " + folder);
+  final_ = pdf;
   temporary_ = final_ + kPart;
   QFile probe(temporary_);
   if (!probe.open(QIODevice::WriteOnly))
-    Fail("cannot write to " + pdfFolder + ": " + probe.errorString());
+    Fail("cannot write to " + folder + ": " + probe.errorString());
   probe.close();
   printer_->setOutputFormat(QPrinter::PdfFormat);
   printer_->setPageSize(QPageSize(QPageSize::Letter));
@@ -71,12 +72,27 @@ void PrintJob::NewPage() {
   if (!printer_->newPage()) Fail("no new page");
 }
 
+void PrintJob::EndDocument() {
+  if (temporary_.isEmpty() && !painter_.end()) Fail("the document could not be sent");
+}
+
+// The scale of a painter's owner ends with its document.
+void PrintJob::NextDocument() {
+  if (!temporary_.isEmpty()) {
+    NewPage();
+    painter_.resetTransform();
+  } else if (!painter_.begin(printer_.get())) {
+    Fail("the printer does not answer");
+  }
+}
+
 QString PrintJob::Finish() {
-  if (!painter_.end()) Fail("the document could not be ended");
+  if (painter_.isActive() && !painter_.end()) Fail("the document could not be ended");
   if (final_.isEmpty()) return {};
   // A full disk shows in the size: the toolkit reports nothing.
-  if (QFileInfo(temporary_).size() == 0 || !QFile::rename(temporary_, final_))
-    Fail("cannot write " + final_);
+  const bool whole = QFileInfo(temporary_).size() > 0;
+  if (whole) QFile::remove(final_);
+  if (!whole || !QFile::rename(temporary_, final_)) Fail("cannot write " + final_);
   temporary_.clear();
   return final_;
 }

@@ -7,13 +7,16 @@
 
 namespace kvi {
 
-// One document on its way to the printer, or, where `pdfFolder` is given, into a PDF there. A PDF
-// is written under a temporary name and gets its own when it is whole; a job that is not finished
-// leaves nothing. Raises 482 when it cannot be begun or finished.
+// A document, or several of one name, on its way to the printer, or, where `pdf` names a
+// file, into that PDF, which takes the place of one of its name. A PDF is written under a temporary
+// name and gets its own when it is whole; a job that is not finished leaves nothing. Raises 482
+// when it cannot be begun or finished.
 class PrintJob {
  public:
-  PrintJob(const QString& jobName, const QString& pdfFolder, bool landscape = false);
+  PrintJob(const QString& jobName, const QString& pdf, bool landscape = false);
   ~PrintJob();
+  // A path in a folder for a document of that name, such that it replaces no other.
+  static QString FreePdf(const QString& jobName, const QString& folder);
   PrintJob(const PrintJob&) = delete;
   PrintJob& operator=(const PrintJob&) = delete;
 
@@ -22,12 +25,16 @@ class PrintJob {
   double PageWidth() const;   // inches
   double PageHeight() const;  // inches
   void NewPage();
+  // For several documents of one name. A printer gets each as a job of its own, through this one
+  // printer object; in a PDF each begins on a new page.
+  void EndDocument();
+  void NextDocument();
   // Where the document is, for a PDF; empty for a printed one.
   QString Finish();
   void Drop();
 
  private:
-  void BeginPdf(const QString& jobName, const QString& pdfFolder);
+  void BeginPdf(const QString& pdf);
   void Fail(const QString& reason);
 
   std::unique_ptr<QPrinter> printer_;

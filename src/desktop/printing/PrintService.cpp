@@ -11,17 +11,28 @@ namespace kvi {
 PrintService::PrintService(Call tell, Call saved)
     : tell_(std::move(tell)), saved_(std::move(saved)) {}
 
+bool PrintService::HasPrinter() {
+  return !QPrinterInfo::defaultPrinter().isNull();
+}
+
 std::unique_ptr<PrintJob> PrintService::NewJob(const std::string& jobName,
                                                const std::string& pdfName, bool landscape) const {
-  if (!QPrinterInfo::defaultPrinter().isNull())
-    return std::make_unique<PrintJob>(ToQt(jobName), QString(), landscape);
-  return std::make_unique<PrintJob>(ToQt(pdfName), folder_ + "/printed", landscape);
+  if (!file_.isEmpty()) return std::make_unique<PrintJob>(ToQt(jobName), file_, landscape);
+  if (HasPrinter()) return std::make_unique<PrintJob>(ToQt(jobName), QString(), landscape);
+  return std::make_unique<PrintJob>(
+      ToQt(pdfName), PrintJob::FreePdf(ToQt(pdfName), folder_ + "/printed"), landscape);
 }
 
 std::unique_ptr<Surface> PrintService::NewDocument(const std::string& jobName,
                                                    const std::string& pdfName) {
-  return std::make_unique<QtSurface>(NewJob(jobName, pdfName, false),
+  return std::make_unique<QtSurface>(measure_, NewJob(jobName, pdfName, false),
                                      [this](PrintJob& job) { Finish(job); });
+}
+
+std::unique_ptr<PrintRun> PrintService::NewRun(const std::string& title) {
+  return std::make_unique<QtPrintRun>(
+      measure_, [this, title] { return NewJob(title, title, false); },
+      [this](PrintJob& job) { Finish(job); });
 }
 
 void PrintService::PrintPicture(const QPixmap& picture, const std::string& jobName) {
@@ -39,7 +50,7 @@ void PrintService::PrintPicture(const QPixmap& picture, const std::string& jobNa
 
 void PrintService::Finish(PrintJob& job) {
   const std::string pdf = FromQt(job.Finish());
-  if (pdf.empty()) return;
+  if (pdf.empty() || !file_.isEmpty()) return;
   if (!std::exchange(told_, true))
     tell_(
         "There is no printer on this machine. What is printed is saved as PDF documents "

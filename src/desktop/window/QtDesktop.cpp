@@ -91,6 +91,14 @@ void QtDesktop::SetProgramFolder(const std::string& folder) {
   printing_->SetProgramFolder(ToQt(folder));
 }
 
+void QtDesktop::PrintInto(const std::string& pdf) {
+  printing_->PrintInto(ToQt(pdf));
+}
+
+bool QtDesktop::HasPrinter() {
+  return PrintService::HasPrinter();
+}
+
 void QtDesktop::SetStack(ScreenStack& stack) {
   gestures_ = std::make_unique<Gestures>(stack);
 }
@@ -209,6 +217,14 @@ bool QtDesktop::OpenHelp(const std::string& path) {
 std::unique_ptr<Surface> QtDesktop::NewDocument(const std::string& jobName) {
   return printing_->NewDocument(jobName,
                                 shown_.empty() ? jobName : shown_.back().screen->Caption());
+}
+
+std::unique_ptr<PrintRun> QtDesktop::NewPrintRun(const std::string& title) {
+  return printing_->NewRun(title);
+}
+
+TextMeasure& QtDesktop::Measure() {
+  return printing_->Measure();
 }
 
 void QtDesktop::PrintScreenImage(Screen& screen) {

@@ -34,6 +34,10 @@ class QtDesktop : public Desktop {
   void SetProgramFolder(const std::string& folder);
   void SetStack(ScreenStack& stack);
 
+  // What is printed goes into this PDF from here on.
+  void PrintInto(const std::string& pdf);
+  static bool HasPrinter();
+
   // Runs until EndAllLoops or until no window is open, then takes all windows away.
   int RunEventLoop();
   void CloseAllWindows();
@@ -58,6 +62,8 @@ class QtDesktop : public Desktop {
   bool CanShowPicture(const std::string& path) override;
   bool OpenHelp(const std::string& path) override;
   std::unique_ptr<Surface> NewDocument(const std::string& jobName) override;
+  std::unique_ptr<PrintRun> NewPrintRun(const std::string& title) override;
+  TextMeasure& Measure() override;
   void PrintScreenImage(Screen& screen) override;
 
  protected:
