@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Text.h"
+#include "platform/Canvas.h"
 #include "platform/Controls.h"
 #include "platform/Screen.h"
 #include "platform/ScreenStack.h"
@@ -85,6 +86,15 @@ bool Gestures::Choose(TabStrip& strip, int tab) {
   return Do(strip, [&] {
     if (tab != strip.Tab && (!strip.MayShow || strip.MayShow(tab))) strip.Tab = tab;
   });
+}
+
+bool Gestures::Scroll(ScrollBar& bar, int value) {
+  if (value < 0 || value > bar.Max) return false;
+  return Do(bar, [&] { bar.Value = value; });
+}
+
+void Gestures::Resize(Canvas& canvas, int width, int height) {
+  stack_.Guard([&] { canvas.SetInside(width, height); });
 }
 
 bool Gestures::DoubleClick(ListBox& list) {

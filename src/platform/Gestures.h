@@ -7,6 +7,7 @@ namespace kvi {
 
 class ActionLabel;
 class Button;
+class Canvas;
 class CheckBox;
 class ComboBox;
 class Control;
@@ -14,6 +15,7 @@ class ListBox;
 class MenuItem;
 class OptionButton;
 class Screen;
+class ScrollBar;
 class ScreenStack;
 class Spread;
 struct Block;
@@ -43,6 +45,10 @@ class Gestures {
   bool DoubleClick(ListBox& list);
   bool Type(TextBox& box, const std::string& text);  // the whole new text
   bool Type(ComboBox& combo, const std::string& text);
+
+  bool Scroll(ScrollBar& bar, int value);  // within the bar's range
+  // The window of a sheet shows so many twips of it.
+  void Resize(Canvas& canvas, int width, int height);
 
   bool Enter(Control& control);
   // The keyboard goes away from a control that has it, to none other.

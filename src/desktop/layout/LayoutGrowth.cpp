@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/Canvas.h"
 #include "platform/Controls.h"
 
 namespace kvi {
@@ -14,7 +15,10 @@ bool IsTallControl(const Control& control) {
     case ControlKind::ListBox:
     case ControlKind::PictureBox:
     case ControlKind::TabStrip:
+    case ControlKind::Canvas:
       return true;
+    case ControlKind::ScrollBar:
+      return static_cast<const ScrollBar&>(control).GetDirection() == ScrollBar::Direction::Down;
     case ControlKind::TextBox:
       return static_cast<const TextBox&>(control).Multiline;
     default:

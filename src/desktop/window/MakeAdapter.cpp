@@ -3,6 +3,7 @@
 #include "desktop/controls/ComboAdapter.h"
 #include "desktop/controls/ControlAdapter.h"
 #include "desktop/controls/LabelAdapters.h"
+#include "desktop/controls/SheetAdapters.h"
 #include "desktop/controls/ShowAdapters.h"
 #include "desktop/controls/TextAdapters.h"
 #include "desktop/grid/SpreadAdapter.h"
@@ -47,6 +48,10 @@ ControlAdapter* MakeAdapter(Control& control, ScreenWindow& window) {
       return Make<SpreadAdapter, Spread>(control, window);
     case ControlKind::Chart:
       return Make<ChartAdapter, Chart>(control, window);
+    case ControlKind::ScrollBar:
+      return Make<ScrollBarAdapter, ScrollBar>(control, window);
+    case ControlKind::Canvas:
+      return Make<CanvasAdapter, Canvas>(control, window);
     case ControlKind::Menu:
     case ControlKind::MenuItem:
       break;

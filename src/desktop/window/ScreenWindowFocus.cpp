@@ -17,6 +17,8 @@ namespace {
 // what is chosen from: a choice that nobody made shall not be left either.
 int FocusRank(const Control& control, bool isList) {
   switch (control.Kind()) {
+    case ControlKind::Canvas:
+      return 4;
     case ControlKind::Spread:
       return isList ? 4 : 3;
     case ControlKind::TextBox:
