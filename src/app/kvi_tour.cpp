@@ -18,6 +18,9 @@
 #include "ordering/KVI_OrderSystem.h"
 #include "partgroups/KVI_PGDetail.h"
 #include "partgroups/KVI_PGSummary.h"
+#include "reports/KVI_ReportPages.h"
+#include "reports/KVI_ReportsAnalysis.h"
+#include "reports/preview.h"
 #include "security/KVI_SecurityCheckpoint.h"
 #include "start/Main.h"
 #include "stock/KVI_Invoice.h"
@@ -182,6 +185,25 @@ class Tour {
     app_.screens.Hide(detail);
   }
 
+  // The screen, and a report of many pages as a sheet and as it would print.
+  void VisitReports() {
+    Visit<kvi::KVI_ReportsAnalysis>();
+    const auto count = [this] {
+      for (const kvi::ReportKind& kind : kvi::Reports())
+        if (kind.box == std::string("r8"))
+          return kind.make({.companyTitle = app_.settings.CompanyName,
+                            .today = app_.clock.Now(),
+                            .profitCenter = app_.CurrentProfitCenter});
+      return std::unique_ptr<kvi::Report>();
+    };
+    app_.Get<kvi::preview>().Take(count());
+    Visit<kvi::preview>();
+    const auto report = count();
+    report->Open(app_.CurrentDatabase);
+    app_.Get<kvi::KVI_ReportPages>().Take(*report);
+    Visit<kvi::KVI_ReportPages>();
+  }
+
   bool Failed() const { return failed_; }
 
  private:
@@ -222,6 +244,7 @@ int main(int argc, char** argv) {
     tour.VisitGroups();
     tour.VisitUsage();
     tour.VisitVendors();
+    tour.VisitReports();
     tour.Visit<kvi::KVI_Find>();
     tour.Visit<kvi::KVI_Invoice>();
     tour.VisitTabs<kvi::KVI_Utilities>();

@@ -13,6 +13,7 @@
 #include "ordering/KVI_OrderSystem.h"
 #include "partgroups/KVI_PGDetail.h"
 #include "partgroups/KVI_PGSummary.h"
+#include "reports/KVI_ReportsAnalysis.h"
 #include "security/CheckAccess.h"
 #include "security/KVI_SecurityCheckpoint.h"
 #include "start/Version.h"
@@ -126,7 +127,7 @@ void Main::OpenReports() {
   // Every report of valuations works on figures renewed at this moment.
   UpdateAllValuations(app_.CurrentDatabase, app_.settings.Valuation, app_.desktop,
                       app_.CurrentProfitCenter);
-  SayNotBuiltYet(app_.desktop, "Reports & Analysis");
+  app_.screens.ShowModal(app_.Get<KVI_ReportsAnalysis>());
 }
 
 void Main::OpenHelp() {

@@ -9,6 +9,9 @@
 #include "ordering/KVI_OrderSystem.h"
 #include "partgroups/KVI_PGDetail.h"
 #include "partgroups/KVI_PGSummary.h"
+#include "reports/KVI_ReportPages.h"
+#include "reports/KVI_ReportsAnalysis.h"
+#include "reports/preview.h"
 #include "security/KVI_SecurityCheckpoint.h"
 #include "start/Main.h"
 #include "stock/KVI_Invoice.h"
@@ -35,13 +38,16 @@ std::vector<Screen*> AllScreens(Application& app) {
           &app.Get<KVI_OrderSystem>(),
           &app.Get<KVI_PGDetail>(),
           &app.Get<KVI_PGSummary>(),
+          &app.Get<KVI_ReportPages>(),
+          &app.Get<KVI_ReportsAnalysis>(),
           &app.Get<KVI_SecurityCheckpoint>(),
           &app.Get<KVI_UpdateInventory>(),
           &app.Get<KVI_UsageAnalysis>(),
           &app.Get<KVI_UsageChart>(),
           &app.Get<KVI_Utilities>(),
           &app.Get<KVI_VendorDetail>(),
-          &app.Get<KVI_VendorSummary>()};
+          &app.Get<KVI_VendorSummary>(),
+          &app.Get<preview>()};
 }
 
 }  // namespace kvi::test

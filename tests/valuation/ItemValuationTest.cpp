@@ -6,6 +6,7 @@
 #include "support/ScriptedDesktop.h"
 #include "support/TableText.h"
 #include "support/TemporaryFolder.h"
+#include "reports/KVI_ReportsAnalysis.h"
 #include "support/TestStockroom.h"
 #include "utilities/KVI_Utilities.h"
 
@@ -184,8 +185,10 @@ TEST(Valuations, UtilitiesRenewThemAfterAQuestionByTheMethodOfTheMoment) {
     stockroom.user().Choose(screen.OptUseFIFO);
   });
   // Opening the reports renews them without a word.
-  stockroom.desktop.ExpectBox("\"Reports & Analysis\" is not part of this version yet.");
-  stockroom.desktop.Meanwhile([&] { EXPECT_EQ(valuation(), "4\n"); });
+  stockroom.desktop.ExpectScreen("KVI_ReportsAnalysis", [&] {
+    EXPECT_EQ(valuation(), "4\n");
+    stockroom.user().Click(stockroom.App().Get<KVI_ReportsAnalysis>().exit_lab);
+  });
   stockroom.user().Click(stockroom.MainScreen().Label3);
 }
 

@@ -1,0 +1,66 @@
+#include "reports/ReportPage.h"
+
+#include <algorithm>
+
+namespace kvi {
+
+namespace {
+
+constexpr double kGap = 0.05;         // inches between two texts
+constexpr double kPaperRight = 8.25;  // where the last text of a line ends at most
+constexpr double kTitleSize = 12;     // points
+
+}  // namespace
+
+void ReportPage::SetFont(double points, bool bold) {
+  const auto found = rulers_.find({points, bold});
+  ruler_ = found != rulers_.end()
+               ? &found->second
+               : &rulers_.try_emplace({points, bold}, paper_, points, bold).first->second;
+  ruler_->Apply();
+}
+
+// Of a text that ends at its edge. It keeps to the column before where that has one too, and else
+// takes at most half of what both have.
+double ReportPage::LeftEndOf(std::span<const PlacedText> line, std::size_t at) const {
+  const PlacedText& text = line[at];
+  if (!text.at.right) return text.at.x;
+  double leftmost = kReportLeft;
+  if (at > 0) {
+    const Place& before = line[at - 1].at;
+    leftmost = before.right ? before.x + kGap : (before.x + text.at.x) / 2;
+  }
+  return text.at.x - std::min(ruler_->Width(text.text), text.at.x - leftmost);
+}
+
+void ReportPage::PutLine(std::span<const PlacedText> line) {
+  const double y = paper_.CurrentY;
+  for (std::size_t at = 0; at < line.size(); ++at) {
+    const PlacedText& text = line[at];
+    const double left = LeftEndOf(line, at);
+    double right = text.at.x;
+    if (!text.at.right) right = at + 1 < line.size() ? LeftEndOf(line, at + 1) - kGap : kPaperRight;
+    const bool fits = ruler_->Width(text.text) <= right - left + 1e-9;
+    paper_.Put(left, y, text.text, fits ? 0 : right - left);
+  }
+}
+
+void ReportPage::PrintLine(const std::string& text) {
+  const PlacedText line{From(kReportLeft), text};
+  PutLine({&line, 1});
+  NextLine();
+}
+
+void ReportPage::Rule(double from, double to) {
+  paper_.Line(from, paper_.CurrentY, to, paper_.CurrentY);
+}
+
+void ReportPage::PrintCompany(const std::string& title) {
+  SetFont(kTitleSize, true);
+  paper_.CurrentY = kReportTop;
+  const PlacedText line[] = {{From(kReportLeft), title}, {From(kPageNumberX), ""}};
+  PutLine(line);
+  NextLine();
+}
+
+}  // namespace kvi

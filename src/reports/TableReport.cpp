@@ -1,0 +1,141 @@
+#include "reports/TableReport.h"
+
+#include <algorithm>
+
+#include "base/Format.h"
+#include "base/Text.h"
+
+namespace kvi {
+
+namespace {
+
+constexpr double kHeaderSize = 10;   // points
+constexpr double kFootSize = 8;      // points
+constexpr double kBelowRule = 0.03;  // inches
+constexpr double kFootY = 0.7;       // inches
+
+}  // namespace
+
+bool TableReport::Ask(Desktop& desktop) {
+  if (table_.testsFilter && !HasFilterOrSays(desktop)) return false;
+  if (table_.asksLevels)
+    with_.SystemLevelsAnswer =
+        desktop.MsgBox({.text = "Do you want to include system levels in this report?",
+                        .title = "Count Sheet",
+                        .buttons = Buttons::YesNo,
+                        .icon = Icon::Question}) == Answer::Yes;
+  return true;
+}
+
+void TableReport::Open(jet::Database& database) {
+  set_ = database.OpenSnapshot(table_.query(with_), table_.fields);
+  rows_ = set_.RecordCount();
+  at_ = 0;
+}
+
+void TableReport::GoTo(int row) {
+  if (row < at_) {
+    set_.MoveFirst();
+    at_ = 0;
+  }
+  for (; at_ < row; ++at_) set_.MoveNext();
+}
+
+bool TableReport::Draws(int row) {
+  if (table_.draws == nullptr) return true;
+  GoTo(row);
+  return table_.draws({set_, with_});
+}
+
+void TableReport::DrawHeader(ReportPage& page, int number) {
+  page.PrintCompany(with_.companyTitle);
+  if (table_.numberInHeader) DrawPageNumber(page, table_.numberX, kReportTop, number);
+  for (const HeaderLine& line : table_.header(with_)) {
+    page.SetFont(kHeaderSize, line.bold);
+    const PlacedText texts[] = {{From(kReportLeft), line.text}, {From(line.legendX), line.legend}};
+    page.PutLine(std::span(texts).first(line.legendX > 0 ? 2 : 1));
+    page.NextLine();
+  }
+  DrawHeadings(page);
+}
+
+void TableReport::DrawHeadings(ReportPage& page) {
+  page.SetFont(table_.headingSize, true);
+  int last = 0;
+  for (const ReportHeading& heading : table_.headings) last = std::max(last, heading.line);
+  for (int line = 0; line <= last; ++line) {
+    line_.clear();
+    for (const ReportHeading& heading : table_.headings)
+      if (heading.line == line && (!heading.ofLevels || with_.SystemLevelsAnswer))
+        line_.push_back({heading.at, heading.text});
+    page.PutLine(line_);
+    page.NextLine();
+  }
+  page.Paper().CurrentY += table_.aroundRule;
+  page.Rule();
+  page.Paper().CurrentY += std::max(table_.aroundRule, kBelowRule);
+  page.SetFont(table_.headingSize, false);
+}
+
+std::string TableReport::ContentOf(const ReportCell& cell) const {
+  const ReportRow row{set_, with_};
+  const CellContent& content = cell.content;
+  std::string text;
+  if (content.text != nullptr)
+    text = content.text(row);
+  else if (content.figure != nullptr)
+    text = Format(content.figure(row), content.mask);
+  else if (content.mask != nullptr)
+    text = Format(row.Number(content.field), content.mask);
+  else
+    text = row.Text(content.field);
+  return cell.cut > 0 ? Left(text, cell.cut) : text;
+}
+
+void TableReport::DrawCells(ReportPage& page, int line, bool bold) {
+  line_.clear();
+  for (const ReportCell& cell : table_.cells) {
+    if (cell.line != line || cell.bold != bold) continue;
+    if (cell.ofLevels && !with_.SystemLevelsAnswer) continue;
+    std::string text = ContentOf(cell);
+    if (!text.empty()) line_.push_back({cell.at, std::move(text)});
+  }
+  if (line_.empty()) return;
+  page.SetFont(RowSize(), bold);
+  page.PutLine(line_);
+}
+
+void TableReport::DrawRow(ReportPage& page, int row) {
+  GoTo(row);
+  for (int line = 0; line < table_.lines; ++line) {
+    DrawCells(page, line, false);
+    DrawCells(page, line, true);
+    page.SetFont(RowSize(), false);
+    page.NextLine();
+  }
+  page.Paper().CurrentY += table_.rowStep;
+}
+
+void TableReport::PassRow(ReportPage& page, int) {
+  page.SetFont(RowSize(), false);
+  page.Paper().CurrentY += table_.lines * page.LineHeight() + table_.rowStep;
+}
+
+void TableReport::DrawTotals(ReportPage& page) {
+  if (table_.drawTotal == nullptr) return;
+  double total = 0;
+  for (int row = 0; row < rows_; ++row) {
+    GoTo(row);
+    total += set_.Number(table_.totalField);
+  }
+  page.SetFont(RowSize(), false);
+  table_.drawTotal(page, total);
+}
+
+void TableReport::DrawFoot(ReportPage& page, int number) {
+  if (table_.numberInHeader) return;
+  page.SetFont(kFootSize, false);
+  DrawPageNumber(page, table_.numberX, kFootY, number);
+}
+
+}  // namespace kvi
