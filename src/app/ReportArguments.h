@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "reports/ReportCatalogue.h"
+
+namespace kvi {
+
+// What kvi-report was asked for.
+struct ReportArguments {
+  enum class Output { Pdf, Printer, Text };
+
+  std::string folder;
+  const ReportKind* kind = nullptr;
+  ReportParameters with;
+  std::optional<int> center;
+  bool renew = false;
+  std::optional<Output> output;
+  std::string pdf;
+};
+
+struct BadArgument {
+  std::string message;
+};
+
+// Raises BadArgument.
+ReportArguments ReadReportArguments(int argc, char** argv);
+
+}  // namespace kvi

@@ -1,0 +1,139 @@
+// Makes one report without a window: kvi-report FOLDER REPORT [options] --pdf FILE | --print |
+// --text.
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <string>
+#include <string_view>
+
+#include "ReportArguments.h"
+#include "TextPages.h"
+#include "base/RunTimeError.h"
+#include "desktop/window/QtDesktop.h"
+#include "frame/Application.h"
+#include "frame/INI_SUBS.h"
+#include "platform/IniFile.h"
+#include "reports/RunReport.h"
+#include "store/OpenInventoryDatabase.h"
+#include "valuation/ItemValuation.h"
+
+namespace {
+
+using kvi::ReportArguments;
+
+constexpr int kFailed = 1;
+constexpr int kBadArguments = 2;
+
+constexpr int kPathNotFound = 76, kPrinterError = 482;
+
+constexpr const char* kUsage =
+    "Usage: kvi-report FOLDER REPORT [options] --pdf FILE | --print | --text\n";
+constexpr const char* kHelp =
+    "Makes one report of the stockroom whose program folder is FOLDER, and changes nothing there.\n"
+    "  --sort FIELD    primary sort: name, category, location or id\n"
+    "  --then FIELD    secondary sort, the same\n"
+    "  --like TEXT     only what begins with TEXT in the field of the primary sort\n"
+    "  --font N        size of the rows, 5 to 9\n"
+    "  --center N      the number of a profit center, else the one that was used last\n"
+    "  --vendor NAME   for the reports by vendor; --slot N, which of a part's vendors (1 to 3)\n"
+    "  --levels yes|no system levels on count sheets\n"
+    "  --renew         works the valuations out anew first, and writes them\n"
+    "Reports:\n";
+
+// Nobody is there: a question of the reports has its answer among the options, anything else is
+// told and fails the run.
+class ReportDesktop : public kvi::QtDesktop {
+ public:
+  ReportDesktop(int& argc, char** argv, bool levels) : QtDesktop(argc, argv), levels_(levels) {}
+  bool Failed() const { return failed_; }
+
+ protected:
+  kvi::Answer ShowBox(const kvi::Box& box) override {
+    if (box.buttons == kvi::Buttons::YesNo) return levels_ ? kvi::Answer::Yes : kvi::Answer::No;
+    std::fprintf(stderr, "kvi-report: %s\n", box.text.c_str());
+    failed_ = true;
+    return kvi::Answer::Ok;
+  }
+
+ private:
+  const bool levels_;
+  bool failed_ = false;
+};
+
+void PrintHelp() {
+  std::printf("%s%s", kUsage, kHelp);
+  for (const kvi::ReportKind& kind : kvi::Reports())
+    std::printf("  %-4s %-24s%s\n", kind.box, kind.name, kind.caption);
+}
+
+// Without the files of a program folder their reading would make new ones.
+void RequireProgramFolder(const std::string& folder) {
+  const kvi::IniFile own(folder + "/KVI.INI"), suite(folder + "/TARNWK.INI");
+  if (!own.HasSection(kvi::kOwnSection) || !suite.HasSection(kvi::kSuiteSection))
+    throw kvi::RunTimeError(kPathNotFound,
+                            folder + " is no program folder: KVI.INI or TARNWK.INI is missing.");
+}
+
+std::unique_ptr<kvi::PrintRun> NewRun(ReportDesktop& desktop, const ReportArguments& arguments) {
+  switch (*arguments.output) {
+    case ReportArguments::Output::Text:
+      return std::make_unique<kvi::TextPages>(desktop.Measure());
+    case ReportArguments::Output::Pdf:
+      desktop.PrintInto(arguments.pdf);
+      break;
+    case ReportArguments::Output::Printer:
+      if (!kvi::QtDesktop::HasPrinter())
+        throw kvi::RunTimeError(kPrinterError, "There is no printer on this machine.");
+      break;
+  }
+  return desktop.NewPrintRun(arguments.kind->caption);
+}
+
+void Make(ReportDesktop& desktop, ReportArguments arguments) {
+  RequireProgramFolder(arguments.folder);
+  kvi::SystemClock clock;
+  kvi::SystemChance chance;
+  kvi::Application app({desktop, clock, chance, arguments.folder, ""});
+  kvi::ReadSettings(app);
+  app.CurrentDatabase =
+      kvi::jet::Database::Open(kvi::DatabasePathIn(app, app.DatabaseDirectory), false);
+  kvi::ReportParameters& with = arguments.with;
+  with.companyTitle = app.settings.CompanyName;
+  with.today = clock.Now();
+  with.profitCenter = arguments.center.value_or(app.CurrentProfitCenter);
+  with.method = app.settings.Valuation;
+  if (arguments.renew)
+    kvi::UpdateAllValuations(app.CurrentDatabase, with.method, desktop, with.profitCenter);
+  const auto report = arguments.kind->make(with);
+  if (desktop.Failed() || !report->Ask(desktop)) return;
+  report->Open(app.CurrentDatabase);
+  const auto run = NewRun(desktop, arguments);
+  kvi::RunReport(*report, run->Paper(), kvi::kReportsScreen);
+  run->Finish();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc == 2 && (std::string_view(argv[1]) == "--help" || std::string_view(argv[1]) == "-h")) {
+    PrintHelp();
+    return 0;
+  }
+  try {
+    const ReportArguments arguments = kvi::ReadReportArguments(argc, argv);
+    // A nightly job has no display, or one that nobody looks at.
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    ReportDesktop desktop(argc, argv, arguments.with.SystemLevelsAnswer);
+    Make(desktop, arguments);
+    return desktop.Failed() ? kFailed : 0;
+  } catch (const kvi::BadArgument& bad) {
+    std::fprintf(stderr, "kvi-report: %s\n%s", bad.message.c_str(), kUsage);
+    return kBadArguments;
+  } catch (const kvi::EndOfProcess&) {
+    return kFailed;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "kvi-report: %s\n", error.what());
+    return kFailed;
+  }
+}
