@@ -26,6 +26,8 @@
 #include "stock/KVI_Invoice.h"
 #include "stock/KVI_UpdateInventory.h"
 #include "usage/KVI_UsageAnalysis.h"
+#include "utilities/KVI_EmployeeSetup.h"
+#include "utilities/KVI_EmployeeSetupDetail.h"
 #include "utilities/KVI_GetILocation.h"
 #include "utilities/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
@@ -249,6 +251,8 @@ int main(int argc, char** argv) {
     tour.Visit<kvi::KVI_Invoice>();
     tour.VisitTabs<kvi::KVI_Utilities>();
     tour.Visit<kvi::KVI_ManageDropLIsts>();
+    tour.Visit<kvi::KVI_EmployeeSetup>();
+    tour.VisitTabs<kvi::KVI_EmployeeSetupDetail>();
     tour.Visit<kvi::KVI_SecurityCheckpoint>();
     tour.Visit<kvi::KVI_GetILocation>();
     tour.Visit<kvi::KVI_ChooseVendors>();

@@ -13,6 +13,7 @@
 #include "grids/SprdSubs.h"
 #include "partgroups/UpdatePartGroupCosts.h"
 #include "store/OpenInventoryDatabase.h"
+#include "utilities/KVI_EmployeeSetup.h"
 #include "utilities/KVI_ManageDropLIsts.h"
 #include "valuation/ItemValuation.h"
 
@@ -64,9 +65,10 @@ void KVI_Utilities::HandleSettings() {
 }
 
 void KVI_Utilities::HandleTasks() {
-  for (Button* later : {&Command2, &Command3, &Command4, &Command5, &Command6, &Command7,
+  for (Button* later : {&Command2, &Command3, &Command4, &Command6, &Command7,
                         &cmdUpdateRecipeItems, &cmdDeleteAllRecipes, &cmdDeleteAllItems, &ZeroBtn})
     later->Click = [this, later] { SayNotBuiltYet(app_.desktop, later->Caption); };
+  Command5.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_EmployeeSetup>()); };
   Command1.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_ManageDropLIsts>()); };
   cmdUpdateAllValuations.Click = [this] { AskToRevalue(); };
   cmdUpdateRecipeCosts.Click = [this] { UpdatePartGroupCosts(app_); };

@@ -17,6 +17,8 @@
 #include "stock/KVI_Invoice.h"
 #include "stock/KVI_UpdateInventory.h"
 #include "usage/KVI_UsageAnalysis.h"
+#include "utilities/KVI_EmployeeSetup.h"
+#include "utilities/KVI_EmployeeSetupDetail.h"
 #include "utilities/KVI_GetILocation.h"
 #include "utilities/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
@@ -28,6 +30,8 @@ namespace kvi::test {
 std::vector<Screen*> AllScreens(Application& app) {
   return {&app.Get<Main>(),
           &app.Get<KVI_ChooseVendors>(),
+          &app.Get<KVI_EmployeeSetup>(),
+          &app.Get<KVI_EmployeeSetupDetail>(),
           &app.Get<KVI_Find>(),
           &app.Get<KVI_GetILocation>(),
           &app.Get<KVI_InventoryDetail>(),
