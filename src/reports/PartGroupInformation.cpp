@@ -8,7 +8,7 @@ namespace kvi {
 
 namespace {
 
-constexpr double kAboveRule = 0.1, kBelowRule = 0.05;  // inches
+constexpr double kAboveRule = 0.1, kBehindRule = 0.05;  // inches
 constexpr double kTitleSize = 10;                      // points
 
 // Groups have no location.
@@ -87,7 +87,7 @@ void PartGroupInformation::DrawRow(ReportPage& page, int row) {
   if (drawn.isGroup) {
     page.Paper().CurrentY += kAboveRule;
     page.Rule();
-    page.Paper().CurrentY += kBelowRule;
+    page.Paper().CurrentY += kBehindRule;
   }
   page.SetFont(with_.fontSize, drawn.isGroup);
   page.PutLine(drawn.texts);
@@ -96,7 +96,7 @@ void PartGroupInformation::DrawRow(ReportPage& page, int row) {
 
 void PartGroupInformation::PassRow(ReportPage& page, int row) {
   const bool isGroup = rows_[static_cast<std::size_t>(row)].isGroup;
-  if (isGroup) page.Paper().CurrentY += kAboveRule + kBelowRule;
+  if (isGroup) page.Paper().CurrentY += kAboveRule + kBehindRule;
   page.SetFont(with_.fontSize, isGroup);
   page.NextLine();
 }

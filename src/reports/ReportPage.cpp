@@ -20,15 +20,17 @@ void ReportPage::SetFont(double points, bool bold) {
   ruler_->Apply();
 }
 
-// Of a text that ends at its edge. It keeps to the column before where that has one too, and else
-// takes at most half of what both have.
+// Of a text that ends at its edge. It keeps to the column before where that ends at one too; else
+// it takes what is free, and half of what both have in any case.
 double ReportPage::LeftEndOf(std::span<const PlacedText> line, std::size_t at) const {
   const PlacedText& text = line[at];
   if (!text.at.right) return text.at.x;
   double leftmost = kReportLeft;
   if (at > 0) {
-    const Place& before = line[at - 1].at;
-    leftmost = before.right ? before.x + kGap : (before.x + text.at.x) / 2;
+    const PlacedText& before = line[at - 1];
+    const double middle = (before.at.x + text.at.x) / 2;
+    const double free = before.at.x + (before.at.right ? 0 : ruler_->Width(before.text)) + kGap;
+    leftmost = before.at.right ? free : std::min(free, middle);
   }
   return text.at.x - std::min(ruler_->Width(text.text), text.at.x - leftmost);
 }

@@ -29,6 +29,7 @@ struct PlacedText {
 
 inline constexpr double kReportLeft = 0.3, kReportTop = 0.3;  // inches
 inline constexpr double kRuleRight = 8;
+inline constexpr double kBelowRule = 0.03;  // from a rule to the texts below it
 inline constexpr double kPageNumberX = 7;
 
 // A surface with the means of a report: Arial alone, lines of texts that keep out of each other's

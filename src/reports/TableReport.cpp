@@ -9,10 +9,9 @@ namespace kvi {
 
 namespace {
 
-constexpr double kHeaderSize = 10;   // points
-constexpr double kFootSize = 8;      // points
-constexpr double kBelowRule = 0.03;  // inches
-constexpr double kFootY = 0.7;       // inches
+constexpr double kHeaderSize = 10;  // points
+constexpr double kFootSize = 8;     // points
+constexpr double kFootY = 0.7;      // inches
 
 }  // namespace
 

@@ -50,6 +50,7 @@ double CostPerInventoried(const ReportRow& row) {
 void DrawPartsTotal(ReportPage& page, double total) {
   page.Paper().CurrentY += 0.01;
   page.Rule(7.2, 7.8);
+  page.Paper().CurrentY += kBelowRule;
   const PlacedText text{UpTo(kTotalEdge), Format(total, kTotal)};
   page.PutLine({&text, 1});
   page.NextLine();
@@ -57,6 +58,7 @@ void DrawPartsTotal(ReportPage& page, double total) {
 
 void DrawCategoriesTotal(ReportPage& page, double total) {
   page.Rule();
+  page.Paper().CurrentY += kBelowRule;
   const PlacedText line[] = {{From(kReportLeft), "Grand Total:"},
                              {UpTo(kCategoryEdge), Format(total, kTotal)}};
   page.PutLine(line);
