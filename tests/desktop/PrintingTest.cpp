@@ -17,8 +17,9 @@ namespace kvi::test {
 class PrintingTest : public DesktopTest {
  protected:
   std::unique_ptr<QtSurface> NewDocument(const QString& name = "Stock report") {
-    return std::make_unique<QtSurface>(measure_, std::make_unique<PrintJob>(name, PrintJob::FreePdf(name, Printed())),
-                                       [this](PrintJob& job) { pdfs_.push_back(job.Finish()); });
+    return std::make_unique<QtSurface>(
+        measure_, std::make_unique<PrintJob>(name, PrintJob::FreePdf(name, Printed())),
+        [this](PrintJob& job) { pdfs_.push_back(job.Finish()); });
   }
   QString Printed() const { return ToQt(folder / "printed"); }
   QStringList Files() const { return QDir(Printed()).entryList(QDir::Files); }
@@ -85,6 +86,39 @@ TEST_F(PrintingTest, AFolderThatCannotBeWrittenIsAPrinterError) {
     EXPECT_EQ(error.Number, 482);
     EXPECT_NE(error.Description.find("printed"), std::string::npos) << error.Description;
   }
+}
+
+TEST_F(PrintingTest, ARunIsOnePdfOfAllItsPagesAndNothingUntilItIsFinished) {
+  int told = 0;
+  PrintService service([&](const std::string&) { ++told; }, [](const std::string&) {});
+  const QString pdf = ToQt(folder / "night.pdf");
+  service.PrintInto(pdf);
+  service.NewRun("Nothing drawn")->Finish();
+  const auto print = [&](bool finished) {
+    const auto run = service.NewRun("Pages");
+    for (const char* word : {"first", "second", "third"}) {
+      run->Paper().Put(1, 2, word, 3);
+      run->Paper().EndDoc();
+    }
+    if (finished) run->Finish();
+  };
+  print(false);
+  EXPECT_FALSE(QFileInfo::exists(pdf));
+  print(true);
+  print(true);
+  EXPECT_EQ(QDir(ToQt(folder.Path().string())).entryList({"night*"}).size(), 1);
+  QProcess reader;
+  reader.start("pdftotext", {"-bbox", pdf, "-"});
+  ASSERT_TRUE(reader.waitForFinished());
+  const QString text = reader.readAllStandardOutput();
+  EXPECT_EQ(text.count("<page "), 3);
+  const auto wide =
+      QRegularExpression("xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\" xMax=\"([\\d.]+)\"[^>]*>third<")
+          .match(text);
+  EXPECT_NEAR(wide.captured(1).toDouble() / 72, 1, 0.01);
+  EXPECT_NEAR(wide.captured(2).toDouble() / 72, 2, 0.03);
+  EXPECT_NEAR(wide.captured(3).toDouble() / 72, 4, 0.02) << "brought to its room";
+  EXPECT_EQ(told, 0);
 }
 
 TEST_F(PrintingTest, WithoutAPrinterDocumentsTellWhereTheyAre) {

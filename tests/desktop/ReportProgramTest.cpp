@@ -1,0 +1,58 @@
+#include <gtest/gtest.h>
+
+#include <QFileInfo>
+#include <QProcess>
+
+#include "desktop/look/QtText.h"
+#include "support/TestStockroom.h"
+
+namespace kvi::test {
+namespace {
+
+struct Outcome {
+  int status;
+  QString said, failed;
+};
+
+Outcome Report(const QStringList& arguments) {
+  QProcess program;
+  program.start(KVI_REPORT, arguments);
+  EXPECT_TRUE(program.waitForFinished());
+  return {program.exitCode(), program.readAllStandardOutput(), program.readAllStandardError()};
+}
+
+TEST(ReportProgramTest, MakesAReportAndTellsWhatIsWrongInALine) {
+  TestStockroom stockroom;
+  stockroom.Fill(
+      "I_Master",
+      "inv_id | pcenter | name | re_order | qty_on_hand | active\n"
+      "1 | 0 | Bolt | 3 | 2 | YES\n 2 | 0 | Nut | 1 | 2 | YES\n 3 | 4 | Far | 1 | 0 | YES");
+  const QString folder = ToQt(stockroom.folder.Path().string());
+  const std::string before = ReadFile(stockroom.DatabaseFile());
+  const Outcome text = Report({folder, "reorder-by-part", "--text"});
+  EXPECT_EQ(text.status, 0) << FromQt(text.failed);
+  EXPECT_TRUE(text.said.contains("Harbour Works") && text.said.contains("Bolt"));
+  EXPECT_FALSE(text.said.contains("Nut") || text.said.contains("Far"));
+  EXPECT_TRUE(Report({folder, "r5", "--center", "4", "--text"}).said.contains("Far"));
+  EXPECT_FALSE(Report({folder, "r3", "--levels", "no", "--text"}).said.contains("Qty On"));
+  const QString pdf = folder + "/out/night.pdf";
+  EXPECT_EQ(Report({folder, "r6", "--pdf", pdf}).status, 0);
+  EXPECT_GT(QFileInfo(pdf).size(), 1000);
+  EXPECT_EQ(ReadFile(stockroom.DatabaseFile()), before) << "it only reads";
+
+  const auto expectRefused = [](const QStringList& arguments, int status, const char* line) {
+    const Outcome run = Report(arguments);
+    EXPECT_EQ(run.status, status) << line;
+    EXPECT_TRUE(run.failed.contains(line)) << FromQt(run.failed);
+    EXPECT_TRUE(run.said.isEmpty());
+  };
+  expectRefused({folder, "r9", "--text"}, 2, "There is no report \"r9\"");
+  expectRefused({folder, "r10", "--text"}, 2, "This report needs --vendor NAME.");
+  expectRefused({folder, "r5", "--text", "--print"}, 2, "Only one of --pdf, --print and --text");
+  expectRefused({folder, "r5", "--font", "12"}, 2, "--font needs a whole number from 5 to 9.");
+  expectRefused({folder + "/none", "r5", "--text"}, 1, "is no program folder");
+  expectRefused({folder, "r5", "--pdf", folder + "/KVI.INI/x.pdf"}, 1, "cannot make the folder");
+}
+
+}  // namespace
+}  // namespace kvi::test
