@@ -1,16 +1,12 @@
 // The list of the parts to paper: all pages as a PDF, beside a painter that draws the same marks,
 // and how long it takes until the number of pages is told.
-#include <QApplication>
 #include <QFile>
-#include <QPainter>
-#include <QPrinter>
 #include <chrono>
 
 #include "bench/Pair.h"
 #include "bench/Stockroom.h"
-#include "desktop/look/Shades.h"
+#include "bench/desktop/RawPaper.h"
 #include "desktop/printing/PrintService.h"
-#include "desktop/printing/QtSurface.h"
 #include "grids/GridPages.h"
 #include "grids/PrintGrid.h"
 #include "items/KVI_InventorySummary.h"
@@ -24,7 +20,6 @@ using Clock = std::chrono::steady_clock;
 constexpr int kParts = 15'941;  // of the sample's first profit center
 constexpr int kPrints = 7;
 constexpr double kToldWithin = 0.2;  // seconds
-constexpr const char* kPdf = "bench-print.pdf";
 
 // Prints into a file, and keeps when the number of pages was told first.
 class PaperDesk : public BenchDesktop {
@@ -62,72 +57,6 @@ class PaperDesk : public BenchDesktop {
                         [](const std::string& path) { QFile::remove(path.c_str()); }};
 };
 
-// A mark as a painter takes it.
-struct RawMark {
-  PageMark mark;
-  QFont font;
-  QString text;
-  double ascent;
-};
-
-// The pages as marks, with a null one between two pages.
-class MarkRecord : public MarkingSurface {
- public:
-  explicit MarkRecord(TextMeasure& measure) : MarkingSurface(measure) {}
-  double PageWidth() const override { return 8.5; }
-  double PageHeight() const override { return 11; }
-  void NewPage() override { marks.emplace_back(); }
-  void EndDoc() override {}
-  void KillDoc() override {}
-
-  std::vector<std::optional<RawMark>> marks;
-
- protected:
-  void Draw(const PageMark& mark) override {
-    inUse_.Take(mark.font);
-    marks.emplace_back(
-        RawMark{mark, inUse_.Font(), QString::fromStdString(mark.text), inUse_.Metrics().ascent()});
-  }
-
- private:
-  FontInUse inUse_;
-};
-
-// What a program does that knows nothing but what to draw where.
-double Floor(const std::vector<std::optional<RawMark>>& marks) {
-  constexpr double kUnits = 7200;
-  QPrinter printer(QPrinter::HighResolution);
-  printer.setOutputFormat(QPrinter::PdfFormat);
-  printer.setPageSize(QPageSize(QPageSize::Letter));
-  printer.setFullPage(true);
-  printer.setOutputFileName(kPdf);
-  QPainter painter(&printer);
-  painter.scale(printer.resolution() / kUnits, printer.resolution() / kUnits);
-  int pages = 1;
-  for (const auto& raw : marks) {
-    if (!raw) {
-      printer.newPage();
-      ++pages;
-      continue;
-    }
-    const PageMark* mark = &raw->mark;
-    const QPointF from = QPointF(mark->x, mark->y) * kUnits;
-    const QPointF to = QPointF(mark->x2, mark->y2) * kUnits;
-    if (mark->kind == PageMark::Kind::Text) {
-      if (painter.font() != raw->font) painter.setFont(raw->font);
-      painter.drawText(from + QPointF(0, raw->ascent), raw->text);
-    } else if (mark->kind == PageMark::Kind::Line) {
-      painter.setPen(QPen(Qt::black, 60));
-      painter.drawLine(from, to);
-    } else {
-      painter.fillRect(QRectF(from, QSizeF(to.x(), to.y())), BackdropColor(mark->color, kBlack));
-    }
-  }
-  painter.end();
-  QFile::remove(kPdf);
-  return pages;
-}
-
 GridPrint Print() {
   return {.jobName = "Printing", .header = "/fn\"Arial\"/fz\"14\"/cList", .footer = "/cPage: /p"};
 }
@@ -162,24 +91,12 @@ class ListToPrint {
   KVI_InventorySummary& screen_;
 };
 
-class QtOffScreen {
- public:
-  QtOffScreen() : platform_(qputenv("QT_QPA_PLATFORM", "offscreen")), app_(count_, arguments_) {}
-
- private:
-  char name_[6] = "bench";
-  char* arguments_[2] = {name_, nullptr};
-  int count_ = 1;
-  bool platform_;
-  QApplication app_;
-};
-
 void PrintList(benchmark::State& state) {
   const QtOffScreen qt;
   ListToPrint list;
   PaperDesk desk;
   const auto marks = list.Marks();
-  RunPair(state, {{[&] { return list.Print(desk); }}, {[&] { return Floor(marks); }}, 1.3});
+  RunPair(state, {{[&] { return list.Print(desk); }}, {[&] { return PrintRaw(marks); }}, 1.3});
 }
 BENCHMARK(PrintList)->Name("Print 15,941 parts")->UseManualTime()->Iterations(kPrints);
 
