@@ -204,8 +204,11 @@ TEST_F(AdaptersTest, TabsMenusStatusAndCaptionsFollow) {
   sample.print.Enabled = false;
   EXPECT_FALSE(window.findChild<QAction*>("print")->isEnabled());
 
+  const int empty =
+      Widget(sample.status).sizeHint().expandedTo(Widget(sample.status).minimumSize()).height();
   sample.status.SetPanelText(1, "1 of 3 records");
   EXPECT_EQ(Widget(sample.status).findChild<QLabel*>()->text(), "1 of 3 records");
+  EXPECT_EQ(Widget(sample.status).sizeHint().height(), empty) << "takes no room from the content";
   EXPECT_EQ(As<QLabel>(sample.heading).text(), "Spare parts & tools");
   sample.SetCaption("Other");
   EXPECT_EQ(window.windowTitle(), "Other");

@@ -40,8 +40,11 @@ void PictureAdapter::ShowState() {
 StatusLine::StatusLine(int panels, QWidget* parent) : QWidget(parent) {
   setAccessibleName("Status");
   auto* line = new QHBoxLayout(this);
-  line->setContentsMargins(kMargin, 4, kMargin, 4);
+  constexpr int kAbove = 4;
+  line->setContentsMargins(kMargin, kAbove, kMargin, kAbove);
   line->setSpacing(2 * kMargin);
+  // Also without a text, or the first one would take its height from the window's content.
+  setMinimumHeight(fontMetrics().height() + 2 * kAbove);
   for (int i = 0; i < panels; ++i) {
     auto* text = new ElidingLabel(this);
     QPalette quiet;
