@@ -1,6 +1,7 @@
 // Makes one report without a window: kvi-report FOLDER REPORT [options] --pdf FILE | --print |
 // --text.
 
+#include <QtGlobal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -122,7 +123,9 @@ int main(int argc, char** argv) {
   }
   try {
     const ReportArguments arguments = kvi::ReadReportArguments(argc, argv);
-    // A nightly job has no display, or one that nobody looks at.
+    // A nightly job has no display, or one that nobody looks at, and no use for what the toolkit
+    // has to say of that.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     ReportDesktop desktop(argc, argv, arguments.with.SystemLevelsAnswer);
     Make(desktop, arguments);

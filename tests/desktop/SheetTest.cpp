@@ -53,6 +53,17 @@ TEST_F(SheetTest, BarsKeysAndWheelMoveTheSheetAndZoomIsTheWindowsOwn) {
   EXPECT_LT(sheet.VScroll1.Max, whole);
   EXPECT_LE(sheet.VScroll1.Value, sheet.VScroll1.Max);
   EXPECT_EQ(sheet.canvas.Height(), 15840);
+  Press(Qt::Key_0, Qt::ControlModifier);
+  const auto turn = [&](int angle, Qt::KeyboardModifiers keys) {
+    QWheelEvent event({5, 5}, {5, 5}, {}, {0, angle}, Qt::NoButton, keys, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&Sheet(), &event);
+  };
+  const int before = sheet.VScroll1.Value;
+  turn(60, Qt::NoModifier);
+  turn(60, Qt::NoModifier);
+  EXPECT_EQ(sheet.VScroll1.Value, before - sheet.VScroll1.SmallChange);
+  turn(120, Qt::ControlModifier);
+  EXPECT_GT(sheet.VScroll1.Max, whole);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Number.h"
+#include "base/RunTimeError.h"
 #include "platform/Progress.h"
 #include "support/ScriptedDesktop.h"
 
@@ -71,6 +72,30 @@ TEST(RunReportTest, APageEndsAboveTheLimitAndOnlyForAFurtherRow) {
   EXPECT_EQ(Printed(Slabs(5)), "H1 0 1 2 3 F1 / H2 4 T F2 / ");
   EXPECT_EQ(Printed(Slabs(9, "0234")), "H1 0 2 3 4 T F1 / ") << "no page of a heading alone";
   EXPECT_EQ(Printed(Slabs(9, "12378")), "H1 1 2 3 7 F1 / H2 8 T F2 / ");
+}
+
+// A printer that takes so many documents and no more.
+class FullPrinter : public SheetSurface {
+ public:
+  FullPrinter(TextMeasure& measure, int takes) : SheetSurface(measure, 8.5, 11), left_(takes) {}
+  void EndDoc() override {
+    if (left_-- == 0) throw RunTimeError(482, "Printer error: the queue is full");
+  }
+
+ private:
+  int left_;
+};
+
+TEST(RunReportTest, APrinterThatRefusesIsToldWithThePage) {
+  EvenMeasure measure;
+  FullPrinter printer(measure, 1);
+  Slabs report(9);
+  try {
+    RunReport(report, printer, kReportsScreen);
+    FAIL();
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.Description, "Printer error: the queue is full (page 2)");
+  }
 }
 
 TEST(RunReportTest, ASheetHasOneHeaderAndEndsWithThePaper) {

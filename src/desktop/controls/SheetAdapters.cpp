@@ -87,13 +87,14 @@ void SheetWindow::paintEvent(QPaintEvent* event) {
 }
 
 void SheetWindow::wheelEvent(QWheelEvent* event) {
-  const QPoint turn = event->angleDelta();
+  turned_ += event->angleDelta();
+  const QPoint notches(turned_.x() / kWheelNotch, turned_.y() / kWheelNotch);
+  turned_ -= notches * kWheelNotch;
   if (event->modifiers() & Qt::ControlModifier) {
-    if (turn.y() != 0) Zoom(turn.y() > 0 ? 1 : -1);
-  } else if (Scrolled && turn.y() != 0) {
-    Scrolled(Qt::Vertical, -turn.y() / kWheelNotch, false);
-  } else if (Scrolled && turn.x() != 0) {
-    Scrolled(Qt::Horizontal, -turn.x() / kWheelNotch, false);
+    if (notches.y() != 0) Zoom(notches.y());
+  } else if (Scrolled) {
+    if (notches.y() != 0) Scrolled(Qt::Vertical, -notches.y(), false);
+    if (notches.x() != 0) Scrolled(Qt::Horizontal, -notches.x(), false);
   }
   event->accept();
 }

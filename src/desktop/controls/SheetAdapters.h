@@ -47,6 +47,7 @@ class SheetWindow : public QWidget {
 
   const Canvas* canvas_ = nullptr;
   int percent_ = 100;
+  QPoint turned_;  // of the wheel, less than a notch
 };
 
 class CanvasAdapter : public TypedAdapter<Canvas, SheetWindow> {
