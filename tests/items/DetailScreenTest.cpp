@@ -31,7 +31,6 @@ TEST_P(DetailScreenTest, APictureIsChosenKeptByItsPathAndRemoved) {
   WriteFile(picture, "GIF89a");
   WriteFile(text, "no picture");
   stockroom.desktop.brokenPictures = {text};
-  ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     OpenRow(1, [&](ItemDetailScreen& part) {
       stockroom.desktop.ExpectFile(kDialog, std::nullopt);
@@ -64,7 +63,6 @@ TEST_P(DetailScreenTest, APictureIsChosenKeptByItsPathAndRemoved) {
 }
 
 TEST_P(DetailScreenTest, TheDetailReportShowsWhatTheScreenShows) {
-  ASSERT_TRUE(stockroom.Start());
   WithPart(1, [&](ItemDetailScreen& part) {
     Enter(part.hp_cost_per, "12.3456");
     stockroom.user().Type(part.notes,
@@ -102,7 +100,6 @@ TEST_P(DetailScreenTest, TheDetailReportShowsWhatTheScreenShows) {
 }
 
 TEST_P(DetailScreenTest, TheScreenPrintAsksFirst) {
-  ASSERT_TRUE(stockroom.Start());
   WithPart(1, [&](ItemDetailScreen& part) {
     for (const Answer answer : {Answer::No, Answer::Yes}) {
       ExpectBox(
@@ -120,7 +117,6 @@ TEST_P(DetailScreenTest, ANewNumberGoesToPartsGroupLinesAndOpenOrdersAlone) {
   stockroom.Fill("Inv_Recipe", "rec_id | inv_id | desc\n A | AB1 |\n B | ab1 | RECIPE IN RECIPE");
   stockroom.Fill("PSO_Detail", "pso_id | pso_inv_id\n 1 | ab1");
   stockroom.Fill("Hist_Purchases", "inv_id | p_date | p_qty | price\n ab1 | 2026-01-05 | 99 | 1");
-  ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     OpenRow(1, [&](ItemDetailScreen& part) {
       EXPECT_EQ(part.valuation.Text(), "14.50");
@@ -143,7 +139,6 @@ TEST_P(DetailScreenTest, ANewNumberGoesToPartsGroupLinesAndOpenOrdersAlone) {
 }
 
 TEST_P(DetailScreenTest, ANumberChangeThatIsRefusedOrCancelledChangesNothing) {
-  ASSERT_TRUE(stockroom.Start());
   WithPart(1, [&](ItemDetailScreen& part) {
     for (const std::optional<std::string>& answer :
          {std::optional<std::string>(), std::optional<std::string>(""),
@@ -166,7 +161,6 @@ TEST_P(DetailScreenTest, ANumberChangeThatIsRefusedOrCancelledChangesNothing) {
 }
 
 TEST_P(DetailScreenTest, AFailingNumberChangeStopsAndLeavesTheScreenOpen) {
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   jet::Recordset theirs = other.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '10'");
   WithPart(1, [&](ItemDetailScreen& part) {

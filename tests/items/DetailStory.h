@@ -1,14 +1,9 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-
 #include "items/KVI_InventoryDetail.h"
 #include "items/KVI_InventoryDetail1Screen.h"
 #include "items/KVI_InventorySummary.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 
 namespace kvi::test {
 
@@ -17,7 +12,7 @@ enum class View { Tabs, OnePage };
 
 // A user who works with parts through the summary and a detail screen. The summary lists 10
 // "Belt", 20 "Ring", 30 "Seal", in this order.
-class DetailStory {
+class DetailStory : protected Story {
  public:
   explicit DetailStory(View view) : view_(view) {
     stockroom.Set("UseOldStyleInventoryDetail", OnePage() ? "1" : "0");
@@ -42,23 +37,20 @@ class DetailStory {
   std::string Name() const {
     return OnePage() ? "KVI_InventoryDetail1Screen" : "KVI_InventoryDetail";
   }
-  KVI_InventorySummary& Summary() { return stockroom.App().Get<KVI_InventorySummary>(); }
+  KVI_InventorySummary& Summary() { return The<KVI_InventorySummary>(); }
   ItemDetailScreen& Detail() {
-    if (OnePage()) return stockroom.App().Get<KVI_InventoryDetail1Screen>();
-    return stockroom.App().Get<KVI_InventoryDetail>();
+    if (OnePage()) return The<KVI_InventoryDetail1Screen>();
+    return The<KVI_InventoryDetail>();
   }
 
   // Runs a user's acts on the summary and leaves it; `stale` tells what the parts groups' costs
   // were then.
-  void InSummary(const std::function<void()>& user) {
-    stockroom.desktop.ExpectScreen("KVI_InventorySummary", [this, user] {
+  void InSummary(const Acts& user) {
+    Visit<KVI_InventorySummary>(&Main::Label1, [&] {
       user();
       stale = stockroom.App().PartGroupCostsStale;
       stockroom.App().PartGroupCostsStale = false;
-      stockroom.user().Click(Summary().exit_lab);
     });
-    stockroom.user().Click(stockroom.MainScreen().Label1);
-    stockroom.desktop.AllCame();
   }
   // The user's acts on the detail screen that comes next; it is left by its window's box unless
   // they leave it.
@@ -79,23 +71,15 @@ class DetailStory {
   // Types into a field and leaves it.
   template <class Field>
   void Enter(Field& field, const std::string& text) {
-    EXPECT_TRUE(stockroom.user().Type(field, text)) << field.Name();
+    Type(field, text);
     EXPECT_TRUE(stockroom.user().Leave(field)) << field.Name();
-  }
-  void Click(ActionLabel& label) { EXPECT_TRUE(stockroom.user().Click(label)) << label.Name(); }
-  void Click(Button& button) { EXPECT_TRUE(stockroom.user().Click(button)) << button.Name(); }
-  void ExpectBox(const std::string& text, Answer answer = Answer::Ok,
-                 const std::string& title = "Kestvar Inventory") {
-    stockroom.desktop.ExpectBox(text, answer, title);
   }
 
   std::string Items(const std::string& fields, const std::string& where = "") {
     return stockroom.Rows("SELECT " + fields + " FROM I_Master" +
                           (where.empty() ? "" : " WHERE " + where) + " ORDER BY inv_id");
   }
-  jet::Database OtherDesk() { return jet::Database::Open(stockroom.DatabaseFile(), false); }
 
-  TestStockroom stockroom;
   bool stale = false;
 
  private:
@@ -103,7 +87,7 @@ class DetailStory {
 };
 
 // A story told on both layouts.
-class DetailStoryTest : public ::testing::TestWithParam<View>, public DetailStory {
+class DetailStoryTest : public ::testing::TestWithParam<View>, protected DetailStory {
  protected:
   DetailStoryTest() : DetailStory(GetParam()) {}
 };

@@ -1,15 +1,13 @@
-#include <gtest/gtest.h>
-
 #include "base/RunTimeError.h"
 #include "grids/SprdSubs.h"
 #include "items/KVI_InventorySummary.h"
 #include "store/Schema.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 
 namespace kvi::test {
 namespace {
 
-class InventorySummaryTest : public ::testing::Test {
+class InventorySummaryTest : public ScreenStory<KVI_InventorySummary> {
  protected:
   InventorySummaryTest() {
     stockroom.Fill("DD_category", "Description\n Belts\n Seals");
@@ -22,21 +20,8 @@ class InventorySummaryTest : public ::testing::Test {
                    "100 | 0 | belt A20 | apart | belts | Bin 3 | nord | | 2 | yes\n"
                    "11 | 4 | Elsewhere | | Belts | Bin 9 | Nord | | 4 | YES");
   }
-  void Open(std::function<void(KVI_InventorySummary&)> user) {
-    stockroom.desktop.ExpectScreen("KVI_InventorySummary", [this, user] {
-      user(Summary());
-      stockroom.user().Click(Summary().exit_lab);
-    });
-    stockroom.user().Click(stockroom.MainScreen().Label1);
-    stockroom.desktop.AllCame();
-  }
-  KVI_InventorySummary& Summary() { return stockroom.App().Get<KVI_InventorySummary>(); }
-  std::string Numbers() { return GridText(Summary().Spread1, 4, 4); }
-  void Choose(ComboBox& combo, const std::string& entry) {
-    ASSERT_TRUE(stockroom.user().Choose(combo, combo.IndexOf(entry))) << entry;
-  }
-
-  TestStockroom stockroom;
+  void Open(const Acts& user) { Visit<KVI_InventorySummary>(&Main::Label1, user); }
+  std::string Numbers() { return Column(4); }
 };
 
 TEST_F(InventorySummaryTest, ShowsThe21ColumnsOfTheProfitCenterWithNullAsEmpty) {
@@ -49,40 +34,38 @@ TEST_F(InventorySummaryTest, ShowsThe21ColumnsOfTheProfitCenterWithNullAsEmpty) 
       "7 | 0 | Belt | Belts | Bin 2 | wide | case | 12.34565 | 2.345 | box | 12 | each | "
       "100 | 1 | 1000000 | yes | Nord | N7 | Alpha | A7 | Omega | O7\n"
       "8 | 0 | Seal | | | | | | | each | | each | | | | |");
-  ASSERT_TRUE(stockroom.Start());
   stockroom.App().UseColors = true;
   // The start repaired what a part needs; the other holes stay.
-  Open([&](auto& screen) {
-    EXPECT_EQ(GridText(screen.Spread1),
+  Open([&] {
+    EXPECT_EQ(GridText(Grid()),
               "Belt|Belts|Bin 2|7|wide|case|$ 12.3457|2.35|box|12.00|each|100.00|1.00|1000000.00|"
               "Active|Nord|N7|Alpha|A7|Omega|O7\n"
               "Seal|||8|||$ 0.0000|0.00|each||each|1.00|0.00||Not-Active||||||\n");
-    EXPECT_EQ(screen.Spread1.Text(0, 4), "Part #");
-    EXPECT_EQ(screen.Spread1.Text(0, 21), "Where 3 ID#");
-    EXPECT_TRUE(screen.Spread1.Format(1, 1).Lock);
-    EXPECT_EQ(screen.Spread1.Format(2, 1).BackColor, kLightGrey);
-    EXPECT_EQ(screen.StatusBar1.PanelText(1), "1 of 2 records");
+    EXPECT_EQ(Grid().Text(0, 4), "Part #");
+    EXPECT_EQ(Grid().Text(0, 21), "Where 3 ID#");
+    EXPECT_TRUE(Grid().Format(1, 1).Lock);
+    EXPECT_EQ(Grid().Format(2, 1).BackColor, kLightGrey);
+    EXPECT_EQ(Screen().StatusBar1.PanelText(1), "1 of 2 records");
   });
 }
 
 TEST_F(InventorySummaryTest, FiltersByCategoryAndByTheFirstVendorOnly) {
-  ASSERT_TRUE(stockroom.Start());
-  Open([&](auto& screen) {
+  Open([&] {
     EXPECT_EQ(Numbers(), "100\n10\n9\n") << "by name, whatever its case; inactive ones too";
-    Choose(screen.CatCombo, "Belts");
+    Choose(Screen().CatCombo, "Belts");
     EXPECT_EQ(Numbers(), "100\n10\n");
-    Choose(screen.VendorCombo, "Alpha");
+    Choose(Screen().VendorCombo, "Alpha");
     EXPECT_EQ(Numbers(), "");
-    EXPECT_EQ(screen.StatusBar1.PanelText(1), "0 of 0 records");
-    Choose(screen.CatCombo, "(All Categories)");
+    EXPECT_EQ(Screen().StatusBar1.PanelText(1), "0 of 0 records");
+    Choose(Screen().CatCombo, "(All Categories)");
     EXPECT_EQ(Numbers(), "9\n") << "a second vendor does not count";
-    EXPECT_EQ(screen.Spread1.ActiveRow(), 1);
+    EXPECT_EQ(Grid().ActiveRow(), 1);
     EXPECT_EQ(stockroom.App().CurrentOrderVendor, "Alpha");
-    Choose(screen.CatCombo, "Seals");
+    Choose(Screen().CatCombo, "Seals");
   });
-  Open([&](auto& screen) {
-    EXPECT_EQ(screen.CatCombo.Text(), "Seals") << "the category survives leaving";
-    EXPECT_EQ(screen.VendorCombo.Text(), "(All Vendors)") << "the vendor does not";
+  Open([&] {
+    EXPECT_EQ(Screen().CatCombo.Text(), "Seals") << "the category survives leaving";
+    EXPECT_EQ(Screen().VendorCombo.Text(), "(All Vendors)") << "the vendor does not";
     EXPECT_EQ(Numbers(), "9\n");
   });
   EXPECT_EQ(stockroom.App().CurrentOrderVendor, "Alpha") << "opening is not choosing";
@@ -91,8 +74,7 @@ TEST_F(InventorySummaryTest, FiltersByCategoryAndByTheFirstVendorOnly) {
 }
 
 TEST_F(InventorySummaryTest, SortsByTheChoiceAndNumbersAsText) {
-  ASSERT_TRUE(stockroom.Start());
-  Open([&](auto& screen) {
+  Open([&] {
     const struct {
       const char *choice, *numbers;
     } cases[] = {{"Description", "100\n9\n10\n"},
@@ -101,68 +83,63 @@ TEST_F(InventorySummaryTest, SortsByTheChoiceAndNumbersAsText) {
                  {"#", "10\n100\n9\n"},
                  {"Name", "100\n10\n9\n"}};
     for (const auto& [choice, numbers] : cases) {
-      Choose(screen.SortCombo, choice);
+      Choose(Screen().SortCombo, choice);
       EXPECT_EQ(Numbers(), numbers) << choice;
     }
-    EXPECT_EQ(screen.SortCombo.IndexOf("Line #"), -1);
+    EXPECT_EQ(Screen().SortCombo.IndexOf("Line #"), -1);
   });
 }
 
 TEST_F(InventorySummaryTest, ManualRefreshLeavesTheGridEmptyUntilAsked) {
-  ASSERT_TRUE(stockroom.Start());
-  Open([&](auto& screen) {
-    EXPECT_FALSE(stockroom.user().Click(screen.refresh_lab)) << "disabled under auto refresh";
-    stockroom.user().Choose(screen.ManualRefresh);
-    EXPECT_EQ(screen.Label2.Caption(),
+  Open([&] {
+    EXPECT_FALSE(stockroom.user().Click(Screen().refresh_lab)) << "disabled under auto refresh";
+    stockroom.user().Choose(Screen().ManualRefresh);
+    EXPECT_EQ(Screen().Label2.Caption(),
               "(Double-Click on an item to view detail  information, Click Refresh before sorting "
               "or deleting)");
   });
-  Open([&](auto& screen) {
+  Open([&] {
     EXPECT_EQ(Numbers(), "");
-    stockroom.user().Click(screen.refresh_lab);
+    stockroom.user().Click(Screen().refresh_lab);
     EXPECT_EQ(Numbers(), "100\n10\n9\n");
-    Choose(screen.CatCombo, "Seals");
+    Choose(Screen().CatCombo, "Seals");
     EXPECT_EQ(Numbers(), "9\n") << "a filter reloads under manual refresh too";
-    stockroom.user().Choose(screen.AutoRefresh);
-    EXPECT_EQ(screen.Label2.Caption(), "(Double-Click on an item to view detail  information)");
+    stockroom.user().Choose(Screen().AutoRefresh);
+    EXPECT_EQ(Screen().Label2.Caption(), "(Double-Click on an item to view detail  information)");
   });
 }
 
 TEST_F(InventorySummaryTest, ACategoryThatLeftTheListFallsBackToAll) {
   stockroom.Set("CurrentInventoryCategory", "Gone");
-  ASSERT_TRUE(stockroom.Start());
-  Open([&](auto& screen) {
-    EXPECT_EQ(screen.CatCombo.Text(), "(All Categories)");
+  Open([&] {
+    EXPECT_EQ(Screen().CatCombo.Text(), "(All Categories)");
     EXPECT_EQ(Numbers(), "100\n10\n9\n");
   });
 }
 
 TEST_F(InventorySummaryTest, AListThatCannotBeReadCostsItsFilterAlone) {
-  ASSERT_TRUE(stockroom.Start());
   std::vector<jet::TableDef> tables = Schema();
   std::erase_if(tables, [](const jet::TableDef& table) { return table.Name == "DD_category"; });
   stockroom.App().CurrentDatabase = jet::Database::Create(stockroom.folder / "old.mdb", tables);
   stockroom.Fill("Vendor_Info", "Name\n Nord");
   stockroom.Fill("I_Master",
                  "inv_id | pcenter | name | where1\n 1 | 0 | Nut | Nord\n 2 | 0 | Bolt |");
-  stockroom.desktop.ExpectBox("3078 " + DescriptionOf(3078) + " (DD_category)");
-  Open([&](auto& screen) {
+  ExpectBox("3078 " + DescriptionOf(3078) + " (DD_category)");
+  Open([&] {
     EXPECT_EQ(Numbers(), "2\n1\n");
-    Choose(screen.VendorCombo, "Nord");
+    Choose(Screen().VendorCombo, "Nord");
     EXPECT_EQ(Numbers(), "1\n");
   });
 }
 
 TEST_F(InventorySummaryTest, ColumnWidthsAreKeptForTheInstallation) {
-  ASSERT_TRUE(stockroom.Start());
-  Open([&](auto& screen) {
-    screen.Spread1.SetColWidth(1, 3210);
-    screen.Spread1.SetColWidth(2, 20);
+  Open([&] {
+    Grid().SetColWidth(1, 3210);
+    Grid().SetColWidth(2, 20);
   });
-  ASSERT_TRUE(stockroom.Start());
-  Open([&](auto& screen) {
-    EXPECT_EQ(screen.Spread1.ColWidth(1), 3210);
-    EXPECT_EQ(screen.Spread1.ColWidth(2), 150) << "a column dragged shut comes back visible";
+  Open([&] {
+    EXPECT_EQ(Grid().ColWidth(1), 3210);
+    EXPECT_EQ(Grid().ColWidth(2), 150) << "a column dragged shut comes back visible";
   });
 }
 
@@ -170,25 +147,23 @@ TEST_F(InventorySummaryTest, ColumnWidthsAreKeptForTheInstallation) {
 // nothing else runs from that text.
 TEST_F(InventorySummaryTest, AQuoteInACategoryBreaksTheStatementAndNothingMore) {
   stockroom.Fill("DD_category", "Description\n O'Ring\n x'; DELETE * FROM I_Master; --");
-  ASSERT_TRUE(stockroom.Start());
-  Open([&](auto& screen) {
-    Choose(screen.CatCombo, "O'Ring");
-    Choose(screen.CatCombo, "x'; DELETE * FROM I_Master; --");
-    Choose(screen.CatCombo, "(All Categories)");
+  Open([&] {
+    Choose(Screen().CatCombo, "O'Ring");
+    Choose(Screen().CatCombo, "x'; DELETE * FROM I_Master; --");
+    Choose(Screen().CatCombo, "(All Categories)");
     EXPECT_EQ(Numbers(), "100\n10\n9\n");
   });
 }
 
 TEST_F(InventorySummaryTest, PrintsTheGridUnderCompanyTitleAndDate) {
-  ASSERT_TRUE(stockroom.Start());
-  Open([&](auto& screen) {
-    stockroom.desktop.ExpectBox(
+  Open([&] {
+    ExpectBox(
         "This is a draft/screen print only. Use the 'print system' for better quality.\n\n"
         "Are you sure you want to print this report?",
         Answer::Yes, "Print");
-    stockroom.user().Click(screen.print_lab);
+    stockroom.user().Click(Screen().print_lab);
     stockroom.desktop.DocumentSaved("/printed/List.pdf");
-    EXPECT_EQ(screen.StatusBar1.PanelText(2), "Printed to /printed/List.pdf");
+    EXPECT_EQ(Screen().StatusBar1.PanelText(2), "Printed to /printed/List.pdf");
   });
   ASSERT_EQ(stockroom.desktop.documents.size(), 1U);
   const std::string page = stockroom.desktop.documents[0]->Page(1);
@@ -200,10 +175,9 @@ TEST_F(InventorySummaryTest, ExportsForTheSpreadsheetProgram) {
   const std::string program = stockroom.folder / "calc";
   WriteFile(program, "#!");
   stockroom.Set("SpreadsheetExePath", program);
-  ASSERT_TRUE(stockroom.Start());
-  Open([&](auto& screen) {
+  Open([&] {
     stockroom.desktop.ExpectProgram(program + " \"" + (stockroom.folder / "temp.xls") + "\"");
-    stockroom.user().Click(screen.m_export);
+    stockroom.user().Click(Screen().m_export);
   });
   const std::string file = ReadFile(stockroom.folder / "temp.xls");
   EXPECT_EQ(file.substr(0, file.find("\tDesc")), "Name\tCategory\tLocation\tPart #");
@@ -223,8 +197,7 @@ TEST_F(InventorySummaryTest, OverASigned16BitCountTheLoadEndsWithTheRowsReached)
     }
     batch.Finish();
   }
-  ASSERT_TRUE(stockroom.Start());
-  Open([&](auto& screen) { EXPECT_EQ(screen.Spread1.MaxRows(), 32767); });
+  Open([&] { EXPECT_EQ(Grid().MaxRows(), 32767); });
 }
 
 }  // namespace

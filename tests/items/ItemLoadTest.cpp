@@ -11,7 +11,6 @@ INSTANTIATE_TEST_SUITE_P(Views, ItemLoadTest, kBothViews, ViewName);
 TEST_P(ItemLoadTest, ShowsThePartUnderItsNumber) {
   stockroom.Fill("R_Master", "rec_id | name\n A | Pump\n B | Gearbox");
   stockroom.Fill("Inv_Recipe", "rec_id | inv_id\n A | 10\n A | 10\n B | 10\n B | 20");
-  ASSERT_TRUE(stockroom.Start());
   WithPart(1, [&](ItemDetailScreen& part) {
     EXPECT_EQ(part.Caption(), "Detail - Belt");
     EXPECT_EQ(Texts(part.i_num, part.iname, part.category, part.location, part.desc, part.notes,
@@ -38,7 +37,6 @@ TEST_P(ItemLoadTest, ShowsThePartUnderItsNumber) {
 
 // What the layouts do differently, beside what they say.
 TEST_P(ItemLoadTest, OnlyTheTabsReadTheCorporateFlagAndShowThePurchaseSize) {
-  ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     OpenRow(2, [&](ItemDetailScreen& part) {
       EXPECT_TRUE(stockroom.user().Choose(part.rbNCII));
@@ -57,7 +55,6 @@ TEST_P(ItemLoadTest, OnlyTheTabsReadTheCorporateFlagAndShowThePurchaseSize) {
 TEST_P(ItemLoadTest, NullReadsAsEmptyOrZeroAndAnOddVendorNumberChoosesNone) {
   stockroom.Execute("DELETE * FROM I_Master");
   stockroom.Fill("I_Master", "inv_id | pcenter | name | VendorOptNo\n 5 | 0 | Bare | 4");
-  ASSERT_TRUE(stockroom.Start());
   WithPart(1, [&](ItemDetailScreen& part) {
     EXPECT_EQ(Texts(part.category, part.desc, part.how_purchased, part.hi_qty, part.optimal,
                     part.qty_on_hand, part.hp_cost_per, part.Price1, part.BarCodeScanId),
@@ -68,7 +65,6 @@ TEST_P(ItemLoadTest, NullReadsAsEmptyOrZeroAndAnOddVendorNumberChoosesNone) {
 }
 
 TEST_P(ItemLoadTest, FieldsRecomputeWhenTheyAreLeftAndNotBefore) {
-  ASSERT_TRUE(stockroom.Start());
   WithPart(1, [&](ItemDetailScreen& part) {
     stockroom.user().Type(part.hp_cost_per, "50.123456");
     EXPECT_EQ(Texts(part.hp_cost_per, part.hi_cost_per), "50.123456|8.3333");
@@ -99,7 +95,6 @@ TEST_P(ItemLoadTest, FieldsRecomputeWhenTheyAreLeftAndNotBefore) {
 }
 
 TEST_P(ItemLoadTest, EachListedControlMarksThePartAsChanged) {
-  ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     for (const char* name :
          {"BarCodeScanId", "desc",          "hi_qty",   "hp_cost_per", "hu_qty",   "iname",
@@ -123,7 +118,6 @@ TEST_P(ItemLoadTest, EachListedControlMarksThePartAsChanged) {
 
 TEST_P(ItemLoadTest, StepsAlongTheGridWithPlainNumbersAndThePricesOfThePartBefore) {
   stockroom.Execute("UPDATE I_Master SET qty_on_hand = 8.5 WHERE inv_id = '20'");
-  ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     OpenRow(1, [&](ItemDetailScreen& part) {
       ExpectBox(OnePage() ? "Already at beginning of recordset"
@@ -152,7 +146,6 @@ TEST_P(ItemLoadTest, StepsAlongTheGridWithPlainNumbersAndThePricesOfThePartBefor
 
 // The part before may neither show under the number of one that is gone nor be saved there.
 TEST_P(ItemLoadTest, APartThatIsGoneShowsBlankFieldsThatNoSaveTakes) {
-  ASSERT_TRUE(stockroom.Start());
   const auto triesToSave = [&](ItemDetailScreen& part) {
     EXPECT_EQ(Texts(part.i_num, part.iname, part.category, part.hp_cost_per, part.hi_qty,
                     part.Price1, part.v_id1, part.hu_cost_per),
@@ -188,7 +181,6 @@ TEST_P(ItemLoadTest, APartThatIsGoneShowsBlankFieldsThatNoSaveTakes) {
 }
 
 TEST_P(ItemLoadTest, APartUnderAnotherDesksLockShowsBlankFieldsThatNoSaveTakes) {
-  ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     OpenRow(1, [&](ItemDetailScreen& part) {
       jet::Database other = jet::Database::Open(stockroom.DatabaseFile(), true);
@@ -210,7 +202,6 @@ TEST_P(ItemLoadTest, APartUnderAnotherDesksLockShowsBlankFieldsThatNoSaveTakes) 
 
 TEST_P(ItemLoadTest, AQuoteInANumberIsTheEnginesErrorAndNothingMore) {
   stockroom.Fill("I_Master", "inv_id | pcenter | name\n 4'4 | 0 | Angle");
-  ASSERT_TRUE(stockroom.Start());
   const auto expectErrorOf = [&](const std::string& sql) {
     try {
       stockroom.Rows(sql);
@@ -231,7 +222,6 @@ TEST_P(ItemLoadTest, AQuoteInANumberIsTheEnginesErrorAndNothingMore) {
 }
 
 TEST_P(ItemLoadTest, AFieldThatCannotBeReadLeavesItsControlAsItWas) {
-  ASSERT_TRUE(stockroom.Start());
   std::vector<jet::TableDef> tables = Schema();
   std::erase_if(tables, [](const jet::TableDef& table) { return table.Name == "DD_how_used"; });
   std::erase_if(tables[0].Fields, [](const jet::FieldDef& field) { return field.Name == "notes"; });
@@ -253,7 +243,6 @@ TEST_P(ItemLoadTest, TheValuationIsThatOfTheMethodAndAFailedAverageIsSaid) {
   stockroom.Fill("Hist_Purchases",
                  "inv_id | p_date | p_qty | price\n 10 | 2026-01-05 | 10 | 1\n"
                  " 10 | 2026-02-05 | 30 | 2\n 20 | 2026-01-05 | 0 | 9");
-  ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     OpenRow(1, [&](ItemDetailScreen& part) {
       Enter(part.qty_on_hand, "4");
@@ -271,7 +260,6 @@ TEST_P(ItemLoadTest, TheValuationIsThatOfTheMethodAndAFailedAverageIsSaid) {
 }
 
 TEST_P(ItemLoadTest, UseVendorPriceOffersTheCurrentVendorsPrice) {
-  ASSERT_TRUE(stockroom.Start());
   WithPart(1, [&](ItemDetailScreen& part) {
     ExpectBox("Use price for vendor no. 2 as current price?", Answer::No, "PBI");
     part.UseVendorPrice();

@@ -17,7 +17,6 @@ class ItemSaveTest : public DetailStoryTest {
 INSTANTIATE_TEST_SUITE_P(Views, ItemSaveTest, kBothViews, ViewName);
 
 TEST_P(ItemSaveTest, WritesEveryFieldInTheFormInWhichItIsKept) {
-  ASSERT_TRUE(stockroom.Start());
   WithPart(1, [&](ItemDetailScreen& part) {
     auto& user = stockroom.user();
     user.Choose(part.n_active_i);
@@ -70,7 +69,6 @@ TEST_P(ItemSaveTest, WithoutTheWriteRightTheStoredValuesComeBack) {
 }
 
 TEST_P(ItemSaveTest, AddBlanksTheScreenAndTheNextFreeNumberIsGivenAtTheSave) {
-  ASSERT_TRUE(stockroom.Start());
   WithPart(1, [&](ItemDetailScreen& part) {
     Enter(part.desc, "changed");
     ExpectBox("Changes have been made.  Save before creating new order?", Answer::Cancel, "Detail");
@@ -101,7 +99,6 @@ TEST_P(ItemSaveTest, AddBlanksTheScreenAndTheNextFreeNumberIsGivenAtTheSave) {
 }
 
 TEST_P(ItemSaveTest, ANumberThatStandsIsRefusedInItsFieldAndMayBeOverwrittenBySaving) {
-  ASSERT_TRUE(stockroom.Start());
   WithPart(1, [&](ItemDetailScreen& part) {
     Click(part.dai);
     ExpectBox("Inv ID Number 20 already exists. Please enter a new ID number.");
@@ -125,7 +122,6 @@ TEST_P(ItemSaveTest, ANumberThatStandsIsRefusedInItsFieldAndMayBeOverwrittenBySa
 }
 
 TEST_P(ItemSaveTest, APartThatIsOpenedAfterAnAdditionWasLeftIsNoNewOne) {
-  ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     OpenRow(1, [&](ItemDetailScreen& part) {
       Click(part.dai);
@@ -140,7 +136,6 @@ TEST_P(ItemSaveTest, APartThatIsOpenedAfterAnAdditionWasLeftIsNoNewOne) {
 }
 
 TEST_P(ItemSaveTest, ASharedNameIsWarnedOfAndSavedAllTheSame) {
-  ASSERT_TRUE(stockroom.Start());
   WithPart(2, [&](ItemDetailScreen& part) {
     Enter(part.iname, "bELT");
     ExpectBox(
@@ -154,7 +149,6 @@ TEST_P(ItemSaveTest, ASharedNameIsWarnedOfAndSavedAllTheSame) {
 }
 
 TEST_P(ItemSaveTest, AnotherDesksLockAsksUntilItIsGoneOrTheUserGivesUp) {
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   jet::Recordset theirs = other.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '10'");
   WithPart(1, [&](ItemDetailScreen& part) {
@@ -179,7 +173,6 @@ TEST_P(ItemSaveTest, AnotherDesksLockAsksUntilItIsGoneOrTheUserGivesUp) {
 }
 
 TEST_P(ItemSaveTest, ANumberTakenByAnotherDeskInTheMeantimeIsADuplicate) {
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   jet::Recordset theirs = other.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '10'");
   WithPart(1, [&](ItemDetailScreen& part) {
@@ -232,7 +225,6 @@ TEST_P(ItemSaveTest, ATextTooLongForItsFieldIsSaidAndNothingIsSaved) {
 }
 
 TEST_P(ItemSaveTest, LeavingAChangedPartAsks) {
-  ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     for (const Answer answer : {Answer::No, Answer::Yes}) {
       OpenRow(1, [&](ItemDetailScreen& part) {

@@ -23,7 +23,6 @@ INSTANTIATE_TEST_SUITE_P(Views, SummaryActionsTest, kBothViews, ViewName);
 // New makes the tabs ready alone: the one page comes up with its own last part.
 TEST_P(SummaryActionsTest, NewBlanksTheTabsByAListOfItsOwn) {
   stockroom.Execute("UPDATE I_Master SET active = 'NO', CorpInventoryItem = False");
-  ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     OpenRow(1, [](ItemDetailScreen&) {});
     ExpectDetail([&](ItemDetailScreen& part) {
@@ -52,7 +51,6 @@ TEST_P(SummaryActionsTest, NewBlanksTheTabsByAListOfItsOwn) {
 }
 
 TEST_P(SummaryActionsTest, OpeningTellsTheNumberToTheLayoutOfThePreferences) {
-  ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     stockroom.user().Choose(Summary().CatCombo, Summary().CatCombo.IndexOf("Seals"));
     stockroom.user().DoubleClick(Summary().Spread1, 0, 1);
@@ -95,7 +93,6 @@ TEST_P(SummaryActionsTest, ADuplicateIsMarkedAndLacksScanNumberPricesAndVendorCh
 TEST_P(SummaryActionsTest, RemovingTakesThePartAndItsGroupLinesAlone) {
   stockroom.Fill("Inv_Recipe", "rec_id | inv_id\n A | 30\n A | 10");
   stockroom.Fill("Hist_Purchases", "inv_id | p_qty\n 30 | 1");
-  ASSERT_TRUE(stockroom.Start());
   InSummary([&] {
     Remove(3);
     Click(Summary().remove);
@@ -116,7 +113,6 @@ TEST_P(SummaryActionsTest, RemovingTakesThePartAndItsGroupLinesAlone) {
 }
 
 TEST_P(SummaryActionsTest, ARemovalThatFailsIsToldAndRemovesNothing) {
-  ASSERT_TRUE(stockroom.Start());
   std::vector<jet::TableDef> tables = Schema();
   std::erase_if(tables, [](const jet::TableDef& table) { return table.Name == "Inv_Recipe"; });
   stockroom.App().CurrentDatabase = jet::Database::Create(stockroom.folder / "old.mdb", tables);
@@ -140,7 +136,6 @@ TEST_P(SummaryActionsTest, RemovingAndAddingNeedTheWriteRight) {
 }
 
 TEST_P(SummaryActionsTest, ALockedPartIsRemovedOnceTheLockIsGoneOrNotAtAll) {
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   jet::Recordset theirs = other.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '20'");
   InSummary([&] {

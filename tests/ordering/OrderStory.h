@@ -1,20 +1,15 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-
 #include "base/RunTimeError.h"
 #include "ordering/KVI_OrderSystem.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 
 namespace kvi::test {
 
 // A buyer at the par sheet. It lists, by name: 10 "Belt" (6 below par, below its re-order level),
 // 9 "Ring" (at par) and 100 "Seal" (half a piece below par). 20 of "Seal" are on order in two saved
 // orders, "Weekly" (7) and "Invoice:4711" (8), whose line for "Belt" has no price.
-class OrderStory : public ::testing::Test {
+class OrderStory : public ScreenStory<KVI_OrderSystem> {
  protected:
   OrderStory() {
     stockroom.Fill("I_Master",
@@ -36,23 +31,17 @@ class OrderStory : public ::testing::Test {
                    "0 | 8 | 10 | 1 | \n 4 | 9 | 12 | 1 | 1");
   }
 
-  KVI_OrderSystem& Screen() { return stockroom.App().Get<KVI_OrderSystem>(); }
-  Spread& Grid() { return Screen().Spread1; }
-
   // Opens the screen by its tile, runs the user's acts and leaves it; `questions` are expected
   // while leaving.
   void Order(
-      const std::function<void()>& user, const std::function<void()>& questions = [] {}) {
-    stockroom.desktop.ExpectScreen("KVI_OrderSystem", [&] {
+      const Acts& user, const Acts& questions = [] {}) {
+    Visit<KVI_OrderSystem>(&Main::Label16, [&] {
       user();
       questions();
-      Click(Screen().exit_lab);
     });
-    stockroom.user().Click(stockroom.MainScreen().Label16);
-    stockroom.desktop.AllCame();
   }
   void Receive(
-      const std::function<void()>& user, const std::function<void()>& questions = [] {}) {
+      const Acts& user, const Acts& questions = [] {}) {
     Order(
         [&] {
           stockroom.user().Choose(Screen().TabStrip1, 1);
@@ -60,30 +49,11 @@ class OrderStory : public ::testing::Test {
         },
         questions);
   }
-  template <class Clickable>
-  void Click(Clickable& control) {
-    EXPECT_TRUE(stockroom.user().Click(control)) << control.Name();
-  }
-  void Choose(ComboBox& combo, const std::string& entry) {
-    EXPECT_TRUE(stockroom.user().Choose(combo, combo.IndexOf(entry))) << entry;
-  }
-  void Type(int row, int col, const std::string& text) {
-    EXPECT_TRUE(stockroom.user().TypeIntoCell(Grid(), row, col, text)) << row << ", " << col;
-  }
-  void ExpectBox(const std::string& text, Answer answer = Answer::Ok,
-                 const std::string& title = "Kestvar Inventory") {
-    stockroom.desktop.ExpectBox(text, answer, title);
-  }
-  std::string Column(int col) { return GridText(Grid(), col, col); }
-  int Color(int row, int col) { return Grid().Format(row, col).BackColor; }
   std::string Items() {
     return stockroom.Rows(
         "SELECT inv_id, qty_on_hand, cost_per, valuation FROM I_Master WHERE pcenter = 0 and "
         "active = 'YES' ORDER BY name");
   }
-  jet::Database OtherDesk() { return jet::Database::Open(stockroom.DatabaseFile(), false); }
-
-  TestStockroom stockroom;
 };
 
 }  // namespace kvi::test

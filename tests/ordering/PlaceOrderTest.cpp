@@ -21,7 +21,6 @@ class PlaceOrderTest : public OrderStory {
 };
 
 TEST_F(PlaceOrderTest, TheParSheetShowsWhatIsMissingAndWhatIsOnOrder) {
-  ASSERT_TRUE(stockroom.Start());
   Order([&] {
     EXPECT_EQ(GridText(Grid(), 4, 14),
               "10|wide|case|10.00|5.00|4.00|6.00|12.00|||1.00\n"
@@ -48,7 +47,6 @@ TEST_F(PlaceOrderTest, TheParSheetShowsWhatIsMissingAndWhatIsOnOrder) {
 }
 
 TEST_F(PlaceOrderTest, TheOptionsChangeTheQuantitiesAndTheTotalWaitsForItsButton) {
-  ASSERT_TRUE(stockroom.Start());
   Order(
       [&] {
         ExpectBox(
@@ -88,7 +86,6 @@ TEST_F(PlaceOrderTest, TheOptionsChangeTheQuantitiesAndTheTotalWaitsForItsButton
 }
 
 TEST_F(PlaceOrderTest, AnOrderIsSavedUnderANameWithItsLines) {
-  ASSERT_TRUE(stockroom.Start());
   Order([&] {
     Type(1, 10, "-2");
     Type(2, 10, "");
@@ -109,7 +106,6 @@ TEST_F(PlaceOrderTest, AnOrderIsSavedUnderANameWithItsLines) {
 }
 
 TEST_F(PlaceOrderTest, LeavingTheGridAsksOnceAndActionsAskNothing) {
-  ASSERT_TRUE(stockroom.Start());
   const std::string question =
       "Changes have been made to the spreadsheet.  Do you wish to save now?\nContinue?";
   Order([&] {
@@ -128,7 +124,6 @@ TEST_F(PlaceOrderTest, LeavingTheGridAsksOnceAndActionsAskNothing) {
 TEST_F(PlaceOrderTest, AVendorWithAQuoteIsToldOnceAndFiltersNothing) {
   stockroom.Fill("Vendor_Info", "Name\n O'Neil");
   stockroom.Set("CurrentPsoVendor", "O'Neil");
-  ASSERT_TRUE(stockroom.Start());
   std::string seen;
   try {
     stockroom.App().CurrentDatabase.OpenRecordset(

@@ -28,7 +28,6 @@ class ReceiveOrderTest : public OrderStory {
 };
 
 TEST_F(ReceiveOrderTest, TheGoodsAreBookedAndTheOrdersGoOneByOne) {
-  ASSERT_TRUE(stockroom.Start());
   Receive([&] {
     EXPECT_EQ(Screen().orders.Text(), "Weekly");
     EXPECT_EQ(GridText(Grid(), 9, 13),
@@ -60,7 +59,6 @@ TEST_F(ReceiveOrderTest, TheGoodsAreBookedAndTheOrdersGoOneByOne) {
 }
 
 TEST_F(ReceiveOrderTest, EveryListedPartTakesTheCostBesideIt) {
-  ASSERT_TRUE(stockroom.Start());
   Receive([&] {
     Type(1, 11, "13");
     Type(3, 10, "0");
@@ -73,7 +71,6 @@ TEST_F(ReceiveOrderTest, EveryListedPartTakesTheCostBesideIt) {
 
 TEST_F(ReceiveOrderTest, ComingBackFromTheInvoicesOpensTheOrderAgain) {
   stockroom.Fill("Invoice", "Vendor | Number\n Acme | 1");
-  ASSERT_TRUE(stockroom.Start());
   Receive([&] {
     Choose(Screen().orders, "Invoice:4711");
     stockroom.desktop.ExpectScreen(
@@ -87,7 +84,6 @@ TEST_F(ReceiveOrderTest, ComingBackFromTheInvoicesOpensTheOrderAgain) {
 }
 
 TEST_F(ReceiveOrderTest, OfTwoDesksTheSecondBooksNothing) {
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   Receive([&] {
     ExpectBox(kReceive, Answer::Yes, "Par Order Sheet");
@@ -115,7 +111,6 @@ TEST_F(ReceiveOrderTest, OfTwoDesksTheSecondBooksNothing) {
 
 // A lock asks; the quantities of what is in the file by then are gone from the list.
 TEST_F(ReceiveOrderTest, ALockAsksAndNothingIsBookedTwice) {
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   jet::Recordset theirs = other.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '100'");
   Receive([&] {
@@ -139,7 +134,6 @@ TEST_F(ReceiveOrderTest, ALockAsksAndNothingIsBookedTwice) {
 }
 
 TEST_F(ReceiveOrderTest, RemoveTakesTheOpenedOrderAndOnTheFirstTabTheFirst) {
-  ASSERT_TRUE(stockroom.Start());
   Receive([&] {
     Choose(Screen().orders, "Invoice:4711");
     Click(Screen().remove);

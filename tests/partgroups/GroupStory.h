@@ -1,21 +1,15 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-
 #include "partgroups/KVI_PGDetail.h"
 #include "partgroups/KVI_PGSummary.h"
-#include "platform/Spread.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 
 namespace kvi::test {
 
 // A clerk with part groups: by name 12 "Pump set" (a belt and a seal), 7 "Air kit" stands first and
 // is empty; another profit center has its own. Parts by name: 10 "Belt" (2.0000 per foot), 9 "Ring"
 // (no inventoried quantity), 100 "Seal" (0.2500 each).
-class GroupStory : public ::testing::Test {
+class GroupStory : public StoryTest {
  protected:
   GroupStory() {
     stockroom.Fill("I_Master",
@@ -38,29 +32,21 @@ class GroupStory : public ::testing::Test {
     stockroom.Fill("DD_rg_cat", "Description\n Kits\n Air");
   }
 
-  KVI_PGSummary& List() { return stockroom.App().Get<KVI_PGSummary>(); }
-  KVI_PGDetail& Builder() { return stockroom.App().Get<KVI_PGDetail>(); }
+  KVI_PGSummary& List() { return The<KVI_PGSummary>(); }
+  KVI_PGDetail& Builder() { return The<KVI_PGDetail>(); }
   Spread& Lines() { return Builder().Spread1; }
   Spread& Parts() { return Builder().Spread2; }
 
-  // Opens the list by its tile, runs the user's acts and leaves it.
-  void InList(const std::function<void()>& user) {
-    stockroom.desktop.ExpectScreen("KVI_PGSummary", [&] {
-      user();
-      Click(List().exit_lab);
-    });
-    stockroom.user().Click(stockroom.MainScreen().MaintProc);
-    stockroom.desktop.AllCame();
-  }
+  void InList(const Acts& user) { Visit<KVI_PGSummary>(&Main::MaintProc, user); }
   // Opens the group of a row of the list, or a new one for row 0; the acts end with its leaving.
-  void InBuilder(int row, const std::function<void()>& user) {
+  void InBuilder(int row, const Acts& user) {
     stockroom.desktop.ExpectScreen("KVI_PGDetail", user);
     if (row == 0)
       Click(List().new_lab);
     else
       EXPECT_TRUE(stockroom.user().DoubleClick(List().Spread1, row, 1));
   }
-  void Build(int row, const std::function<void()>& user) {
+  void Build(int row, const Acts& user) {
     InList([&] {
       InBuilder(row, [&] {
         user();
@@ -68,22 +54,10 @@ class GroupStory : public ::testing::Test {
       });
     });
   }
-  template <class Clickable>
-  void Click(Clickable& control) {
-    EXPECT_TRUE(stockroom.user().Click(control)) << control.Name();
-  }
-  template <class Typed>
-  void Type(Typed& box, const std::string& text) {
-    EXPECT_TRUE(stockroom.user().Type(box, text)) << box.Name();
-  }
   void TypeQuantity(int row, const std::string& text) {
     EXPECT_TRUE(stockroom.user().TypeIntoCell(Lines(), row, KVI_PGDetail::kQuantityColumn, text));
   }
   void AddPart(int row) { EXPECT_TRUE(stockroom.user().DoubleClick(Parts(), row, 1)); }
-  void ExpectBox(const std::string& text, Answer answer = Answer::Ok,
-                 const std::string& title = "Kestvar Inventory") {
-    stockroom.desktop.ExpectBox(text, answer, title);
-  }
   // The lines on the screen, from the top to the last one with a text.
   std::string Shown() {
     std::string text = GridText(Lines());
@@ -101,9 +75,6 @@ class GroupStory : public ::testing::Test {
         "WHERE rec_id = '" +
         number + "' ORDER BY inv_id");
   }
-  jet::Database OtherDesk() { return jet::Database::Open(stockroom.DatabaseFile(), false); }
-
-  TestStockroom stockroom;
 };
 
 inline constexpr const char* kSaveFirst = "Changes have been made.  Save before exiting?";

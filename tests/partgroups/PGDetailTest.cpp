@@ -8,7 +8,6 @@ namespace {
 class PGDetailTest : public GroupStory {};
 
 TEST_F(PGDetailTest, OpensWithWhatIsStoredLessTheQuantities) {
-  ASSERT_TRUE(stockroom.Start());
   Build(2, [&] {
     EXPECT_EQ(Builder().Caption(), "Part Group Detail");
     EXPECT_EQ(Builder().rec_id.Text() + "," + Builder().rname.Text() + "," +
@@ -31,7 +30,6 @@ TEST_F(PGDetailTest, OpensWithWhatIsStoredLessTheQuantities) {
 }
 
 TEST_F(PGDetailTest, AClerkBuildsAGroupAndSeesTheSharesAtOnce) {
-  ASSERT_TRUE(stockroom.Start());
   Build(0, [&] {
     EXPECT_EQ(Builder().Caption(), "Part Group Detail - Add New Part Group");
     Type(Builder().rec_id, " 90 ");
@@ -66,7 +64,6 @@ TEST_F(PGDetailTest, AClerkBuildsAGroupAndSeesTheSharesAtOnce) {
 }
 
 TEST_F(PGDetailTest, SelectedPartsAreAddedAndSelectedLinesLeaveAGap) {
-  ASSERT_TRUE(stockroom.Start());
   Build(0, [&] {
     stockroom.user().Select(Parts(), {{1, 1, 1, 7}, {2, 1, 3, 7}});
     Click(Builder().AddToRecipe);
@@ -99,7 +96,6 @@ TEST_F(PGDetailTest, SelectedPartsAreAddedAndSelectedLinesLeaveAGap) {
 
 // A group that could not be saved is still the new one it was, and nobody else's.
 TEST_F(PGDetailTest, ANewGroupThatCannotBeSavedStaysNew) {
-  ASSERT_TRUE(stockroom.Start());
   Build(0, [&] {
     AddPart(1);
     ExpectBox(kSaveFirst);
@@ -128,7 +124,6 @@ TEST_F(PGDetailTest, ANewGroupThatCannotBeSavedStaysNew) {
 }
 
 TEST_F(PGDetailTest, AFailedSaveLosesNoLineAndAsksNothing) {
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   jet::Recordset theirs = other.OpenRecordset("SELECT * FROM R_Master WHERE rec_id = '40'");
   const std::string before = Stored("12");
@@ -159,7 +154,6 @@ TEST_F(PGDetailTest, AFailedSaveLosesNoLineAndAsksNothing) {
 }
 
 TEST_F(PGDetailTest, AGroupThatIsGoneIsNotShownNorSaved) {
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   const std::string gone = std::to_string(3167) + " " + DescriptionOf(3167);
   InList([&] {
@@ -207,7 +201,6 @@ TEST_F(PGDetailTest, WithoutTheRightASaveReturnsToWhatIsStored) {
 }
 
 TEST_F(PGDetailTest, TheLeavingAsksOnceAndHides) {
-  ASSERT_TRUE(stockroom.Start());
   InList([&] {
     InBuilder(2, [&] {
       Type(Builder().rname, "Lost");
@@ -227,7 +220,6 @@ TEST_F(PGDetailTest, TheLeavingAsksOnceAndHides) {
 }
 
 TEST_F(PGDetailTest, SortFilterAndFindWorkOnTheListBelow) {
-  ASSERT_TRUE(stockroom.Start());
   Build(2, [&] {
     Type(Builder().rname, "typed");
     const struct {
@@ -270,7 +262,6 @@ TEST_F(PGDetailTest, SortFilterAndFindWorkOnTheListBelow) {
 }
 
 TEST_F(PGDetailTest, TheReportPrintsTheGridAsTyped) {
-  ASSERT_TRUE(stockroom.Start());
   Build(2, [&] {
     TypeQuantity(1, "3");
     Click(Builder().print_lab);
@@ -303,7 +294,6 @@ TEST_F(PGDetailTest, TheReportPrintsTheGridAsTyped) {
 }
 
 TEST_F(PGDetailTest, WhatNoControlCallsIsThereAllTheSame) {
-  ASSERT_TRUE(stockroom.Start());
   Build(2, [&] {
     Builder().ListGroups();
     EXPECT_EQ(Builder().Label2.Caption() + "\n" + GridText(Parts()),

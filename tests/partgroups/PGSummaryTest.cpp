@@ -25,7 +25,6 @@ class PGSummaryTest : public GroupStory {
 };
 
 TEST_F(PGSummaryTest, ListsTheGroupsInTheOrderChosen) {
-  ASSERT_TRUE(stockroom.Start());
   InList([&] {
     EXPECT_EQ(GridText(Grid()), "Air kit|Air|7||\nPump set|Kits|12|8.1235|twice a year\n");
     EXPECT_EQ(List().StatusBar1.PanelText(1), "1 of 2 records");
@@ -56,7 +55,6 @@ TEST_F(PGSummaryTest, ListsTheGroupsInTheOrderChosen) {
 
 TEST_F(PGSummaryTest, AnEmptyListSaysWhatToDo) {
   stockroom.Execute("DELETE * FROM R_Master");
-  ASSERT_TRUE(stockroom.Start());
   const char* none =
       "No part group items in the system.  Click on the '+' icon to add a new part group item.";
   ExpectBox(none);
@@ -74,7 +72,6 @@ TEST_F(PGSummaryTest, AnEmptyListSaysWhatToDo) {
 
 TEST_F(PGSummaryTest, RemovesTheActiveGroupOrEverySelectedOneAndLeavesTheirLines) {
   stockroom.Fill("R_Master", "rec_id | pcenter | name\n 1 | 0 | A\n 2 | 0 | B\n 3 | 0 | C");
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   InList([&] {
     EXPECT_EQ(Numbers(), "1\n7\n2\n3\n12\n");
@@ -115,7 +112,6 @@ TEST_F(PGSummaryTest, RemovesTheActiveGroupOrEverySelectedOneAndLeavesTheirLines
 
 TEST_F(PGSummaryTest, DuplicatesAGroupWithItsLines) {
   stockroom.Execute("UPDATE Inv_Recipe SET inv_id = '10 ' WHERE iname = 'Old name'");
-  ASSERT_TRUE(stockroom.Start());
   InList([&] {
     Duplicate(2);
     EXPECT_EQ(GridText(Grid()),
@@ -136,7 +132,6 @@ TEST_F(PGSummaryTest, ACopyTakesAHundredLinesAndNotOneMore) {
   std::string lines = "rec_id | pcenter | inv_id | qty";
   for (int line = 1; line <= 100; ++line) lines += "\n 7 | 0 | P" + std::to_string(line) + " | 1";
   stockroom.Fill("Inv_Recipe", lines);
-  ASSERT_TRUE(stockroom.Start());
   const auto copied = [&] {
     return stockroom.Rows("SELECT count(*) as n FROM Inv_Recipe WHERE rec_id = '7 DUP'");
   };
@@ -157,7 +152,6 @@ TEST_F(PGSummaryTest, ACopyTakesAHundredLinesAndNotOneMore) {
 }
 
 TEST_F(PGSummaryTest, NewCostsShowAfterARefreshAndPrint) {
-  ASSERT_TRUE(stockroom.Start());
   InList([&] {
     ExpectBox(
         "This option will update all of your part groups to the latest costs.  \n\nAre you sure "

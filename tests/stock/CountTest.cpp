@@ -9,7 +9,6 @@ namespace {
 using CountTest = UpdateStory;
 
 TEST_F(CountTest, ACountFromItsFirstCellToTheSavedLevels) {
-  ASSERT_TRUE(stockroom.Start());
   Update([&] {
     EXPECT_EQ(GridText(Grid(), 1, 10),
               "Belt|Belts|Bin 2|10|wide|case|4.99|4.99|0.0|0.0\n"
@@ -50,7 +49,6 @@ TEST_F(CountTest, ACountFromItsFirstCellToTheSavedLevels) {
 }
 
 TEST_F(CountTest, RedStaysUntilALoadAndAZeroCountHasNoVariance) {
-  ASSERT_TRUE(stockroom.Start());
   Update([&] {
     Type(2, 8, "0");
     Type(3, 8, "10");
@@ -76,7 +74,6 @@ TEST_F(CountTest, RedStaysUntilALoadAndAZeroCountHasNoVariance) {
 }
 
 TEST_F(CountTest, BelowTheReorderPointIsJudgedByTheStoredLevelInBothUnits) {
-  ASSERT_TRUE(stockroom.Start());
   Update([&] {
     stockroom.user().Choose(Screen().show_ro);
     EXPECT_EQ(Numbers(), "10\n") << "a part at its level is not below it";
@@ -96,7 +93,6 @@ TEST_F(CountTest, BelowTheReorderPointIsJudgedByTheStoredLevelInBothUnits) {
 }
 
 TEST_F(CountTest, BlanksCountAsZeroAndOnlyNumbersIntoTheCountAreTaken) {
-  ASSERT_TRUE(stockroom.Start());
   Update([&] {
     Type(1, 8, "");
     Type(2, 8, "2e2");
@@ -118,7 +114,6 @@ TEST_F(CountTest, BlanksCountAsZeroAndOnlyNumbersIntoTheCountAreTaken) {
 }
 
 TEST_F(CountTest, LeavingAsksForWhatWasTypedAndForVariancesOnPaper) {
-  ASSERT_TRUE(stockroom.Start());
   const auto count = [&] {
     Type(3, 8, "10");
     Click(Screen().rv);
@@ -148,7 +143,6 @@ TEST_F(CountTest, WithoutTheWriteRightWhatWasTypedIsLost) {
 
 TEST_F(CountTest, AnEmptyProfitCenterSaysSo) {
   stockroom.Execute("DELETE * FROM I_Master WHERE pcenter = 0");
-  ASSERT_TRUE(stockroom.Start());
   ExpectBox("No items in the system.  Click on the '+' icon to add a new item.");
   Update([&] {
     EXPECT_EQ(Grid().MaxRows(), 0);
@@ -161,7 +155,6 @@ TEST_F(CountTest, AnEmptyProfitCenterSaysSo) {
 }
 
 TEST_F(CountTest, APartRemovedByAnotherDeskIsPassedOver) {
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   Update([&] {
     Type(1, 8, "6");
@@ -176,7 +169,6 @@ TEST_F(CountTest, APartRemovedByAnotherDeskIsPassedOver) {
 
 // The rows before the part without a unit factor are written, the others are not.
 TEST_F(CountTest, WithoutAUnitFactorASaveStopsAndTheScreenGoesOn) {
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   Update([&] {
     stockroom.user().Choose(Screen().OptInventoried);
@@ -197,7 +189,6 @@ TEST_F(CountTest, WithoutAUnitFactorASaveStopsAndTheScreenGoesOn) {
 
 TEST_F(CountTest, AQuoteInAPartNumberStopsTheSaveWithoutHarm) {
   stockroom.Execute("UPDATE I_Master SET inv_id = \"9'\" WHERE inv_id = '9'");
-  ASSERT_TRUE(stockroom.Start());
   Update([&] {
     ExpectBox(
         "An error has occurred saving data.3075 Syntax error in string in query expression "
@@ -210,7 +201,6 @@ TEST_F(CountTest, AQuoteInAPartNumberStopsTheSaveWithoutHarm) {
 }
 
 TEST_F(CountTest, ALockThatLastsAsksAndNoGivesTheSaveUp) {
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   jet::Recordset theirs = other.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '100'");
   Update([&] {
@@ -235,7 +225,6 @@ TEST_F(CountTest, ALockThatLastsAsksAndNoGivesTheSaveUp) {
 }
 
 TEST_F(CountTest, FindAndFirstLettersMoveTheCellAndLeaveTheTypingAlone) {
-  ASSERT_TRUE(stockroom.Start());
   Update(
       [&] {
         Sort("Location");
@@ -265,7 +254,6 @@ TEST_F(CountTest, FindAndFirstLettersMoveTheCellAndLeaveTheTypingAlone) {
 }
 
 TEST_F(CountTest, ComingBackFromTheInvoicesLoadsTheGridAgain) {
-  ASSERT_TRUE(stockroom.Start());
   auto& invoices = stockroom.App().Get<KVI_Invoice>();
   Update([&] {
     Type(1, 8, "77");
@@ -283,7 +271,6 @@ TEST_F(CountTest, ExportsTheGridAsItStands) {
   const std::string program = stockroom.folder / "calc";
   WriteFile(program, "#!");
   stockroom.Set("SpreadsheetExePath", program);
-  ASSERT_TRUE(stockroom.Start());
   Update([&] {
     stockroom.desktop.ExpectProgram(program + " \"" + (stockroom.folder / "temp.xls") + "\"");
     EXPECT_TRUE(stockroom.user().Click(Screen().m_export));

@@ -1,11 +1,8 @@
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 #include "base/RunTimeError.h"
-#include "items/DetailStory.h"
 #include "stock/KVI_Invoice.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 
 namespace kvi::test {
 namespace {
@@ -16,7 +13,7 @@ constexpr const char* kUnsaved = "Unsaved changes have been made.  Save before e
 constexpr const char* kNoInvoices =
     "No invoices in the system.  Click on the 'new' menu option to add a new invoices.";
 
-class InvoiceTest : public ::testing::Test {
+class InvoiceTest : public ScreenStory<KVI_Invoice> {
  protected:
   InvoiceTest() {
     stockroom.Fill("Vendor_Info", "Name\n Nord\n Alpha");
@@ -27,44 +24,27 @@ class InvoiceTest : public ::testing::Test {
                    "Nord | 11 | 2026-01-09 | 2026-01-31 | 5 | 8");
   }
   // Opens the register, and leaves it when the user is done.
-  void Open(const std::function<void()>& user) {
-    Visit([this, user] {
+  void Open(const Acts& user) {
+    Reach([&] {
       user();
-      Click(Register().exit_lab);
+      Click(Screen().exit_lab);
     });
   }
-  void Visit(const std::function<void()>& user) {
+  void Reach(const Acts& user) {
     stockroom.desktop.ExpectScreen("KVI_Invoice", user);
-    stockroom.App().screens.ShowModal(Register());
+    stockroom.App().screens.ShowModal(Screen());
     stockroom.desktop.AllCame();
   }
-  KVI_Invoice& Register() { return stockroom.App().Get<KVI_Invoice>(); }
-  template <class T>
-  void Click(T& control) {
-    ASSERT_TRUE(stockroom.user().Click(control));
-  }
-  void Key(int row, int col, const std::string& text) {
-    ASSERT_TRUE(stockroom.user().TypeIntoCell(Register().Spread1, row, col, text)) << text;
-  }
-  void SortBy(const std::string& choice) {
-    stockroom.user().Choose(Register().SortCombo, Register().SortCombo.IndexOf(choice));
-  }
-  void Expect(const std::string& text, Answer answer = Answer::Ok,
-              const std::string& title = "Kestvar Inventory") {
-    stockroom.desktop.ExpectBox(text, answer, title);
-  }
+  void SortBy(const std::string& choice) { Choose(Screen().SortCombo, choice); }
   std::string Stored() {
     return stockroom.Rows("SELECT Vendor, Number, Date, date_due, amount, adj_amount FROM Invoice");
   }
-
-  TestStockroom stockroom;
 };
 
 TEST_F(InvoiceTest, ShowsTheRegisterInTheOrderChosenAndNumbersAsText) {
-  ASSERT_TRUE(stockroom.Start());
   stockroom.App().UseColors = true;
   Open([&] {
-    const Spread& grid = Register().Spread1;
+    const Spread& grid = Grid();
     EXPECT_EQ(GridText(grid),
               "01/02/2026|03/01/2026|Alpha|100|90.00|\n"
               "01/05/2026|02/01/2026|Nord|9|12.35|7.00\n"
@@ -84,22 +64,21 @@ TEST_F(InvoiceTest, ShowsTheRegisterInTheOrderChosenAndNumbersAsText) {
 }
 
 TEST_F(InvoiceTest, ADeliveryIsRegisteredAtTheEndAndTheTableRewritten) {
-  ASSERT_TRUE(stockroom.Start());
   Open([&] {
-    Click(Register().new_lab);
-    EXPECT_EQ(Register().Spread1.ActiveRow(), 4);
-    Key(4, 1, "1-Mar");
-    Key(4, 2, "13/4/2026");
-    EXPECT_EQ(GridText(Register().Spread1, 1, 2).substr(66), "03/01/2026|04/13/2026\n");
-    EXPECT_FALSE(stockroom.user().TypeIntoCell(Register().Spread1, 4, 3, "Nobody"));
-    Key(4, 3, "Nord");
-    Key(4, 4, "A-7");
-    EXPECT_FALSE(stockroom.user().TypeIntoCell(Register().Spread1, 4, 5, "1250.5 net"));
-    Key(4, 5, "$1,250.505");
-    Key(1, 6, "88");
-    Click(Register().save);
+    Click(Screen().new_lab);
+    EXPECT_EQ(Grid().ActiveRow(), 4);
+    Type(4, 1, "1-Mar");
+    Type(4, 2, "13/4/2026");
+    EXPECT_EQ(GridText(Grid(), 1, 2).substr(66), "03/01/2026|04/13/2026\n");
+    EXPECT_FALSE(stockroom.user().TypeIntoCell(Grid(), 4, 3, "Nobody"));
+    Type(4, 3, "Nord");
+    Type(4, 4, "A-7");
+    EXPECT_FALSE(stockroom.user().TypeIntoCell(Grid(), 4, 5, "1250.5 net"));
+    Type(4, 5, "$1,250.505");
+    Type(1, 6, "88");
+    Click(Screen().save);
     stockroom.Execute("DELETE * FROM Invoice WHERE Number = '9'");
-    Click(Register().save);
+    Click(Screen().save);
   });
   EXPECT_EQ(Stored(),
             "Alpha|100|1/2/2026|3/1/2026|90|88\n"
@@ -109,15 +88,14 @@ TEST_F(InvoiceTest, ADeliveryIsRegisteredAtTheEndAndTheTableRewritten) {
 }
 
 TEST_F(InvoiceTest, ABlankRowAndBadDatesAreMadeCompleteWithTodaysDate) {
-  ASSERT_TRUE(stockroom.Start());
   Open([&] {
-    Key(1, 2, "2/30/2026");
-    Expect("Spreadsheet changes have been made.  Save before adding?", Answer::Yes);
-    Expect(kBadDate);
-    Click(Register().new_lab);
-    for (int box = 0; box < 2; ++box) Expect(kBadDate);
-    Click(Register().save);
-    EXPECT_EQ(Register().Spread1.Text(1, 2), "03/09/2026");
+    Type(1, 2, "2/30/2026");
+    ExpectBox("Spreadsheet changes have been made.  Save before adding?", Answer::Yes);
+    ExpectBox(kBadDate);
+    Click(Screen().new_lab);
+    for (int box = 0; box < 2; ++box) ExpectBox(kBadDate);
+    Click(Screen().save);
+    EXPECT_EQ(Grid().Text(1, 2), "03/09/2026");
   });
   EXPECT_EQ(Stored(),
             "Alpha|100|1/2/2026|3/9/2026|90|0\n"
@@ -127,22 +105,21 @@ TEST_F(InvoiceTest, ABlankRowAndBadDatesAreMadeCompleteWithTodaysDate) {
 }
 
 TEST_F(InvoiceTest, RemovesTheRowOfTheCursorAndSaves) {
-  ASSERT_TRUE(stockroom.Start());
   Open([&] {
-    stockroom.user().GoToCell(Register().Spread1, 2, 4);
-    Expect("Are you sure you want to remove this 'Invoice?'?", Answer::No, "Invoices");
-    Click(Register().remove);
-    Key(3, 4, "12");
-    Expect("Spreadsheet changes have been made.  Save before deleting current record?",
-           Answer::Yes);
-    Expect("Are you sure you want to remove this 'Invoice?'?", Answer::Yes, "Invoices");
-    Click(Register().remove);
+    stockroom.user().GoToCell(Grid(), 2, 4);
+    ExpectBox("Are you sure you want to remove this 'Invoice?'?", Answer::No, "Invoices");
+    Click(Screen().remove);
+    Type(3, 4, "12");
+    ExpectBox("Spreadsheet changes have been made.  Save before deleting current record?",
+              Answer::Yes);
+    ExpectBox("Are you sure you want to remove this 'Invoice?'?", Answer::Yes, "Invoices");
+    Click(Screen().remove);
   });
   EXPECT_EQ(stockroom.Rows("SELECT Number FROM Invoice"), "100\n12\n");
   Open([&] {
-    Expect("Are you sure you want to remove all 'Invoices?'?", Answer::Yes, "Invoices");
-    Click(Register().m_delete);
-    Click(Register().remove);
+    ExpectBox("Are you sure you want to remove all 'Invoices?'?", Answer::Yes, "Invoices");
+    Click(Screen().m_delete);
+    Click(Screen().remove);
   });
   EXPECT_EQ(Stored(), "");
 }
@@ -151,91 +128,87 @@ TEST_F(InvoiceTest, WithoutTheWriteRightTheTableStaysWhateverTheScreenShows) {
   ASSERT_TRUE(stockroom.Start("/S:RRRR"));
   const std::string before = Stored();
   Open([&] {
-    Expect(kReadOnly);
-    Click(Register().new_lab);
-    Expect("Are you sure you want to remove all 'Invoices?'?", Answer::Yes, "Invoices");
-    Expect(kReadOnly);
-    Click(Register().m_delete);
-    EXPECT_EQ(Register().Spread1.MaxRows(), 0);
-    Expect("Spreadsheet changes have been made.  Save before exiting?", Answer::Yes);
-    Expect(kReadOnly);
+    ExpectBox(kReadOnly);
+    Click(Screen().new_lab);
+    ExpectBox("Are you sure you want to remove all 'Invoices?'?", Answer::Yes, "Invoices");
+    ExpectBox(kReadOnly);
+    Click(Screen().m_delete);
+    EXPECT_EQ(Grid().MaxRows(), 0);
+    ExpectBox("Spreadsheet changes have been made.  Save before exiting?", Answer::Yes);
+    ExpectBox(kReadOnly);
   });
   EXPECT_EQ(Stored(), before);
 }
 
 TEST_F(InvoiceTest, EveryWayOutAndASortAskForUnsavedChanges) {
-  ASSERT_TRUE(stockroom.Start());
-  Visit([&] {
-    Key(1, 4, "1");
-    Expect(kUnsaved, Answer::No);
+  Reach([&] {
+    Type(1, 4, "1");
+    ExpectBox(kUnsaved, Answer::No);
     SortBy("Invoice #");
-    EXPECT_EQ(Register().Spread1.Text(1, 4), "100") << "loaded again";
-    Key(1, 4, "2");
-    Expect(kUnsaved, Answer::Yes);
+    EXPECT_EQ(Grid().Text(1, 4), "100") << "loaded again";
+    Type(1, 4, "2");
+    ExpectBox(kUnsaved, Answer::Yes);
     SortBy("Name");
-    Key(1, 4, "3");
-    Expect(kUnsaved, Answer::No);
-    Click(Register().m_exit);
+    Type(1, 4, "3");
+    ExpectBox(kUnsaved, Answer::No);
+    Click(Screen().m_exit);
   });
-  Visit([&] {
-    Key(1, 4, "4");
-    Expect(kUnsaved, Answer::Yes);
-    stockroom.user().CloseWindow(Register());
+  Reach([&] {
+    Type(1, 4, "4");
+    ExpectBox(kUnsaved, Answer::Yes);
+    stockroom.user().CloseWindow(Screen());
   });
   EXPECT_EQ(stockroom.Rows("SELECT Number FROM Invoice WHERE Vendor = 'Alpha'"), "4\n");
 }
 
 TEST_F(InvoiceTest, ALockThatLastsLosesNothingOfWhatWasTyped) {
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = jet::Database::Open(stockroom.DatabaseFile(), false);
   jet::Recordset theirs = other.OpenRecordset("SELECT * FROM Vendor_Info");
   Open([&] {
-    Key(1, 4, "typed");
+    Type(1, 4, "typed");
     theirs.Edit();
-    Expect(kUnsaved, Answer::Yes);
-    Expect(kLockQuestion, Answer::No, "KV Inventory Save");
-    Expect("Changes have NOT been saved", Answer::Ok, "KV Inventory");
-    Click(Register().m_exit);
-    EXPECT_EQ(Register().Spread1.Text(1, 4), "typed") << "the screen stays";
-    Expect(kLockQuestion, Answer::Yes, "KV Inventory Save");
+    ExpectBox(kUnsaved, Answer::Yes);
+    ExpectBox(kLockQuestion, Answer::No, "KV Inventory Save");
+    ExpectBox("Changes have NOT been saved", Answer::Ok, "KV Inventory");
+    Click(Screen().m_exit);
+    EXPECT_EQ(Grid().Text(1, 4), "typed") << "the screen stays";
+    ExpectBox(kLockQuestion, Answer::Yes, "KV Inventory Save");
     stockroom.desktop.Meanwhile([&] { theirs.CancelUpdate(); });
-    Click(Register().save);
+    Click(Screen().save);
   });
   EXPECT_EQ(stockroom.Rows("SELECT Number FROM Invoice"), "typed\n9\n11\n");
 }
 
 // The whole table is rewritten: what cannot be written must not cost what stood there.
 TEST_F(InvoiceTest, ASaveThatFailsInTheMiddleLeavesTheTableAsItWas) {
-  ASSERT_TRUE(stockroom.Start());
   const std::string before = Stored();
   Open([&] {
-    Key(2, 4, std::string(300, '7'));
-    Expect("An error has occurred saving data.3163 " + DescriptionOf(3163) + " (Number)",
-           Answer::Ok, "KV Inventory Save Changes");
-    Click(Register().save);
+    Type(2, 4, std::string(300, '7'));
+    ExpectBox("An error has occurred saving data.3163 " + DescriptionOf(3163) + " (Number)",
+              Answer::Ok, "KV Inventory Save Changes");
+    Click(Screen().save);
     EXPECT_EQ(Stored(), before);
-    Key(2, 4, "12");
-    Click(Register().save);
+    Type(2, 4, "12");
+    Click(Screen().save);
   });
   EXPECT_NE(Stored(), before);
 }
 
 TEST_F(InvoiceTest, AnEmptyRegisterSaysSoAndANewVendorShowsAtTheNextOpening) {
   stockroom.Execute("DELETE * FROM Invoice");
-  ASSERT_TRUE(stockroom.Start());
-  Expect(kNoInvoices);
+  ExpectBox(kNoInvoices);
   stockroom.desktop.ExpectScreen("KVI_Invoice", [&] {
     stockroom.Fill("Vendor_Info", "Name\n Bering");
-    Click(Register().new_lab);
-    for (int box = 0; box < 2; ++box) Expect(kBadDate);
-    Click(Register().save);
-    Click(Register().exit_lab);
+    Click(Screen().new_lab);
+    for (int box = 0; box < 2; ++box) ExpectBox(kBadDate);
+    Click(Screen().save);
+    Click(Screen().exit_lab);
   });
-  stockroom.App().screens.ShowModal(Register());
+  stockroom.App().screens.ShowModal(Screen());
   EXPECT_EQ(Stored(), "n/a|n/a|3/9/2026|3/9/2026|0|0\n");
   Open([&] {
-    EXPECT_EQ(GridText(Register().Spread1), "03/09/2026|03/09/2026|n/a|n/a|0.00|0.00\n");
-    EXPECT_EQ(Register().Spread1.Choices(3), (std::vector<std::string>{"Alpha", "Bering", "Nord"}));
+    EXPECT_EQ(GridText(Grid()), "03/09/2026|03/09/2026|n/a|n/a|0.00|0.00\n");
+    EXPECT_EQ(Grid().Choices(3), (std::vector<std::string>{"Alpha", "Bering", "Nord"}));
   });
 }
 
@@ -243,11 +216,10 @@ TEST_F(InvoiceTest, PrintsAndExportsTheGrid) {
   const std::string program = stockroom.folder / "calc";
   WriteFile(program, "#!");
   stockroom.Set("SpreadsheetExePath", program);
-  ASSERT_TRUE(stockroom.Start());
   Open([&] {
-    Click(Register().print_lab);
+    Click(Screen().print_lab);
     stockroom.desktop.ExpectProgram(program + " \"" + (stockroom.folder / "temp.xls") + "\"");
-    Click(Register().M_export);
+    Click(Screen().M_export);
   });
   ASSERT_EQ(stockroom.desktop.documents.size(), 1U);
   const std::string page = stockroom.desktop.documents[0]->Page(1);
@@ -264,11 +236,10 @@ TEST_F(InvoiceTest, FiveThousandRowsAreLoadedAndRewrittenWhole) {
     rows += "Nord | " + std::to_string(i) + " | 2026-01-05 | 2026-02-01 | 2\n";
   stockroom.Execute("DELETE * FROM Invoice");
   stockroom.Fill("Invoice", rows);
-  ASSERT_TRUE(stockroom.Start());
   Open([&] {
     SortBy("Invoice #");
-    Key(5000, 5, "3");
-    Click(Register().save);
+    Type(5000, 5, "3");
+    Click(Screen().save);
   });
   EXPECT_EQ(stockroom.Rows("SELECT Count(*), Sum(amount) FROM Invoice"), "5000|10001\n");
 }

@@ -12,7 +12,6 @@ class PurchaseEntryTest : public UpdateStory {
 };
 
 TEST_F(PurchaseEntryTest, ADeliveryBooksLevelsCostsAndPurchaseRows) {
-  ASSERT_TRUE(stockroom.Start());
   Buying([&] {
     EXPECT_EQ(Grid().Text(0, 7) + "|" + Grid().Text(0, 8), "Quantity To Add|Cost Per");
     EXPECT_EQ(GridText(Grid(), 6, 8), "case|0|12.00\nbag|0|2.35\neach|0|3.00\n");
@@ -37,7 +36,6 @@ TEST_F(PurchaseEntryTest, ADeliveryBooksLevelsCostsAndPurchaseRows) {
 }
 
 TEST_F(PurchaseEntryTest, InInventoriedUnitsTheCostIsDividedAgain) {
-  ASSERT_TRUE(stockroom.Start());
   Buying([&] {
     stockroom.user().Choose(Screen().OptInventoried);
     EXPECT_EQ(GridText(Grid(), 6, 8), "box|0|1.00\neach|0|2.35\neach|0|3.00\n");
@@ -53,7 +51,6 @@ TEST_F(PurchaseEntryTest, InInventoriedUnitsTheCostIsDividedAgain) {
 TEST_F(PurchaseEntryTest, AgreeingUpdatesThePartGroups) {
   stockroom.Fill("R_Master", "rec_id | name | pcenter | cost\n G | Kit | 0 | 0");
   stockroom.Fill("Inv_Recipe", "rec_id | inv_id | desc | qty | cost_per\n G | 100 | | 2 | 0");
-  ASSERT_TRUE(stockroom.Start());
   Buying([&] {
     ExpectBox(kUpdateGroups, Answer::Yes, "Speedy Update");
     ExpectBox(
@@ -71,7 +68,6 @@ TEST_F(PurchaseEntryTest, AgreeingUpdatesThePartGroups) {
 }
 
 TEST_F(PurchaseEntryTest, TheTabsShareTheGridAndForgetWhatWasTyped) {
-  ASSERT_TRUE(stockroom.Start());
   Update([&] {
     Sort("Location");
     Type(1, 8, "10");
@@ -100,7 +96,6 @@ TEST_F(PurchaseEntryTest, TheTabsShareTheGridAndForgetWhatWasTyped) {
 }
 
 TEST_F(PurchaseEntryTest, APartWithoutAUnitFactorIsMissingFromTheInventoriedUnitsAlone) {
-  ASSERT_TRUE(stockroom.Start());
   stockroom.Execute("UPDATE I_Master SET hi_qty = 0 WHERE inv_id = '9'");
   Buying([&] {
     stockroom.user().Choose(Screen().OptInventoried);
@@ -114,7 +109,6 @@ TEST_F(PurchaseEntryTest, APartWithoutAUnitFactorIsMissingFromTheInventoriedUnit
 TEST_F(PurchaseEntryTest, ASaveThatStopsOrACostingThatFailsBooksNothingTwice) {
   stockroom.Fill("R_Master", "rec_id | name | pcenter | cost\n G | Kit | 0 | 0");
   stockroom.Fill("Inv_Recipe", "rec_id | inv_id | desc | qty | cost_per\n G | 100 | | 2 | 0");
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   jet::Recordset theirs = other.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '100'");
   Buying([&] {
@@ -143,7 +137,6 @@ TEST_F(PurchaseEntryTest, ASaveThatStopsOrACostingThatFailsBooksNothingTwice) {
 
 // Both desks' quantities count: the level is read anew after the wait.
 TEST_F(PurchaseEntryTest, AnAdditionAddsToWhatAnotherDeskSavedMeanwhile) {
-  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   jet::Recordset theirs = other.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '100'");
   Buying([&] {

@@ -1,20 +1,14 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-
 #include "base/RunTimeError.h"
-#include "items/DetailStory.h"
 #include "stock/KVI_UpdateInventory.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 
 namespace kvi::test {
 
 // A user at the update screen. It lists, by name: 10 "Belt" (a dozen in a case), 9 "Ring", 100
 // "Seal"; the inactive part and the one of another profit center stay away.
-class UpdateStory : public ::testing::Test {
+class UpdateStory : public ScreenStory<KVI_UpdateInventory> {
  protected:
   UpdateStory() {
     stockroom.Set("AcceptableVariance", "5");
@@ -35,23 +29,17 @@ class UpdateStory : public ::testing::Test {
         "YES");
   }
 
-  KVI_UpdateInventory& Screen() { return stockroom.App().Get<KVI_UpdateInventory>(); }
-  Spread& Grid() { return Screen().Spread1; }
-
   // Opens the screen by its tile, runs the user's acts and leaves it; `questions` are expected
   // while leaving.
   void Update(
-      const std::function<void()>& user, const std::function<void()>& questions = [] {}) {
-    stockroom.desktop.ExpectScreen("KVI_UpdateInventory", [&] {
+      const Acts& user, const Acts& questions = [] {}) {
+    Visit<KVI_UpdateInventory>(&Main::Label6, [&] {
       user();
       questions();
-      stockroom.user().Click(Screen().exit_lab);
     });
-    stockroom.user().Click(stockroom.MainScreen().Label6);
-    stockroom.desktop.AllCame();
   }
   void Buying(
-      const std::function<void()>& user, const std::function<void()>& questions = [] {}) {
+      const Acts& user, const Acts& questions = [] {}) {
     Update(
         [&] {
           stockroom.user().Choose(Screen().TabStrip1, 1);
@@ -59,27 +47,12 @@ class UpdateStory : public ::testing::Test {
         },
         questions);
   }
-  void Type(int row, int col, const std::string& text) {
-    EXPECT_TRUE(stockroom.user().TypeIntoCell(Grid(), row, col, text)) << row << ", " << col;
-  }
-  void Click(ActionLabel& label) { EXPECT_TRUE(stockroom.user().Click(label)) << label.Name(); }
-  void ExpectBox(const std::string& text, Answer answer = Answer::Ok,
-                 const std::string& title = "Kestvar Inventory") {
-    stockroom.desktop.ExpectBox(text, answer, title);
-  }
-  void Sort(const std::string& choice) {
-    auto& combo = Screen().SortCombo;
-    EXPECT_TRUE(stockroom.user().Choose(combo, combo.IndexOf(choice))) << choice;
-  }
-  std::string Numbers() { return GridText(Grid(), 4, 4); }
-  int Color(int row, int col) { return Grid().Format(row, col).BackColor; }
+  void Sort(const std::string& choice) { Choose(Screen().SortCombo, choice); }
+  std::string Numbers() { return Column(4); }
   std::string Items(const std::string& fields) {
     return stockroom.Rows("SELECT " + fields +
                           " FROM I_Master WHERE pcenter = 0 and active = 'YES' ORDER BY name");
   }
-  jet::Database OtherDesk() { return jet::Database::Open(stockroom.DatabaseFile(), false); }
-
-  TestStockroom stockroom;
 };
 
 inline constexpr const char* kReadOnly =

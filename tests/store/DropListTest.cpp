@@ -1,11 +1,9 @@
-#include <gtest/gtest.h>
-
 #include "base/RunTimeError.h"
 #include "items/KVI_ChooseVendors.h"
 #include "items/KVI_InventoryDetail.h"
 #include "store/DropDown.h"
 #include "store/Schema.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 #include "utilities/KVI_GetILocation.h"
 #include "utilities/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
@@ -14,7 +12,7 @@
 namespace kvi::test {
 namespace {
 
-class DropListTest : public ::testing::Test {
+class DropListTest : public StoryTest {
  protected:
   DropListTest() {
     stockroom.Fill("DD_inv_loc", "Description\n Bin 7\n Aisle 2\n ''");
@@ -30,7 +28,7 @@ class DropListTest : public ::testing::Test {
         user(screen);
         stockroom.user().CloseWindow(screen);
       });
-      stockroom.user().Click(utilities.Command1);
+      Click(utilities.Command1);
     });
   }
   std::string First(const KVI_ManageDropLIsts& screen, int rows) {
@@ -38,12 +36,9 @@ class DropListTest : public ::testing::Test {
     for (int row = 1; row <= rows; ++row) text += "[" + screen.Spread1.Text(row, 1) + "]";
     return text;
   }
-
-  TestStockroom stockroom;
 };
 
 TEST_F(DropListTest, ALongListIsFilledDistinctTrimmedAndInOrder) {
-  ASSERT_TRUE(stockroom.Start());
   auto& combo = stockroom.App().Get<KVI_ManageDropLIsts>().PaperGoodsCombo;
   FillDropDown(stockroom.App().CurrentDatabase, combo, "DD_category");
   EXPECT_EQ(combo.Items(), (std::vector<std::string>{"Belts", "Seals"}));
@@ -56,13 +51,12 @@ TEST_F(DropListTest, ALongListIsFilledDistinctTrimmedAndInOrder) {
 }
 
 TEST_F(DropListTest, AListThatCannotBeReadCostsItsOwnCombosAlone) {
-  ASSERT_TRUE(stockroom.Start());
   std::vector<jet::TableDef> tables = Schema();
   std::erase_if(tables, [](const jet::TableDef& table) { return table.Name == "DD_category"; });
   stockroom.App().CurrentDatabase = jet::Database::Create(stockroom.folder / "old.mdb", tables);
   stockroom.Fill("DD_inv_loc", "Description\n Shelf");
   stockroom.Fill("Vendor_Info", "Name\n Omega");
-  stockroom.desktop.ExpectBox("3078 " + DescriptionOf(3078) + " (DD_category)");
+  ExpectBox("3078 " + DescriptionOf(3078) + " (DD_category)");
   LoadDropLists(stockroom.App());
   auto& part = stockroom.App().Get<KVI_InventoryDetail>();
   EXPECT_EQ(part.category.ListCount(), 0);
@@ -76,7 +70,7 @@ TEST_F(DropListTest, TheScreenOpensOnLocationsAndSavesTheListWhole) {
     EXPECT_EQ(First(screen, 4), "[][Aisle 2][Bin 7][]");
     stockroom.user().TypeIntoCell(screen.Spread1, 5, 1, "  Cage 1 ");
     stockroom.user().TypeIntoCell(screen.Spread1, 6, 1, std::string(60, 'x'));
-    stockroom.user().Click(screen.Save);
+    Click(screen.Save);
   });
   EXPECT_EQ(stockroom.Rows("SELECT Description FROM DD_inv_loc ORDER BY Description"),
             "\nAisle 2\nBin 7\nCage 1\n" + std::string(50, 'x') + "\n")
@@ -87,16 +81,14 @@ TEST_F(DropListTest, RemovingAndSortingSaveAtOnce) {
   Manage([&](auto& screen) {
     stockroom.user().Choose(screen.o_iic);
     stockroom.user().GoToCell(screen.Spread1, 2, 1);
-    stockroom.desktop.ExpectBox("Are you sure you want to remove this row?", Answer::No,
-                                "Set Drop Info");
-    stockroom.user().Click(screen.remove);
-    stockroom.desktop.ExpectBox("Are you sure you want to remove this row?", Answer::Yes,
-                                "Set Drop Info");
-    stockroom.user().Click(screen.remove);
+    ExpectBox("Are you sure you want to remove this row?", Answer::No, "Set Drop Info");
+    Click(screen.remove);
+    ExpectBox("Are you sure you want to remove this row?", Answer::Yes, "Set Drop Info");
+    Click(screen.remove);
     EXPECT_EQ(stockroom.Rows("SELECT Description FROM DD_category WHERE Len(Description) > 0"),
               "belts\nSeals\n");
     stockroom.user().TypeIntoCell(screen.Spread1, 5, 1, "Fuses");
-    stockroom.user().Click(screen.sort_lab);
+    Click(screen.sort_lab);
     EXPECT_EQ(First(screen, 3), "[belts][Fuses][Seals]");
     stockroom.user().TypeIntoCell(screen.Spread1, 4, 1, "Valves");
     stockroom.user().AdvancePastLastCell(screen.Spread1);
@@ -111,11 +103,11 @@ TEST_F(DropListTest, TheVendorListKeepsDescriptions) {
   Manage([&](auto& screen) {
     stockroom.user().Choose(screen.o_wto);
     EXPECT_EQ(First(screen, 4), "[][cash][30 days][]");
-    stockroom.user().Click(screen.Save);
+    Click(screen.Save);
     stockroom.desktop.ExpectScreen("KVI_VendorSummary", [this] {
       stockroom.user().CloseWindow(stockroom.App().Get<KVI_VendorSummary>());
     });
-    stockroom.user().Click(screen.vendors);
+    Click(screen.vendors);
   });
   EXPECT_EQ(stockroom.Rows("SELECT Name, Description FROM Vendor_Info"),
             "Alpha|Null\nNull|cash\nNull|30 days\n");
@@ -124,10 +116,10 @@ TEST_F(DropListTest, TheVendorListKeepsDescriptions) {
 TEST_F(DropListTest, EditsAreNotLostWithoutAQuestion) {
   Manage([&](auto& screen) {
     stockroom.user().TypeIntoCell(screen.Spread1, 4, 1, "Cage 1");
-    stockroom.desktop.ExpectBox("Changes have been made.  Save before exiting?", Answer::Yes);
+    ExpectBox("Changes have been made.  Save before exiting?", Answer::Yes);
     stockroom.user().Choose(screen.o_hub);
     stockroom.user().TypeIntoCell(screen.Spread1, 1, 1, "litre");
-    stockroom.desktop.ExpectBox("Changes have been made.  Save before exiting?", Answer::No);
+    ExpectBox("Changes have been made.  Save before exiting?", Answer::No);
   });
   EXPECT_EQ(stockroom.Rows("SELECT Description FROM DD_inv_loc WHERE Len(Description) > 0"),
             "Aisle 2\nBin 7\nCage 1\n");
@@ -140,14 +132,14 @@ TEST_F(DropListTest, ASaveThatIsGivenUpKeepsWhatWasTypedAndItsList) {
     jet::Recordset theirs = other.OpenRecordset("SELECT * FROM Vendor_Info");
     stockroom.user().TypeIntoCell(screen.Spread1, 4, 1, "Cage 1");
     theirs.Edit();
-    stockroom.desktop.ExpectBox("Changes have been made.  Save before exiting?", Answer::Yes);
-    stockroom.desktop.ExpectBox(kLockQuestion, Answer::No, "KV Inventory Save");
-    stockroom.desktop.ExpectBox("Changes have NOT been saved", Answer::Ok, "KV Inventory");
+    ExpectBox("Changes have been made.  Save before exiting?", Answer::Yes);
+    ExpectBox(kLockQuestion, Answer::No, "KV Inventory Save");
+    ExpectBox("Changes have NOT been saved", Answer::Ok, "KV Inventory");
     stockroom.user().Choose(screen.o_hub);
     EXPECT_TRUE(screen.o_iil.Value);
     EXPECT_EQ(First(screen, 4), "[][Aisle 2][Bin 7][Cage 1]");
     theirs.CancelUpdate();
-    stockroom.user().Click(screen.Save);
+    Click(screen.Save);
   });
   EXPECT_EQ(stockroom.Rows("SELECT Description FROM DD_inv_loc WHERE Len(Description) > 0"),
             "Aisle 2\nBin 7\nCage 1\n");
@@ -159,9 +151,9 @@ TEST_F(DropListTest, WithoutTheWriteRightNothingIsSaved) {
         stockroom.user().TypeIntoCell(screen.Spread1, 2, 1, "Changed");
         const std::string refusal =
             "Full Access to Utilities required for this option.\n\nChanges NOT Saved";
-        stockroom.desktop.ExpectBox(refusal);
-        stockroom.user().Click(screen.Save);
-        stockroom.desktop.ExpectBox("Changes have been made.  Save before exiting?", Answer::No);
+        ExpectBox(refusal);
+        Click(screen.Save);
+        ExpectBox("Changes have been made.  Save before exiting?", Answer::No);
       },
       "/S:WW1W");
   EXPECT_EQ(stockroom.Rows("SELECT Description FROM DD_inv_loc"), "Bin 7\nAisle 2\n\n");
@@ -169,11 +161,11 @@ TEST_F(DropListTest, WithoutTheWriteRightNothingIsSaved) {
 
 TEST_F(DropListTest, TheListPrintsUnderTheProductsName) {
   Manage([&](auto& screen) {
-    stockroom.desktop.ExpectBox(
+    ExpectBox(
         "This is a draft/screen print only. Use the 'print system' for better quality.\n\n"
         "Are you sure you want to print this report?",
         Answer::Yes, "Print");
-    stockroom.user().Click(screen.print_lab);
+    Click(screen.print_lab);
     stockroom.user().Type(screen.PaperGoodsCombo, " ");
     EXPECT_EQ(screen.PaperGoodsCombo.Text(), "Paper Goods");
   });
@@ -184,19 +176,18 @@ TEST_F(DropListTest, TheListPrintsUnderTheProductsName) {
 }
 
 TEST_F(DropListTest, TheLocationScreenKeepsWhatWasAnswered) {
-  ASSERT_TRUE(stockroom.Start());
   auto& screen = stockroom.App().Get<KVI_GetILocation>();
   stockroom.desktop.ExpectScreen("KVI_GetILocation", [&] {
     stockroom.desktop.ExpectFile("Select Data File", "/data/KV_Inventory.mdb");
-    stockroom.user().Click(screen.save);
-    stockroom.user().Click(screen.Label12);
+    Click(screen.save);
+    Click(screen.Label12);
   });
   stockroom.App().screens.ShowModal(screen);
   EXPECT_EQ(stockroom.App().DataFilePath, "/data/KV_Inventory.mdb");
   EXPECT_FALSE(stockroom.App().DataFileCancelled);
   stockroom.desktop.ExpectScreen("KVI_GetILocation", [&] {
     stockroom.user().Type(screen.txtPath, "elsewhere");
-    stockroom.user().Click(screen.Label11);
+    Click(screen.Label11);
   });
   stockroom.App().screens.ShowModal(screen);
   EXPECT_TRUE(stockroom.App().DataFileCancelled);

@@ -77,12 +77,12 @@ void TestStockroom::NothingIsHalfDone() {
 }
 
 Application& TestStockroom::App() {
-  EXPECT_TRUE(app_) << "the program was not started";
+  if (!app_ && !Start()) ADD_FAILURE() << "the program did not start";
   return *app_;
 }
 
 Gestures& TestStockroom::user() {
-  EXPECT_TRUE(user_) << "the program was not started";
+  if (!app_ && !Start()) ADD_FAILURE() << "the program did not start";
   return *user_;
 }
 

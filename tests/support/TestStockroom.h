@@ -45,7 +45,8 @@ class TestStockroom {
   void Set(const std::string& key, const std::string& value);
   std::string Get(const std::string& key) const;
 
-  // Runs the load of Main. False when the process ended instead.
+  // Runs the load of Main. False when the process ended instead. Whoever asks for the program or
+  // its user before starts it with all rights.
   bool Start(const std::string& commandLine = "");
   Application& App();
   Main& MainScreen() { return App().Get<Main>(); }

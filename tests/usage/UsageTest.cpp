@@ -1,11 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <filesystem>
-#include <functional>
-#include <string>
 
 #include "base/RunTimeError.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 #include "usage/KVI_UsageAnalysis.h"
 
 namespace kvi::test {
@@ -15,7 +11,7 @@ constexpr const char* kHistory = "[Historical Inventory]";
 
 // A month's end. Shown by name: "Belt" 10 and "Ring" 9; "Old" is inactive and "Far" in profit
 // center 4. Locked are 1 March and 1 April 2025 of Stores, and 1 March of the Annex.
-class UsageTest : public ::testing::Test {
+class UsageTest : public ScreenStory<KVI_UsageAnalysis> {
  protected:
   UsageTest() {
     stockroom.Fill("I_Master",
@@ -37,21 +33,10 @@ class UsageTest : public ::testing::Test {
                    "inv_id | p_date | p_qty | price | pcenter\n10 | 3/15/2025 | 6 | 2.5 | 0");
   }
 
-  KVI_UsageAnalysis& Screen() { return stockroom.App().Get<KVI_UsageAnalysis>(); }
-  Spread& Grid() { return Screen().Spread1; }
   void Analyse(
-      const std::function<void()>& user, const std::function<void()>& opening = [] {}) {
+      const Acts& user, const Acts& opening = [] {}) {
     opening();
-    stockroom.desktop.ExpectScreen("KVI_UsageAnalysis", [&] {
-      user();
-      Click(Screen().exit_lab);
-    });
-    stockroom.user().Click(stockroom.MainScreen().Label2);
-    stockroom.desktop.AllCame();
-  }
-  void Click(ActionLabel& label) { EXPECT_TRUE(stockroom.user().Click(label)) << label.Name(); }
-  void ExpectBox(const std::string& text, Answer answer, const std::string& title) {
-    stockroom.desktop.ExpectBox(text, answer, title);
+    Visit<KVI_UsageAnalysis>(&Main::Label2, user);
   }
   std::string Periods() {
     return stockroom.Rows("SELECT F_Date, pcenter FROM HI_Header ORDER BY pcenter, F_Date");
@@ -67,8 +52,6 @@ class UsageTest : public ::testing::Test {
     if (!std::filesystem::exists(folder)) return 0;
     return static_cast<int>(std::distance(std::filesystem::directory_iterator(folder), {}));
   }
-
-  TestStockroom stockroom;
 };
 
 constexpr const char* kLockQuestion =
@@ -77,7 +60,6 @@ constexpr const char* kLockQuestion =
 
 TEST_F(UsageTest, AMonthIsReckonedInQuantitiesAndInMoney) {
   LockTwoPeriods();
-  ASSERT_TRUE(stockroom.Start());
   Analyse([&] {
     EXPECT_EQ(Grid().Text(0, 8), "Purchases from 3/1/2025-4/1/2025");
     EXPECT_EQ(Grid().Text(0, 9), "Per. Usage from 3/1/2025-4/1/2025");
@@ -103,7 +85,6 @@ TEST_F(UsageTest, LockDaysBelongToOnePeriodByQuantityAndToTheOtherByMoney) {
                  "inv_id | p_date | p_qty | price | pcenter\n"
                  "10 | 3/1/2025 | 1 | 10 | 0\n10 | 4/1/2025 | 2 | 100 | 0\n"
                  "10 | 3/2/2025 | 4 | 1000 | ");
-  ASSERT_TRUE(stockroom.Start());
   Analyse([&] {
     EXPECT_EQ(Grid().Text(1, 8), "2.00");
     EXPECT_EQ(Screen().hfc.Text(), "03/01/2025-04/01/2025 - Inventory Cost: $4017.00");
@@ -111,7 +92,6 @@ TEST_F(UsageTest, LockDaysBelongToOnePeriodByQuantityAndToTheOtherByMoney) {
 }
 
 TEST_F(UsageTest, ALockStoresWhatTheGridShowsOncePerDay) {
-  ASSERT_TRUE(stockroom.Start());
   Analyse([&] {
     EXPECT_EQ(Grid().MaxCols(), 6) << "no period, no totals";
     EXPECT_EQ(Grid().MaxRows(), 2);
@@ -132,7 +112,6 @@ TEST_F(UsageTest, ALockStoresWhatTheGridShowsOncePerDay) {
 }
 
 TEST_F(UsageTest, APeriodLockedByAnotherDeskMeanwhileIsToldAndShown) {
-  ASSERT_TRUE(stockroom.Start());
   Analyse([&] {
     ExpectBox(kLockQuestion, Answer::Yes, "Lock Inventory");
     stockroom.desktop.Meanwhile([&] {
@@ -149,7 +128,6 @@ TEST_F(UsageTest, APeriodLockedByAnotherDeskMeanwhileIsToldAndShown) {
 
 TEST_F(UsageTest, APeriodIsRemovedFromItsOwnColumnAndLeavesACopyBehind) {
   LockTwoPeriods();
-  ASSERT_TRUE(stockroom.Start());
   Analyse([&] {
     for (const int col : {6, 8, 9}) {
       stockroom.user().GoToCell(Grid(), 1, col);
@@ -180,7 +158,6 @@ TEST_F(UsageTest, PeriodsOfOtherDataGoAfterOneBoxAndWithACopyAlone) {
   stockroom.Fill("Historical Inventory",
                  "F_Date | Inv_ID | pcenter | Amount | Price\n3/1/2025 | 11 | 0 | 1 | 1\n"
                  "4/1/2025 | 10 | 0 | 1 | 1\n3/1/2025 | 12 | 4 | 1 | 1");
-  ASSERT_TRUE(stockroom.Start());
   const std::string before = Periods();
   const auto box = [&] {
     ExpectBox(
@@ -211,7 +188,6 @@ TEST_F(UsageTest, PeriodsOfOtherDataGoAfterOneBoxAndWithACopyAlone) {
 
 TEST_F(UsageTest, WithoutPartsNothingIsRemoved) {
   LockTwoPeriods();
-  ASSERT_TRUE(stockroom.Start());
   stockroom.Execute("UPDATE I_Master SET active = 'NO'");
   const std::string before = Periods();
   Analyse(
@@ -240,7 +216,6 @@ TEST_F(UsageTest, OpeningMendsWhatDriftedApart) {
   stockroom.Fill("Hist_Purchases",
                  "inv_id | p_date | p_qty | price | pcenter\n"
                  "10 | 3/15/2025 | 1 | 1 | 4\n9 | 3/15/2025 | 1 | 0 | 0");
-  ASSERT_TRUE(stockroom.Start());
   Analyse([] {});
   EXPECT_EQ(Periods(), "3/1/2025|0\n4/1/2025|0\n3/1/2025|4\n") << "the empty one is gone";
   EXPECT_EQ(stockroom.Rows(std::string("SELECT Inv_ID, pcenter, Price FROM ") + kHistory +
@@ -253,8 +228,7 @@ TEST_F(UsageTest, OpeningMendsWhatDriftedApart) {
 
 TEST_F(UsageTest, ALockHeldElsewhereCostsOneBoxAndTheGridLoads) {
   LockTwoPeriods();
-  ASSERT_TRUE(stockroom.Start());
-  jet::Database other = jet::Database::Open(stockroom.DatabaseFile(), false);
+  jet::Database other = OtherDesk();
   jet::Recordset held = other.OpenRecordset("SELECT * FROM I_Master");
   held.Edit();
   Analyse(
@@ -282,7 +256,6 @@ TEST_F(UsageTest, WithoutTheWriteRightNothingIsLockedOrRemoved) {
 
 TEST_F(UsageTest, TheChartShowsTheActivePartAndTheCostliestOnes) {
   LockTwoPeriods();
-  ASSERT_TRUE(stockroom.Start());
   Analyse([&] {
     stockroom.user().GoToCell(Grid(), 1, 1);
     stockroom.desktop.ExpectScreen("KVI_UsageChart", [&] {
