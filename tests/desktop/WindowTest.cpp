@@ -9,7 +9,7 @@
 #include <QWheelEvent>
 
 #include "DesktopTest.h"
-#include "base/RunTimeError.h"
+#include "base/ErrorOf.h"
 
 namespace kvi::test {
 
@@ -372,14 +372,8 @@ TEST_F(WindowTest, AProgramIsFoundByPathOrNameAndItsAbsenceIs53) {
   const std::string touched = folder / "with blank";
   desktop.StartProgram("touch \"" + touched + "\"");
   EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo::exists(ToQt(touched)); }));
-  for (const char* line : {"no-such-program x", "/no/such/program", ""}) {
-    try {
-      desktop.StartProgram(line);
-      ADD_FAILURE() << line;
-    } catch (const RunTimeError& error) {
-      EXPECT_EQ(error.Number, 53) << line;
-    }
-  }
+  for (const char* line : {"no-such-program x", "/no/such/program", ""})
+    EXPECT_EQ(ErrorOf([&] { desktop.StartProgram(line); }), 53) << line;
   EXPECT_FALSE(desktop.OpenHelp(folder / "manual.chm"));
 }
 

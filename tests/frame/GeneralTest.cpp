@@ -25,10 +25,6 @@ TEST_F(GeneralTest, TextsLoseWhatWouldBreakAKey) {
   EXPECT_EQ(ClipToNul(std::string("  Dock 4 \0 rest", 15)), "Dock 4");
 }
 
-TEST_F(GeneralTest, TheTimeStampHasTwelveDigits) {
-  EXPECT_EQ(MakeTimeStamp(stockroom.clock), "260309140506");
-}
-
 TEST_F(GeneralTest, AFileCountsOnlyWithContent) {
   WriteFile(stockroom.folder / "empty", "");
   WriteFile(stockroom.folder / "full", "x");

@@ -142,23 +142,6 @@ TEST_F(ControlsTest, NothingHappensOnADisabledHiddenOrLockedControl) {
   EXPECT_EQ(form.name.Text(), "äöü") << "typing stops at the length, counted in characters";
 }
 
-TEST_F(ControlsTest, TheLabelUnderTheMouseIsBrightGreenAndTheOthersRest) {
-  user.MoveOver(form.save);
-  EXPECT_EQ(form.save.ForeColor, kBrightGreen);
-  user.MoveOver(form.exit_lab);
-  EXPECT_EQ(form.save.ForeColor, kWhite);
-  EXPECT_EQ(form.exit_lab.ForeColor, kBrightGreen);
-  user.MoveOver(form);
-  EXPECT_EQ(form.exit_lab.ForeColor, kWhite);
-}
-
-TEST_F(ControlsTest, AnUnhandledErrorBecomesABoxAndTheProgramGoesOn) {
-  form.save.Click = [] { throw RunTimeError(11, "Division by zero"); };
-  desktop.ExpectBox("11 Division by zero");
-  EXPECT_TRUE(user.Click(form.save));
-  EXPECT_FALSE(stack.Ending());
-}
-
 TEST_F(ControlsTest, ClosingAModalScreenActivatesTheOneBelow) {
   FormScreen second("Second");
   form.save.Click = [&] { stack.ShowModal(second); };
@@ -170,30 +153,6 @@ TEST_F(ControlsTest, ClosingAModalScreenActivatesTheOneBelow) {
   user.Click(form.save);
   EXPECT_EQ(form.log, "load activate activate ");
   EXPECT_EQ(second.log, "load activate unload ");
-}
-
-TEST_F(ControlsTest, AScreenMayRefuseToBeClosedByItsWindow) {
-  form.mayClose = false;
-  user.CloseWindow(form);
-  EXPECT_TRUE(stack.IsShown(form));
-  form.mayClose = true;
-  user.CloseWindow(form);
-  EXPECT_FALSE(stack.IsShown(form));
-  EXPECT_FALSE(form.IsLoaded());
-}
-
-TEST_F(ControlsTest, EndingTheProcessInsideOfAModalScreenEndsEveryLoop) {
-  FormScreen second("Second");
-  bool wentOn = false;
-  form.save.Click = [&] {
-    stack.ShowModal(second);
-    wentOn = true;
-  };
-  second.save.Click = [] { throw EndOfProcess{}; };
-  desktop.ExpectScreen("Second", [&] { user.Click(second.save); });
-  user.Click(form.save);
-  EXPECT_TRUE(desktop.ended);
-  EXPECT_FALSE(wentOn);
 }
 
 TEST_F(ControlsTest, LocksAreGivenBackBeforeEachWaitForTheUser) {

@@ -9,7 +9,7 @@
 #include <iterator>
 #include <random>
 
-#include "base/RunTimeError.h"
+#include "base/ErrorOf.h"
 #include "support/TemporaryFolder.h"
 
 namespace kvi {
@@ -35,12 +35,7 @@ class IniFileTest : public testing::Test {
   }
 
   static int ErrorOfWrite(const IniFile& file, std::string_view value = "x") {
-    try {
-      file.Write("A", "key", value);
-    } catch (const RunTimeError& error) {
-      return error.Number;
-    }
-    return 0;
+    return ErrorOf([&] { file.Write("A", "key", value); });
   }
 
   test::TemporaryFolder ownFolder_;

@@ -346,19 +346,5 @@ TEST_F(SpreadTest, PasteSkipsLockedAndHiddenCellsAndStaysInside) {
   EXPECT_EQ(grid.BlockText(Block::Row(1)), "two lines and tab\ty\n");
 }
 
-TEST_F(SpreadTest, BulkWorkOnAFullGridKeepsEveryRow) {
-  grid.SetMaxCols(21);
-  grid.SetReDraw(false);
-  for (int row = 1; row <= 32767; ++row) {
-    grid.SetMaxRows(row);
-    for (int col = 1; col <= 21; ++col) grid.SetText(row, col, Str(row));
-    grid.SetBackColor(Block::Row(row), row % 2 == 0 ? 7 : 15);
-  }
-  for (int row = 32700; row > 0; row -= 32) grid.DeleteRow(row);
-  EXPECT_EQ(grid.MaxRows(), 32767 - 1022);
-  EXPECT_EQ(grid.Text(grid.MaxRows(), 21), "32767");
-  EXPECT_EQ(grid.Format(grid.MaxRows(), 21).BackColor, 15);
-}
-
 }  // namespace
 }  // namespace kvi

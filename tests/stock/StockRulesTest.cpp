@@ -24,35 +24,6 @@ TEST(CountVarianceTest, PercentIsTakenOnTheCountAndTheLimitBelongsToIt) {
   }
 }
 
-constexpr PartLevel kDozen{.qty_on_hand = 3, .cost_per = 12, .hi_qty = 12};
-
-TEST(StockBookingTest, InventoriedUnitsMultiplyTheQuantityAndDivideTheCost) {
-  EXPECT_EQ(ShownQuantity(kDozen, ShownAs::Purchased), 3);
-  EXPECT_EQ(ShownQuantity(kDozen, ShownAs::Inventoried), 36);
-  EXPECT_EQ(ShownCost(kDozen, ShownAs::Purchased), 12);
-  EXPECT_EQ(ShownCost(kDozen, ShownAs::Inventoried), 1);
-}
-
-TEST(StockBookingTest, ACountReplacesTheLevelAtThePartsCost) {
-  const Booking purchased = BookCount(kDozen, 2.5, ShownAs::Purchased);
-  EXPECT_EQ(purchased.qty_on_hand, 2.5);
-  EXPECT_EQ(purchased.valuation, 30);
-  const Booking inventoried = BookCount(kDozen, 12, ShownAs::Inventoried);
-  EXPECT_EQ(inventoried.qty_on_hand, 1);
-  EXPECT_EQ(inventoried.valuation, 12);
-}
-
-TEST(StockBookingTest, APurchaseInInventoriedUnitsDividesTheCostAgain) {
-  const Booking booking = BookPurchase(kDozen, 24, 1.20, ShownAs::Inventoried);
-  EXPECT_EQ(booking.bought, 2);
-  EXPECT_EQ(booking.qty_on_hand, 5);
-  EXPECT_DOUBLE_EQ(booking.cost_per, 0.10);
-  EXPECT_DOUBLE_EQ(booking.valuation, 0.50);
-  const Booking returned = BookPurchase(kDozen, -1, 10, ShownAs::Purchased);
-  EXPECT_EQ(returned.qty_on_hand, 2);
-  EXPECT_EQ(returned.valuation, 20);
-}
-
 TEST(StockBookingTest, WithoutAUnitFactorInventoriedUnitsCannotBeConverted) {
   const PartLevel broken{.qty_on_hand = 3, .cost_per = 12, .hi_qty = 0};
   EXPECT_EQ(ShownQuantity(broken, ShownAs::Inventoried), 0);

@@ -63,25 +63,6 @@ TEST_F(SaveRecordTest, NoLeavesTheSaveWithNothingWritten) {
   EXPECT_EQ(Level(), "5\n");
 }
 
-TEST_F(SaveRecordTest, ADuplicateAndAnyOtherErrorHaveTheirBoxes) {
-  const auto rename = [&](const Value& number) {
-    return SaveRecord(stockroom.desktop, stockroom.App().CurrentDatabase, [&] {
-      ours.Edit();
-      ours.Set("inv_id", number);
-      ours.Update();
-    });
-  };
-  stockroom.desktop.ExpectBox("Duplicate # found.  Please enter a different #.\nChanges NOT saved.",
-                              Answer::Ok, "Save Changes");
-  EXPECT_EQ(rename("2"), SaveEnd::Duplicate);
-  ours.CancelUpdate();
-  stockroom.desktop.ExpectBox(
-      "An error has occurred saving data.3163 " + DescriptionOf(3163) + " (inv_id)", Answer::Ok,
-      "KV Inventory Save Changes");
-  EXPECT_EQ(rename("sixteen characters and more"), SaveEnd::Failed);
-  EXPECT_EQ(stockroom.Rows("SELECT inv_id FROM I_Master ORDER BY inv_id"), "1\n2\n");
-}
-
 TEST_F(SaveRecordTest, ALostConnectionShowsTheEnginesErrorsAndLeaves) {
   stockroom.desktop.ExpectBox("3146 The server is gone.");
   EXPECT_EQ(SaveRecord(stockroom.desktop, stockroom.App().CurrentDatabase,

@@ -27,6 +27,7 @@ TEST(StatementPlans, TheFrequentStatementsUseAnIndex) {
   const char* statements[] = {
       "SELECT * FROM I_Master WHERE Trim(Inv_ID) = '9';",
       "SELECT * FROM I_Master WHERE lTrim(rtrim(Inv_ID)) = '9';",
+      "SELECT * FROM I_Master WHERE Inv_ID IN ('9', '10')",
       "SELECT * FROM I_Master WHERE Inv_ID = '9';",
       "select * from i_master where ucase(trim(name))='BOLT'",
       "SELECT * FROM I_Master where pcenter = 4 ORDER BY name",
