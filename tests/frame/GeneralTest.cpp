@@ -21,7 +21,6 @@ class GeneralTest : public ::testing::Test {
 TEST_F(GeneralTest, TextsLoseWhatWouldBreakAKey) {
   EXPECT_EQ(StripQuotes("O'Ring 3/4\" & more"), "ORing 3/4 & more");
   EXPECT_EQ(StripQuotes(""), "");
-  EXPECT_EQ(StripAmpersands("R&D & more"), "RD  more");
   EXPECT_EQ(ClipToNul(std::string("  Dock 4 \0 rest", 15)), "Dock 4");
 }
 

@@ -1,10 +1,8 @@
-#include <gtest/gtest.h>
-
 #include "grids/ItemSorts.h"
 #include "grids/KVI_Find.h"
 #include "grids/SprdSubs.h"
 #include "items/KVI_InventorySummary.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 
 namespace kvi::test {
 namespace {
@@ -12,7 +10,7 @@ namespace {
 constexpr const char* kNoneInSummary = "No items found - starting back at the top of spreadsheet.";
 constexpr const char* kNone = "No more found - starting back at the top.";
 
-class FindTest : public ::testing::Test {
+class FindTest : public StoryTest {
  protected:
   FindTest() {
     stockroom.Fill("I_Master",
@@ -21,44 +19,31 @@ class FindTest : public ::testing::Test {
                    "7 | 0 | Belt B54 | Seals | Bin 1 | short | YES\n"
                    "8 | 0 | Cap | Drives | Rack | round | YES\n"
                    "9 | 0 | Valve | Drives | Bin 2 | '  Steel' | YES");
-    EXPECT_TRUE(stockroom.Start());
   }
-  void InSummary(const std::function<void()>& user) {
-    stockroom.desktop.ExpectScreen("KVI_InventorySummary", [this, user] {
-      user();
-      stockroom.user().Click(Summary().exit_lab);
-    });
-    stockroom.user().Click(stockroom.MainScreen().Label1);
-    stockroom.desktop.AllCame();
-  }
+  void InSummary(const Acts& user) { Visit<KVI_InventorySummary>(&Main::Label1, user); }
   void Look(const std::string& text, bool anywhere) {
-    stockroom.user().Type(Finder().Text1, text);
+    Type(Finder().Text1, text);
     if (anywhere) stockroom.user().Tick(Finder().searchCB);
-    stockroom.user().Click(Finder().Label12);
+    Click(Finder().Label12);
   }
   // Finds from the summary; the row that is active then.
   int Find(const std::string& text, bool anywhere = false) {
     stockroom.desktop.ExpectScreen("KVI_Find", [=, this] { Look(text, anywhere); });
-    stockroom.user().Click(Summary().find_lab);
+    Click(Summary().find_lab);
     return Summary().Spread1.ActiveRow();
   }
-  void SortBy(const std::string& choice) {
-    stockroom.user().Choose(Summary().SortCombo, Summary().SortCombo.IndexOf(choice));
-  }
-  KVI_InventorySummary& Summary() { return stockroom.App().Get<KVI_InventorySummary>(); }
-  KVI_Find& Finder() { return stockroom.App().Get<KVI_Find>(); }
-
-  TestStockroom stockroom;
+  KVI_InventorySummary& Summary() { return The<KVI_InventorySummary>(); }
+  KVI_Find& Finder() { return The<KVI_Find>(); }
 };
 
 TEST_F(FindTest, GoesOnBehindTheRowThatWasFoundAndStartsOverBelowTheTop) {
   InSummary([&] {
     EXPECT_EQ(Find("BELT"), 2) << "the row on which it stands is passed over";
     stockroom.desktop.ExpectScreen("KVI_Find", [&] {
-      stockroom.desktop.ExpectBox(kNoneInSummary);
+      ExpectBox(kNoneInSummary);
       Look("BELT", false);
     });
-    stockroom.user().Click(Summary().find_lab);
+    Click(Summary().find_lab);
     EXPECT_EQ(Summary().Spread1.ActiveRow(), 2) << "the active row stays";
     EXPECT_EQ(Find("BELT"), 2) << "from row 1 on: the top row is not reached";
     EXPECT_EQ(Find("VALVE"), 4) << "the last row is";
@@ -78,7 +63,7 @@ TEST_F(FindTest, LooksInTheColumnOfTheSortAtItsBeginningOrAnywhere) {
                  {"Category", "SEAL", false, "7"},     {"#", "9", false, "9"},
                  {"Description", "STEEL", false, "9"}, {"Name", "54", true, "7"}};
     for (const auto& c : cases) {
-      SortBy(c.sort);
+      Choose(Summary().SortCombo, c.sort);
       Summary().Spread1.Row = 0;  // so that the top row is looked at too
       const int row = Find(c.text, c.anywhere);
       EXPECT_EQ(Summary().Spread1.Text(row, KVI_InventorySummary::kNumberColumn), c.found)
@@ -93,10 +78,10 @@ TEST_F(FindTest, SmallLettersFindNothingCaseSensitiveOrNot) {
     for (const bool sensitive : {false, true}) {
       stockroom.desktop.ExpectScreen("KVI_Find", [&] {
         if (sensitive) stockroom.user().Tick(Finder().casecheck);
-        stockroom.desktop.ExpectBox(kNoneInSummary);
+        ExpectBox(kNoneInSummary);
         Look("Valve", true);
       });
-      stockroom.user().Click(Summary().find_lab);
+      Click(Summary().find_lab);
     }
   });
 }
@@ -111,9 +96,9 @@ TEST_F(FindTest, OpensEmptyEachTimeAndBothExitsLeaveTheGridAlone) {
         EXPECT_FALSE(Finder().searchCB.Value || Finder().casecheck.Value);
         EXPECT_EQ(Finder().Label1.Caption(), "What 'name' would you like to find?");
         stockroom.user().Tick(Finder().casecheck);
-        stockroom.user().Click(*exit);
+        Click(*exit);
       });
-      stockroom.user().Click(Summary().find_lab);
+      Click(Summary().find_lab);
       EXPECT_EQ(Summary().Spread1.ActiveRow(), 3);
       EXPECT_EQ(Summary().Spread1.Text(1, 1), "kept") << "a reload would have taken it";
       EXPECT_FALSE(stockroom.App().ReturnedFromFind) << "used up";
@@ -128,7 +113,7 @@ class StrangeCaller : public FindTest {
     for (int row = 1; row <= 4; ++row) shown.SetText(row, 7, row == 3 ? "Pumps" : "Old Pumps");
     request = {.caller = "KVI_Caller", .grid = &shown, .hidden = &other, .column = 7};
   }
-  void Open(const std::function<void()>& user) {
+  void Open(const Acts& user) {
     stockroom.desktop.ExpectScreen("KVI_Find", user);
     Finder().FindIn(request);
   }
@@ -154,7 +139,7 @@ TEST_F(StrangeCaller, TheTwoNamesInCapitalsAloneHaveAPromptOfTheirOwn) {
                 capitals ? "Enter search item to locate:" : "What 'name' would you like to find?")
           << name;
       EXPECT_TRUE(Finder().SortLabel.Visible);
-      stockroom.user().Click(Finder().Label11);
+      Click(Finder().Label11);
     });
   }
 }
@@ -176,10 +161,10 @@ TEST_F(StrangeCaller, TheRowNumberOverflowsBehind32767) {
   EXPECT_EQ(shown.ActiveRow(), 32767);
   shown.SetMaxRows(32768);
   Open([&] {
-    stockroom.desktop.ExpectBox("6 Overflow");
+    ExpectBox("6 Overflow");
     Look("LAST", false);
     EXPECT_TRUE(other.Visible);
-    stockroom.user().Click(Finder().Label11);
+    Click(Finder().Label11);
   });
 }
 
@@ -187,7 +172,7 @@ TEST_F(FindTest, ClosingItsWindowLeavesTheCallersGridAloneToo) {
   InSummary([&] {
     Summary().Spread1.SetText(1, 1, "not loaded again");
     stockroom.desktop.ExpectScreen("KVI_Find", [&] { stockroom.user().CloseWindow(Finder()); });
-    stockroom.user().Click(Summary().find_lab);
+    Click(Summary().find_lab);
     EXPECT_EQ(Summary().Spread1.Text(1, 1), "not loaded again");
   });
 }

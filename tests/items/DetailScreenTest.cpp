@@ -102,10 +102,7 @@ TEST_P(DetailScreenTest, TheDetailReportShowsWhatTheScreenShows) {
 TEST_P(DetailScreenTest, TheScreenPrintAsksFirst) {
   WithPart(1, [&](ItemDetailScreen& part) {
     for (const Answer answer : {Answer::No, Answer::Yes}) {
-      ExpectBox(
-          "This is a draft/screen print only. Use the 'print system' for better quality.\n\n"
-          "Are you sure you want to print this report?",
-          answer, "Print");
+      ExpectDraftPrint(answer);
       Click(part.sprint_lab);
     }
   });

@@ -154,12 +154,11 @@ TEST_P(ItemSaveTest, AnotherDesksLockAsksUntilItIsGoneOrTheUserGivesUp) {
   WithPart(1, [&](ItemDetailScreen& part) {
     Enter(part.desc, "mine");
     theirs.Edit();
-    ExpectBox(kLockQuestion, Answer::No, "KV Inventory Save");
-    ExpectBox("Changes have NOT been saved", Answer::Ok, "KV Inventory");
+    ExpectLock(Answer::No);
     Click(part.save);
     EXPECT_TRUE(part.ItemDirty());
     EXPECT_EQ(part.desc.Text(), "mine");
-    ExpectBox(kLockQuestion, Answer::Yes, "KV Inventory Save");
+    ExpectLock(Answer::Yes);
     stockroom.desktop.Meanwhile([&] {
       theirs.Set("desc", "theirs");
       theirs.Set("location", "theirs");
@@ -180,7 +179,7 @@ TEST_P(ItemSaveTest, ANumberTakenByAnotherDeskInTheMeantimeIsADuplicate) {
     Enter(part.i_num, "40");
     Enter(part.iname, "Shim");
     theirs.Edit();
-    ExpectBox(kLockQuestion, Answer::Yes, "KV Inventory Save");
+    ExpectLock(Answer::Yes);
     stockroom.desktop.Meanwhile([&] {
       theirs.CancelUpdate();
       other.Execute("INSERT INTO I_Master (inv_id, name) VALUES ('40', 'Theirs')");

@@ -78,9 +78,6 @@ class GroupStory : public StoryTest {
 };
 
 inline constexpr const char* kSaveFirst = "Changes have been made.  Save before exiting?";
-inline constexpr const char* kPrintDraft =
-    "This is a draft/screen print only. Use the 'print system' for better quality.\n\nAre you sure "
-    "you want to print this report?";
 inline constexpr const char* kReadOnly = "Current security clearance is READ ONLY.";
 
 }  // namespace kvi::test

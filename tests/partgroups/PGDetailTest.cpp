@@ -286,7 +286,7 @@ TEST_F(PGDetailTest, TheReportPrintsTheGridAsTyped) {
     EXPECT_TRUE(pages.Page(2).starts_with("0.30 0.30 bold 8 | Part #\n")) << pages.Page(2);
     EXPECT_NE(pages.Page(2).find("| LONG-\n"), std::string::npos);
     EXPECT_NE(pages.Page(2).find("| NUMBER"), std::string::npos) << "in the next line";
-    ExpectBox(kPrintDraft, Answer::Yes, "Print");
+    ExpectDraftPrint();
     Click(Builder().sprint_lab);
     EXPECT_EQ(stockroom.desktop.screensPrinted.size(), 1U);
     ExpectBox(kSaveFirst, Answer::Cancel);

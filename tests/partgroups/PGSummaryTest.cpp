@@ -1,5 +1,4 @@
 #include "base/RunTimeError.h"
-#include "grids/KVI_Find.h"
 #include "partgroups/GroupStory.h"
 
 namespace kvi::test {
@@ -38,11 +37,7 @@ TEST_F(PGSummaryTest, ListsTheGroupsInTheOrderChosen) {
     stockroom.user().GoToCell(Grid(), 1, KVI_PGSummary::kCostColumn);
     stockroom.user().PressKey(Grid(), "7");
     EXPECT_EQ(Grid().ActiveRow(), 1) << "letters search in the first three columns";
-    stockroom.desktop.ExpectScreen("KVI_Find", [&] {
-      Type(stockroom.App().Get<KVI_Find>().Text1, "7");
-      Click(stockroom.App().Get<KVI_Find>().Label12);
-    });
-    Click(List().find_lab);
+    Find(List().find_lab, "7");
     EXPECT_EQ(Grid().ActiveRow(), 3);
     Grid().SetColWidth(2, 100);
   });
@@ -153,16 +148,13 @@ TEST_F(PGSummaryTest, ACopyTakesAHundredLinesAndNotOneMore) {
 
 TEST_F(PGSummaryTest, NewCostsShowAfterARefreshAndPrint) {
   InList([&] {
-    ExpectBox(
-        "This option will update all of your part groups to the latest costs.  \n\nAre you sure "
-        "you want to continue?",
-        Answer::Yes);
+    ExpectBox(kCostQuestion, Answer::Yes);
     ExpectBox("Part Groups updated.");
     Click(List().Label3);
     EXPECT_EQ(Grid().Text(2, KVI_PGSummary::kCostColumn), "8.1235");
     Click(List().refresh_lab);
     EXPECT_EQ(Grid().Text(2, KVI_PGSummary::kCostColumn), "8.0000");
-    ExpectBox(kPrintDraft, Answer::Yes, "Print");
+    ExpectDraftPrint();
     Click(List().print_lab);
     EXPECT_NE(stockroom.desktop.documents.back()->Page(1).find("| Pump set\n"), std::string::npos);
   });

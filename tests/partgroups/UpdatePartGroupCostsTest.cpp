@@ -1,21 +1,15 @@
 #include "partgroups/UpdatePartGroupCosts.h"
 
-#include <gtest/gtest.h>
-
 #include "base/ErrorOf.h"
 #include "items/KVI_InventorySummary.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 #include "utilities/KVI_Utilities.h"
 
 namespace kvi::test {
 namespace {
 
-constexpr const char* kQuestion =
-    "This option will update all of your part groups to the latest costs.  \n\n"
-    "Are you sure you want to continue?";
-
 // The tables are filled when the program runs: its start would repair some of the holes.
-class PartGroupCostsTest : public ::testing::Test {
+class PartGroupCostsTest : public StoryTest {
  protected:
   void SetUp() override { ASSERT_TRUE(stockroom.Start()); }
 
@@ -27,10 +21,10 @@ class PartGroupCostsTest : public ::testing::Test {
   void Lines(const std::string& rows) {
     stockroom.Fill("Inv_Recipe", "rec_id | inv_id | qty | cost_per | how_used | desc\n" + rows);
   }
-  void ExpectYes() { stockroom.desktop.ExpectBox(kQuestion, Answer::Yes); }
+  void ExpectYes() { ExpectBox(kCostQuestion, Answer::Yes); }
   void Run() {
     ExpectYes();
-    stockroom.desktop.ExpectBox("Part Groups updated.");
+    ExpectBox("Part Groups updated.");
     stockroom.desktop.Meanwhile([this] { EXPECT_EQ(Pointer(), MousePointer::Default); });
     UpdatePartGroupCosts(stockroom.App());
     stockroom.desktop.AllCame();
@@ -46,8 +40,6 @@ class PartGroupCostsTest : public ::testing::Test {
   std::string LineCosts() {
     return stockroom.Rows("SELECT inv_id, cost_per, how_used FROM Inv_Recipe");
   }
-
-  TestStockroom stockroom;
 };
 
 TEST_F(PartGroupCostsTest, YieldReachesOnlyWhatNestedLinesAreGiven) {
@@ -183,7 +175,7 @@ TEST_F(PartGroupCostsTest, ALockedRowIsNotTriedAgain) {
   Items("A | 0 | 6 | 2 | 1 | each |");
   Groups("G | 5");
   Lines("G | A | 1 | 9 | | ");
-  jet::Database other = jet::Database::Open(stockroom.DatabaseFile(), false);
+  jet::Database other = OtherDesk();
   jet::Recordset held = other.OpenRecordset("SELECT * FROM Inv_Recipe");
   held.Edit();
   EXPECT_EQ(Failure(), 3260);
@@ -196,12 +188,12 @@ TEST_F(PartGroupCostsTest, UtilitiesShowAFailureAndTheNextRunFreesThePointer) {
   Lines("G | A | 1 | 9 | | ");
   stockroom.InUtilities([this](auto& screen) {
     ExpectYes();
-    stockroom.desktop.ExpectBox("11 Division by zero");
+    ExpectBox("11 Division by zero");
     stockroom.user().Click(screen.cmdUpdateRecipeCosts);
     EXPECT_EQ(Pointer(), MousePointer::Hourglass);
     stockroom.Execute("UPDATE I_Master SET hi_qty = 1");
     ExpectYes();
-    stockroom.desktop.ExpectBox("Part Groups updated.");
+    ExpectBox("Part Groups updated.");
     stockroom.user().Click(screen.cmdUpdateRecipeCosts);
     EXPECT_EQ(Pointer(), MousePointer::Default);
   });
@@ -213,13 +205,12 @@ TEST_F(PartGroupCostsTest, NoLeavesEveryRowAndThePointer) {
   Groups("G | 5");
   Lines("G | A | 1 | 9 | | ");
   const int items = stockroom.App().ItemSet.RecordCount();
-  stockroom.desktop.ExpectBox(kQuestion, Answer::No);
-  stockroom.desktop.ExpectBox("Part groups NOT updated.");
+  ExpectBox(kCostQuestion, Answer::No);
+  ExpectBox("Part groups NOT updated.");
   stockroom.desktop.Meanwhile([this] { EXPECT_EQ(Pointer(), MousePointer::Default); });
   UpdatePartGroupCosts(stockroom.App());
   stockroom.App().AccessString = "WWRW";
-  stockroom.desktop.ExpectBox(
-      "Current security clearance is READ ONLY for part groups.\n\nChanges NOT Saved");
+  ExpectBox("Current security clearance is READ ONLY for part groups.\n\nChanges NOT Saved");
   UpdatePartGroupCosts(stockroom.App());
   EXPECT_EQ(GroupCosts(), "G|5\n");
   EXPECT_EQ(LineCosts(), "A|9|Null\n");
@@ -234,18 +225,14 @@ TEST_F(PartGroupCostsTest, TheInventorySummaryAsksOnLeavingAfterAChange) {
       "You have made changes that could affect part group costs.\n\n"
       "Would you like to update part group costs at this time?";
   for (const bool wanted : {false, true}) {
-    stockroom.desktop.ExpectScreen("KVI_InventorySummary", [&] {
+    Visit<KVI_InventorySummary>(&Main::Label1, [&] {
       stockroom.App().PartGroupCostsStale = true;
-      stockroom.desktop.ExpectBox(question, wanted ? Answer::Yes : Answer::No,
-                                  "Update Part Group Costs");
+      ExpectBox(question, wanted ? Answer::Yes : Answer::No, "Update Part Group Costs");
       if (wanted) {
         ExpectYes();
-        stockroom.desktop.ExpectBox("Part Groups updated.");
+        ExpectBox("Part Groups updated.");
       }
-      stockroom.user().Click(stockroom.App().Get<KVI_InventorySummary>().exit_lab);
     });
-    stockroom.user().Click(stockroom.MainScreen().Label1);
-    stockroom.desktop.AllCame();
     EXPECT_FALSE(stockroom.App().PartGroupCostsStale);
     EXPECT_EQ(GroupCosts(), wanted ? "G|3\n" : "G|5\n");
   }

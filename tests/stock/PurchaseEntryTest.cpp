@@ -53,10 +53,7 @@ TEST_F(PurchaseEntryTest, AgreeingUpdatesThePartGroups) {
   stockroom.Fill("Inv_Recipe", "rec_id | inv_id | desc | qty | cost_per\n G | 100 | | 2 | 0");
   Buying([&] {
     ExpectBox(kUpdateGroups, Answer::Yes, "Speedy Update");
-    ExpectBox(
-        "This option will update all of your part groups to the latest costs.  \n\n"
-        "Are you sure you want to continue?",
-        Answer::Yes);
+    ExpectBox(kCostQuestion, Answer::Yes);
     ExpectBox("Part Groups updated.");
     Click(Screen().save);
     EXPECT_NE(stockroom.Rows("SELECT cost FROM R_Master"), "0\n");
@@ -122,10 +119,7 @@ TEST_F(PurchaseEntryTest, ASaveThatStopsOrACostingThatFailsBooksNothingTwice) {
     EXPECT_EQ(GridText(Grid(), 7, 7), "0\n12\n0\n");
     other.Execute("UPDATE I_Master SET hi_qty = 1 WHERE inv_id = '9'");
     ExpectBox(kUpdateGroups, Answer::Yes, "Speedy Update");
-    ExpectBox(
-        "This option will update all of your part groups to the latest costs.  \n\n"
-        "Are you sure you want to continue?",
-        Answer::Yes);
+    ExpectBox(kCostQuestion, Answer::Yes);
     stockroom.desktop.Meanwhile([&] { theirs.Edit(); });
     ExpectBox("3260 " + DescriptionOf(3260));
     Click(Screen().save);
@@ -144,7 +138,7 @@ TEST_F(PurchaseEntryTest, AnAdditionAddsToWhatAnotherDeskSavedMeanwhile) {
     other.Execute("UPDATE I_Master SET qty_on_hand = 10 WHERE inv_id = '100'");
     theirs.MoveFirst();
     theirs.Edit();
-    ExpectBox(kLockQuestion, Answer::Yes, "KV Inventory Save");
+    ExpectLock(Answer::Yes);
     stockroom.desktop.Meanwhile([&] {
       theirs.Set("qty_on_hand", 20);
       theirs.Update();

@@ -133,8 +133,7 @@ TEST_F(DropListTest, ASaveThatIsGivenUpKeepsWhatWasTypedAndItsList) {
     stockroom.user().TypeIntoCell(screen.Spread1, 4, 1, "Cage 1");
     theirs.Edit();
     ExpectBox("Changes have been made.  Save before exiting?", Answer::Yes);
-    ExpectBox(kLockQuestion, Answer::No, "KV Inventory Save");
-    ExpectBox("Changes have NOT been saved", Answer::Ok, "KV Inventory");
+    ExpectLock(Answer::No);
     stockroom.user().Choose(screen.o_hub);
     EXPECT_TRUE(screen.o_iil.Value);
     EXPECT_EQ(First(screen, 4), "[][Aisle 2][Bin 7][Cage 1]");
@@ -161,18 +160,13 @@ TEST_F(DropListTest, WithoutTheWriteRightNothingIsSaved) {
 
 TEST_F(DropListTest, TheListPrintsUnderTheProductsName) {
   Manage([&](auto& screen) {
-    ExpectBox(
-        "This is a draft/screen print only. Use the 'print system' for better quality.\n\n"
-        "Are you sure you want to print this report?",
-        Answer::Yes, "Print");
+    ExpectDraftPrint();
     Click(screen.print_lab);
     stockroom.user().Type(screen.PaperGoodsCombo, " ");
     EXPECT_EQ(screen.PaperGoodsCombo.Text(), "Paper Goods");
   });
-  ASSERT_EQ(stockroom.desktop.documents.size(), 1U);
-  const std::string page = stockroom.desktop.documents[0]->Page(1);
-  for (const char* text : {"| Kestvar Inventory", "| Description", "| Aisle 2", "| Page: 1"})
-    EXPECT_NE(page.find(text), std::string::npos) << text << " in\n" << page;
+  EXPECT_EQ(stockroom.desktop.documents.size(), 1U);
+  ExpectOnPaper({"| Kestvar Inventory", "| Description", "| Aisle 2", "| Page: 1"});
 }
 
 TEST_F(DropListTest, TheLocationScreenKeepsWhatWasAnswered) {

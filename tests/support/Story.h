@@ -5,9 +5,14 @@
 #include <functional>
 #include <string>
 
+#include "grids/KVI_Find.h"
 #include "support/TestStockroom.h"
 
 namespace kvi::test {
+
+inline constexpr const char* kCostQuestion =
+    "This option will update all of your part groups to the latest costs.  \n\n"
+    "Are you sure you want to continue?";
 
 // A user at the screens of a stockroom; the base of the fixtures that tell of one. An act that is
 // not possible fails the test.
@@ -43,6 +48,42 @@ class Story {
   void ExpectBox(const std::string& text, Answer answer = Answer::Ok,
                  const std::string& title = "Kestvar Inventory") {
     stockroom.desktop.ExpectBox(text, answer, title);
+  }
+  // What a save meets while another desk's lock lasts.
+  void ExpectLock(Answer answer) {
+    ExpectBox(kLockQuestion, answer, "KV Inventory Save");
+    if (answer == Answer::No) ExpectBox("Changes have NOT been saved", Answer::Ok, "KV Inventory");
+  }
+  void ExpectDraftPrint(Answer answer = Answer::Yes) {
+    ExpectBox(
+        "This is a draft/screen print only. Use the 'print system' for better quality.\n\n"
+        "Are you sure you want to print this report?",
+        answer, "Print");
+  }
+  void ExpectOnPaper(std::initializer_list<const char*> texts) {
+    ASSERT_FALSE(stockroom.desktop.documents.empty());
+    const std::string page = stockroom.desktop.documents.back()->Page(1);
+    for (const char* text : texts)
+      EXPECT_NE(page.find(text), std::string::npos) << text << " in\n" << page;
+  }
+  // What the spreadsheet program is given.
+  template <class Clickable>
+  std::string ExportedBy(Clickable& control) {
+    const std::string program = stockroom.folder / "calc", file = stockroom.folder / "temp.xls";
+    WriteFile(program, "#!");
+    stockroom.App().SpreadsheetPath = program;
+    stockroom.desktop.ExpectProgram(program + " \"" + file + "\"");
+    Click(control);
+    return ReadFile(file);
+  }
+  // Searches by a screen's own label or entry.
+  template <class Clickable>
+  void Find(Clickable& control, const std::string& text) {
+    stockroom.desktop.ExpectScreen("KVI_Find", [&] {
+      Type(The<KVI_Find>().Text1, text);
+      Click(The<KVI_Find>().Label12);
+    });
+    Click(control);
   }
   jet::Database OtherDesk() { return jet::Database::Open(stockroom.DatabaseFile(), false); }
 

@@ -228,6 +228,7 @@ TEST_F(UsageTest, OpeningMendsWhatDriftedApart) {
 
 TEST_F(UsageTest, ALockHeldElsewhereCostsOneBoxAndTheGridLoads) {
   LockTwoPeriods();
+  ASSERT_TRUE(stockroom.Start());
   jet::Database other = OtherDesk();
   jet::Recordset held = other.OpenRecordset("SELECT * FROM I_Master");
   held.Edit();

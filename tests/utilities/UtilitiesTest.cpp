@@ -1,24 +1,18 @@
 #include "utilities/KVI_Utilities.h"
 
-#include <gtest/gtest.h>
-
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 
 namespace kvi::test {
 namespace {
 
-class UtilitiesTest : public ::testing::Test {
- protected:
-  TestStockroom stockroom;
-};
+using UtilitiesTest = StoryTest;
 
 TEST_F(UtilitiesTest, EachChangeCountsAtOnceAndIsInTheFileOnLeaving) {
-  ASSERT_TRUE(stockroom.Start());
   stockroom.InUtilities([&](auto& screen) {
     EXPECT_TRUE(screen.OptUseFIFO.Value);
     EXPECT_EQ(screen.co_title.Text(), "Harbour Works");
-    stockroom.user().Type(screen.co_title, "Quay 7");
-    stockroom.user().Type(screen.SpreadPath, " /usr/bin/calc ");
+    Type(screen.co_title, "Quay 7");
+    Type(screen.SpreadPath, " /usr/bin/calc ");
     stockroom.user().Tick(screen.use_color);
     stockroom.user().Tick(screen.use_osis);
     stockroom.user().Choose(screen.OptUseLast);
@@ -51,28 +45,26 @@ TEST_F(UtilitiesTest, TheDesksOwnColourSchemeCountsFromTheNextStartOn) {
 }
 
 TEST_F(UtilitiesTest, BothPathsCanBeBrowsedFor) {
-  ASSERT_TRUE(stockroom.Start());
   const std::string here = stockroom.folder.Path().string();
   stockroom.InUtilities([&](auto& screen) {
     stockroom.desktop.ExpectFile("Select the spreadsheet program", std::nullopt);
-    stockroom.user().Click(screen.browse_program);
+    Click(screen.browse_program);
     EXPECT_EQ(screen.SpreadPath.Text(), stockroom.App().SpreadsheetPath);
     stockroom.desktop.ExpectFile("Select the spreadsheet program", "/usr/bin/calc");
-    stockroom.user().Click(screen.browse_program);
+    Click(screen.browse_program);
     EXPECT_EQ(stockroom.App().SpreadsheetPath, "/usr/bin/calc");
     stockroom.desktop.ExpectFile("Select the database", here + "/KV_Inventory.mdb");
-    stockroom.user().Click(screen.browse_dir);
+    Click(screen.browse_dir);
     EXPECT_EQ(screen.dir_loc.Text(), here);
     stockroom.desktop.ExpectFile("Select the database", "/nowhere/other.mdb");
-    stockroom.desktop.ExpectBox("There is a problem locating KV_Inventory.mdb.");
-    stockroom.user().Click(screen.browse_dir);
+    ExpectBox("There is a problem locating KV_Inventory.mdb.");
+    Click(screen.browse_dir);
     EXPECT_EQ(screen.dir_loc.Text(), "");
   });
 }
 
 TEST_F(UtilitiesTest, AClickTakesTheNumberOfTheProfitCenterAndLeavingItsPosition) {
   stockroom.Fill("I_Master", "inv_id | pcenter | name\n 1 | 4 | Bolt\n 2 | 1 | Nut");
-  ASSERT_TRUE(stockroom.Start());
   stockroom.App().CurrentProfitCenter = 9;
   stockroom.InUtilities([&](auto& screen) {
     EXPECT_EQ(screen.pcenter.Text(), "Garage");
@@ -89,27 +81,25 @@ TEST_F(UtilitiesTest, AClickTakesTheNumberOfTheProfitCenterAndLeavingItsPosition
 }
 
 TEST_F(UtilitiesTest, ItsWindowsBoxLeavesTheFieldAndExitsAsTheLabelDoes) {
-  ASSERT_TRUE(stockroom.Start());
   const std::string here = stockroom.folder.Path().string();
   stockroom.desktop.ExpectScreen("KVI_Utilities", [&] {
     auto& screen = stockroom.App().Get<KVI_Utilities>();
-    stockroom.user().Type(screen.co_title, "Quay 7");
-    stockroom.user().Type(screen.dir_loc, here + "/");
+    Type(screen.co_title, "Quay 7");
+    Type(screen.dir_loc, here + "/");
     stockroom.user().CloseWindow(screen);
   });
-  stockroom.user().Click(stockroom.MainScreen().Label7);
+  Click(stockroom.MainScreen().Label7);
   EXPECT_EQ(stockroom.Get("CompanyName"), "Quay 7");
   EXPECT_EQ(stockroom.App().DatabaseDirectory, here);
 }
 
 TEST_F(UtilitiesTest, AFolderWithoutTheDatabaseIsNotTaken) {
-  ASSERT_TRUE(stockroom.Start());
   stockroom.InUtilities([&](auto& screen) {
-    stockroom.user().Type(screen.dir_loc, "/nowhere");
-    stockroom.desktop.ExpectBox("There is a problem locating KV_Inventory.mdb.");
+    Type(screen.dir_loc, "/nowhere");
+    ExpectBox("There is a problem locating KV_Inventory.mdb.");
     stockroom.user().Leave(screen.dir_loc);
     EXPECT_EQ(screen.dir_loc.Text(), "");
-    stockroom.user().Type(screen.dir_loc, stockroom.folder.Path().string() + "\\");
+    Type(screen.dir_loc, stockroom.folder.Path().string() + "\\");
     stockroom.user().Leave(screen.dir_loc);
     EXPECT_EQ(screen.dir_loc.Text(), stockroom.folder.Path().string());
   });
@@ -118,19 +108,18 @@ TEST_F(UtilitiesTest, AFolderWithoutTheDatabaseIsNotTaken) {
 }
 
 TEST_F(UtilitiesTest, ColumnWidthsAreResetAfterAQuestion) {
-  ASSERT_TRUE(stockroom.Start());
   const std::string question =
       "This will reset the spreadsheet column widths to default values for the Inventory Summary, "
       "\nPart Group, and Par Order screens.  Continue?";
   stockroom.InUtilities([&](auto& screen) {
-    stockroom.desktop.ExpectBox(question, Answer::No, "Utilities");
-    stockroom.user().Click(screen.cmdColWidth);
-    stockroom.desktop.ExpectBox(question, Answer::Yes, "Utilities");
-    stockroom.desktop.ExpectBox("Columns widths have been reset.", Answer::Ok, "Utilities");
-    stockroom.user().Click(screen.cmdColWidth);
+    ExpectBox(question, Answer::No, "Utilities");
+    Click(screen.cmdColWidth);
+    ExpectBox(question, Answer::Yes, "Utilities");
+    ExpectBox("Columns widths have been reset.", Answer::Ok, "Utilities");
+    Click(screen.cmdColWidth);
     stockroom.Execute("DELETE * FROM CW_Recipes");
-    stockroom.desktop.ExpectBox(question, Answer::Yes, "Utilities");
-    stockroom.user().Click(screen.cmdColWidth);
+    ExpectBox(question, Answer::Yes, "Utilities");
+    Click(screen.cmdColWidth);
   });
   EXPECT_EQ(stockroom.Rows("SELECT DISTINCT ColWidth FROM CW_Orders"), "1500\n");
 }

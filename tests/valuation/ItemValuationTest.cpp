@@ -50,15 +50,10 @@ struct Case {
   double fifoOnScreen, fifoStored, average, lastPrice;
 };
 
+constexpr double kPrice = 0.123456789012346;
+
 const Case kCases[] = {
-    {"two layers: the screen doubles the last take",
-     "10",
-     "5",
-     {"6|2", "8|3"},
-     44,
-     24,
-     36.0 / 14 * 10,
-     50},
+    {"two layers double on the screen", "10", "5", {"6|2", "8|3"}, 44, 24, 36.0 / 14 * 10, 50},
     {"exact cover by two layers doubles too", "6", "5", {"4|2", "2|3"}, 24, 14, 14, 30},
     {"without a cost there is nothing to double", "6", "0", {"4|2", "2|3"}, 14, 14, 14, 0},
     {"one layer covers all", "3", "9", {"5|2", "7|4"}, 6, 6, 38.0 / 12 * 3, 27},
@@ -68,14 +63,7 @@ const Case kCases[] = {
     {"no history", "3", "4", {}, 12, 12, 12, 12},
     {"a level of as good as nothing", "0.0000001", "4", {"3|2"}, 0, 0, 0, 0},
     {"Null counts as 0", "6", "5", {"|2", "4|", "9|3"}, 16, 6, 27.0 / 13 * 6, 30},
-    {"a price counts with the 15 digits of its text",
-     "1",
-     "0",
-     {"1|0.12345678901234567"},
-     0.123456789012346,
-     0.123456789012346,
-     0.123456789012346,
-     0},
+    {"15 digits of a price count", "1", "0", {"1|0.12345678901234567"}, kPrice, kPrice, kPrice, 0},
 };
 
 TEST_F(ItemValuationTest, TheTwinsFollowTheMethod) {
