@@ -44,10 +44,7 @@ TEST(Date, IsKeptAsIsoText) {
 }
 
 TEST(CDate, ReadsWhatAPersonTypes) {
-  const struct {
-    const char* text;
-    Date date;
-  } cases[] = {
+  const std::pair<const char*, Date> cases[] = {
       {"3/1/2026", {2026, 3, 1}},
       {" 03/01/2026 ", {2026, 3, 1}},
       {"3/1/29", {2029, 3, 1}},

@@ -51,9 +51,7 @@ TEST(Format, FillsNumberMasks) {
 
 TEST(Format, FillsDateMasksInEitherCase) {
   const Date afternoon{2026, 3, 1, 14, 5, 9};
-  const struct {
-    const char *mask, *text;
-  } cases[] = {
+  const std::pair<const char*, const char*> cases[] = {
       {"m/d/yyyy", "3/1/2026"},
       {"yymmdd", "260301"},
       {"hhmmss", "140509"},

@@ -236,13 +236,11 @@ TEST_F(GridTest, AHeadingClickSortsAndSelectsNothing) {
 TEST_F(GridTest, AListCellTakesOneOfItsChoices) {
   sample.grid.SetKind(Block::Column(2), CellKind::List);
   sample.grid.SetChoices(2, {"1B", "Walters", "Wexler", "Wexford"});
-  const struct {
-    std::vector<Qt::Key> keys;
-    const char* chosen;
-  } cases[] = {{{Qt::Key_W, Qt::Key_E, Qt::Key_X, Qt::Key_Return}, "Wexler"},
-               {{Qt::Key_W, Qt::Key_E, Qt::Key_Backspace, Qt::Key_A, Qt::Key_Return}, "Walters"},
-               {{Qt::Key_F2, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, "Wexford"},
-               {{Qt::Key_W, Qt::Key_Q, Qt::Key_Escape}, "Wexford"}};
+  const std::pair<std::vector<Qt::Key>, const char*> cases[] = {
+      {{Qt::Key_W, Qt::Key_E, Qt::Key_X, Qt::Key_Return}, "Wexler"},
+      {{Qt::Key_W, Qt::Key_E, Qt::Key_Backspace, Qt::Key_A, Qt::Key_Return}, "Walters"},
+      {{Qt::Key_F2, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, "Wexford"},
+      {{Qt::Key_W, Qt::Key_Q, Qt::Key_Escape}, "Wexford"}};
   for (const auto& [keys, chosen] : cases) {
     sample.grid.SetActiveCell(1, 2);
     for (const Qt::Key key : keys) Press(key);

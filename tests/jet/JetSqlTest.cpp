@@ -93,10 +93,7 @@ class JetSqlTest : public testing::Test {
 };
 
 TEST_F(JetSqlTest, AConditionPicksTheRowsThatJetPicks) {
-  const struct {
-    const char* criterion;
-    const char* rows;
-  } cases[] = {
+  const std::pair<const char*, const char*> cases[] = {
       // Text, without regard to case; blanks count unless they are trimmed.
       {"name = 'BOLT'", "1 / 2"},
       {"name <> 'bolt'", "3 / 4"},
@@ -163,19 +160,16 @@ TEST_F(JetSqlTest, AConditionPicksTheRowsThatJetPicks) {
       {"EXISTS (SELECT * FROM [Group Line] WHERE [Group Line].inv_id = Part.inv_id)", "1 / 3"},
       {"NOT (name = 'bolt' OR ((inv_id = ' ab')))", "3"},
   };
-  for (const auto& row : cases) {
-    EXPECT_EQ(row.rows, Where(row.criterion)) << row.criterion;
-    EXPECT_EQ(row.rows,
-              Run("SELECT _rid FROM Part WHERE " + std::string(row.criterion) + " ORDER BY _rid;"))
-        << row.criterion;
+  for (const auto& [criterion, rows] : cases) {
+    EXPECT_EQ(rows, Where(criterion)) << criterion;
+    EXPECT_EQ(rows,
+              Run("SELECT _rid FROM Part WHERE " + std::string(criterion) + " ORDER BY _rid;"))
+        << criterion;
   }
 }
 
 TEST_F(JetSqlTest, AQueryShowsWhatJetShows) {
-  const struct {
-    const char* sql;
-    const char* rows;
-  } cases[] = {
+  const std::pair<const char*, const char*> cases[] = {
       {"SELECT name, qty FROM Part ORDER BY name, qty DESC",
        "bolt|2.5 / Bolt|0.0 / "
        "Étrier|12.0 / O'Neil|Null"},
@@ -201,7 +195,7 @@ TEST_F(JetSqlTest, AQueryShowsWhatJetShows) {
        "bolt / G1 / G2 / O'Neil"},
       {"SELECT Max(n) AS m FROM (SELECT Count(*) AS n FROM Part GROUP BY name) AS q", "2"},
   };
-  for (const auto& row : cases) EXPECT_EQ(row.rows, Run(row.sql)) << row.sql;
+  for (const auto& [sql, rows] : cases) EXPECT_EQ(rows, Run(sql)) << sql;
 }
 
 TEST_F(JetSqlTest, AnActionWritesWhatJetWritesAndRaisesTheVersion) {
@@ -218,10 +212,7 @@ TEST_F(JetSqlTest, AnActionWritesWhatJetWritesAndRaisesTheVersion) {
 }
 
 TEST_F(JetSqlTest, ATextThatIsNoSingleStatementIsRefusedWhole) {
-  const struct {
-    int number;
-    const char* sql;
-  } cases[] = {
+  const std::pair<int, const char*> cases[] = {
       {3075, "SELECT * FROM Vendor_Info WHERE Name = 'O'Brien'"},
       {3075, "SELECT * FROM Part WHERE name = ''; DELETE * FROM I_Master; --'"},
       {3075, "SELECT * FROM Part /* all */"},
@@ -246,7 +237,7 @@ TEST_F(JetSqlTest, ATextThatIsNoSingleStatementIsRefusedWhole) {
       {3129, "DROP TABLE Part"},
   };
   for (const auto& row : cases)
-    EXPECT_EQ(row.number, ErrorOf([&] { Translate(row.sql); })) << row.sql;
+    EXPECT_EQ(row.first, ErrorOf([&] { Translate(row.second); })) << row.second;
   const std::string deep = "SELECT " + std::string(100000, '(') + "1";
   EXPECT_EQ(3075, ErrorOf([&] { Translate(deep); }));
   EXPECT_THROW(TranslateCondition("E_Code = ", 1), RunTimeError);

@@ -195,23 +195,6 @@ TEST_F(RecordsetTest, EveryFieldTakesWhatItsTypeCanHold) {
   }
 }
 
-TEST_F(RecordsetTest, AValueComesBackInItsFieldsType) {
-  AddParts(1);
-  Recordset set = db_.OpenRecordset(kParts);
-  set.Edit();
-  set.Set("pcenter", "7");
-  set.Set("bought", "3/1/2026");
-  set.Update();
-  for (int pass = 0; pass < 2; ++pass) {
-    EXPECT_EQ(set["pcenter"], Value(7));
-    EXPECT_EQ(set["qty"], Value(10.0));
-    EXPECT_EQ(set["corp"], Value(false));
-    EXPECT_EQ(set["bought"], Value(Date{2026, 3, 1}));
-    EXPECT_EQ(set["name"], Value("Part 1"));
-    set = db_.OpenRecordset("SELECT * FROM I_Master WHERE bought = #3/1/2026# AND qty = 10");
-  }
-}
-
 TEST_F(RecordsetTest, ADuplicateKeyKeepsTheEditBuffer) {
   AddParts(2);
   Recordset set = db_.OpenRecordset(kParts);

@@ -46,18 +46,6 @@ class ControlsTest : public ::testing::Test {
   Gestures user{stack};
 };
 
-TEST_F(ControlsTest, AnAssignmentFiresTheEventOnlyWhenTheValueDiffers) {
-  std::string log;
-  form.name.Change = [&] { log += "name=" + form.name.Text() + " "; };
-  form.active.Click = [&] { log += "active "; };
-  form.name.Text = "Bolt";
-  form.name.Text = "Bolt";
-  user.Type(form.name, "Nut");
-  form.active.Value = true;
-  form.active.Value = true;
-  EXPECT_EQ(log, "name=Bolt name=Nut active ");
-}
-
 TEST_F(ControlsTest, ATypedTextIsAChangeAndAChosenEntryIsAClick) {
   std::string log;
   form.unit.Change = [&] { log += "change:" + form.unit.Text() + " "; };
@@ -140,19 +128,6 @@ TEST_F(ControlsTest, NothingHappensOnADisabledHiddenOrLockedControl) {
   form.name.MaxLength = 3;
   user.Type(form.name, "äöüß");
   EXPECT_EQ(form.name.Text(), "äöü") << "typing stops at the length, counted in characters";
-}
-
-TEST_F(ControlsTest, ClosingAModalScreenActivatesTheOneBelow) {
-  FormScreen second("Second");
-  form.save.Click = [&] { stack.ShowModal(second); };
-  second.exit_lab.Click = [&] { stack.Unload(second); };
-  desktop.ExpectScreen("Second", [&] {
-    EXPECT_FALSE(user.Click(form.save)) << "the screen behind cannot be reached";
-    user.Click(second.exit_lab);
-  });
-  user.Click(form.save);
-  EXPECT_EQ(form.log, "load activate activate ");
-  EXPECT_EQ(second.log, "load activate unload ");
 }
 
 TEST_F(ControlsTest, LocksAreGivenBackBeforeEachWaitForTheUser) {

@@ -5,8 +5,6 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include <fstream>
-#include <iterator>
 #include <random>
 
 #include "base/ErrorOf.h"
@@ -23,13 +21,10 @@ class IniFileTest : public testing::Test {
   IniFile File() const { return IniFile(Path()); }
 
   IniFile FileWith(const std::string& bytes) const {
-    std::ofstream(Path(), std::ios::binary) << bytes;
+    test::WriteFile(Path(), bytes);
     return File();
   }
-  std::string Bytes() const {
-    std::ifstream stream(Path(), std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
+  std::string Bytes() const { return test::ReadFile(Path()); }
   std::ptrdiff_t FilesInFolder() const {
     return std::distance(fs::directory_iterator(folder_), fs::directory_iterator());
   }
