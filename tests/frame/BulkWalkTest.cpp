@@ -1,20 +1,18 @@
 #include "frame/BulkWalk.h"
 
-#include <gtest/gtest.h>
-
 #include <thread>
 
 #include "base/ErrorOf.h"
 #include "base/RunTimeError.h"
 #include "partgroups/UpdatePartGroupCosts.h"
 #include "store/RepairItemDefaults.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 #include "valuation/ItemValuation.h"
 
 namespace kvi::test {
 namespace {
 
-class BulkWalkTest : public ::testing::Test {
+class BulkWalkTest : public StoryTest {
  protected:
   BulkWalkTest() {
     stockroom.Fill(
@@ -25,8 +23,7 @@ class BulkWalkTest : public ::testing::Test {
     return stockroom.Rows("SELECT inv_id, name, qty_on_hand FROM I_Master ORDER BY inv_id");
   }
 
-  TestStockroom stockroom;
-  jet::Database desk = jet::Database::Open(stockroom.DatabaseFile(), false);
+  jet::Database desk = OtherDesk();
 };
 
 TEST_F(BulkWalkTest, DecidesOnTheRowUnderTheLockAndPassesOverWhatIsGone) {
@@ -61,7 +58,7 @@ TEST_F(BulkWalkTest, AFailureKeepsTheRowsBeforeItAndHoldsNothing) {
 TEST_F(BulkWalkTest, RowsThatAreLeftAreNoChangeToOthers) {
   jet::Recordset theirs = desk.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '1'");
   EXPECT_EQ(theirs.Text("name"), "a");
-  jet::Database other = jet::Database::Open(stockroom.DatabaseFile(), false);
+  jet::Database other = OtherDesk();
   jet::Recordset items = other.OpenRecordset("SELECT * FROM I_Master");
   WalkAndChange(other, items, [](jet::Recordset&) { return RowEnd::Leave; });
   EXPECT_EQ(ErrorOf([&] { theirs.Edit(); }), 0);
@@ -76,10 +73,7 @@ struct Desk {
   }
   void RunAllWalks() {
     RepairItemDefaults(app.CurrentDatabase, desktop);
-    desktop.ExpectBox(
-        "This option will update all of your part groups to the latest costs.  \n\n"
-        "Are you sure you want to continue?",
-        Answer::Yes);
+    desktop.ExpectBox(kCostQuestion, Answer::Yes);
     desktop.ExpectBox("Part Groups updated.");
     UpdatePartGroupCosts(app);
     UpdateAllValuations(app.CurrentDatabase, ValuationMethod::FIFO, desktop, 0);

@@ -4,6 +4,7 @@
 
 #include "frame/INI_SUBS.h"
 #include "frame/StrgSubs.h"
+#include "support/BareScreen.h"
 #include "support/TestStockroom.h"
 
 namespace kvi::test {
@@ -59,15 +60,12 @@ TEST_F(GeneralTest, PartGroupsOfAPartAreListedOnceByName) {
   stockroom.Fill("R_Master", "rec_id | name\n 1 | Pump kit\n 2 | Door kit\n 3 | Other\n 4 |");
   stockroom.Fill("Inv_Recipe", "rec_id | inv_id\n 1 | 7\n 1 | 7\n 2 | 7\n 3 | 8\n 4 | 7");
   jet::Database& database = Open();
-  struct Form : Screen {
-    Form() : Screen("Form") {}
-    Layout Arrange() override { return Column({}); }
-    ListBox list{*this, "RecipeList"};
-  } form;
-  ListPartGroupsOfItem(database, form.list, " ");
-  EXPECT_TRUE(form.list.Items().empty());
-  ListPartGroupsOfItem(database, form.list, "7");
-  EXPECT_EQ(form.list.Items(), (std::vector<std::string>{"", "Door kit", "Pump kit"}));
+  BareScreen screen;
+  ListBox list{screen, "RecipeList"};
+  ListPartGroupsOfItem(database, list, " ");
+  EXPECT_TRUE(list.Items().empty());
+  ListPartGroupsOfItem(database, list, "7");
+  EXPECT_EQ(list.Items(), (std::vector<std::string>{"", "Door kit", "Pump kit"}));
 }
 
 }  // namespace

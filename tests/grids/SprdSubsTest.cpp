@@ -78,10 +78,7 @@ TEST_F(SprdSubsTest, AKeyGoesToTheFirstRowThatBeginsWithItsLetter) {
   const char* names[] = {"", " ", "nut", "Émail", "Nail"};
   for (int row = 1; row <= 5; ++row) grid.SetText(row, 2, names[row - 1]);
   GoToCell(grid, 5, 3);
-  const struct {
-    const char* key;
-    int row;
-  } cases[] = {{"N", 3}, {"é", 4}, {"n", 3}, {"x", 3}, {" ", 3}};
+  const std::pair<const char*, int> cases[] = {{"N", 3}, {"é", 4}, {"n", 3}, {"x", 3}, {" ", 3}};
   for (const auto& [key, row] : cases) {
     GoToFirstLetter(grid, 2, key);
     EXPECT_EQ(Place(), Str(row) + ",3 active " + Str(row) + ",3") << key;

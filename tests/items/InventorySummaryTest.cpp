@@ -75,13 +75,11 @@ TEST_F(InventorySummaryTest, FiltersByCategoryAndByTheFirstVendorOnly) {
 
 TEST_F(InventorySummaryTest, SortsByTheChoiceAndNumbersAsText) {
   Open([&] {
-    const struct {
-      const char *choice, *numbers;
-    } cases[] = {{"Description", "100\n9\n10\n"},
-                 {"Location", "9\n10\n100\n"},
-                 {"Category", "100\n10\n9\n"},
-                 {"#", "10\n100\n9\n"},
-                 {"Name", "100\n10\n9\n"}};
+    const std::pair<const char*, const char*> cases[] = {{"Description", "100\n9\n10\n"},
+                                                         {"Location", "9\n10\n100\n"},
+                                                         {"Category", "100\n10\n9\n"},
+                                                         {"#", "10\n100\n9\n"},
+                                                         {"Name", "100\n10\n9\n"}};
     for (const auto& [choice, numbers] : cases) {
       Choose(Screen().SortCombo, choice);
       EXPECT_EQ(Numbers(), numbers) << choice;

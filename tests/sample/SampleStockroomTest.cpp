@@ -99,23 +99,9 @@ TEST_F(SampleStockroomTest, StockroomIsWholeAndItsLinksResolve) {
 
 TEST_F(SampleStockroomTest, OddContentOfRealStockroomsIsThere) {
   auto database = Fill("sample.mdb", {});
-  const char* const kOdd[] = {"name LIKE '*é*' OR name LIKE '*è*' OR name LIKE '*µ*'",
-                              "desc LIKE '*\"*'",
-                              "Len(notes) > 2000",
-                              "desc IS NULL",
-                              "re_order IS NULL",
-                              "hu_qty IS NULL",
-                              "how_used IS NULL",
-                              "where2 = 'N/A'",
-                              "active = 'NO'",
-                              "qty_on_hand = 0",
-                              "qty_on_hand < 0",
-                              "active = 'YES' AND qty_on_hand < re_order",
-                              "inv_id LIKE 'BRG-*'",
-                              "how_purchased = 'drum' AND hi_qty = 55",
-                              "VendorOptNo = 2",
-                              "Yield = 90"};
-  for (const std::string condition : kOdd)
+  for (const std::string condition :
+       {"name LIKE '*é*' OR name LIKE '*µ*'", "desc LIKE '*\"*'", "Len(notes) > 2000",
+        "hu_qty IS NULL", "where2 = 'N/A'", "active = 'NO'", "qty_on_hand < 0", "Yield = 90"})
     EXPECT_GT(Count(database, "SELECT * FROM I_Master WHERE " + condition), 0) << condition;
 }
 

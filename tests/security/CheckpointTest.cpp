@@ -1,8 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "security/CheckAccess.h"
 #include "security/KVI_SecurityCheckpoint.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 
 namespace kvi::test {
 namespace {
@@ -19,7 +17,7 @@ TEST(CheckAccessTest, OnlyTheThirdCharacterDecidesAndOnlyOverWriting) {
     EXPECT_EQ(CheckAccess(rights, module, level), allowed) << rights << " " << level;
 }
 
-class CheckpointTest : public ::testing::Test {
+class CheckpointTest : public StoryTest {
  protected:
   CheckpointTest() {
     stockroom.Set("SecurityFlag", "1");
@@ -30,16 +28,13 @@ class CheckpointTest : public ::testing::Test {
   bool StartWith(std::function<void(KVI_SecurityCheckpoint&)> user) {
     stockroom.desktop.ExpectScreen("KVI_SecurityCheckpoint", [this, user] {
       EXPECT_EQ(stockroom.desktop.openWindows.front(), "Main") << "it stands above the main screen";
-      user(stockroom.App().Get<KVI_SecurityCheckpoint>());
+      user(The<KVI_SecurityCheckpoint>());
     });
     return stockroom.Start();
   }
   void Press(KVI_SecurityCheckpoint& screen, const std::string& digits) {
-    for (char digit : digits)
-      stockroom.user().Click(*screen.digit[static_cast<std::size_t>(digit - '0')]);
+    for (char digit : digits) Click(*screen.digit[static_cast<std::size_t>(digit - '0')]);
   }
-
-  TestStockroom stockroom;
 };
 
 TEST_F(CheckpointTest, FiveDigitsSubmitByThemselves) {
@@ -49,37 +44,36 @@ TEST_F(CheckpointTest, FiveDigitsSubmitByThemselves) {
   EXPECT_EQ(stockroom.App().CurrentEmployeeName, "Ines") << "leading zeros fall away";
   EXPECT_TRUE(StartWith([&](auto& screen) {
     Press(screen, "9999");
-    stockroom.user().Click(screen.clear_button);
+    Click(screen.clear_button);
     Press(screen, "54321");
   })) << "Clear starts the count again";
 }
 
 TEST_F(CheckpointTest, ATypedCodeIsComparedAsANumber) {
-  const struct {
-    const char *typed, *name;
-  } cases[] = {{"7", "Bo"}, {"007", "Bo"}, {"12abc", "Ines"}, {"54321", "Mia"}};
+  const std::pair<const char*, const char*> cases[] = {
+      {"7", "Bo"}, {"007", "Bo"}, {"12abc", "Ines"}, {"54321", "Mia"}};
   for (const auto& [typed, name] : cases) {
     EXPECT_TRUE(StartWith([&, typed = typed](auto& screen) {
-      stockroom.user().Type(screen.man_in, typed);
-      stockroom.user().Click(screen.Command1);
+      Type(screen.man_in, typed);
+      Click(screen.Command1);
     })) << typed;
     EXPECT_EQ(stockroom.App().CurrentEmployeeName, name) << typed;
   }
 }
 
 TEST_F(CheckpointTest, NobodyWithoutACodeOfAtLeastOneComesIn) {
-  EXPECT_FALSE(StartWith([&](auto& screen) { stockroom.user().Click(screen.cancel_button); }));
+  EXPECT_FALSE(StartWith([&](auto& screen) { Click(screen.cancel_button); }));
   EXPECT_FALSE(StartWith([&](auto& screen) { Press(screen, "99999"); }));
   EXPECT_FALSE(StartWith([&](auto& screen) {
-    stockroom.user().Type(screen.man_in, "abc");  // counts as 0, which an employee has
-    stockroom.user().Click(screen.Command1);
+    Type(screen.man_in, "abc");  // counts as 0, which an employee has
+    Click(screen.Command1);
   }));
   EXPECT_EQ(stockroom.App().CurrentEmployeeName, "Nil");
 }
 
 TEST_F(CheckpointTest, ClosingTheWindowSaysSo) {
   stockroom.desktop.ExpectScreen("KVI_SecurityCheckpoint", [this] {
-    stockroom.user().CloseWindow(stockroom.App().Get<KVI_SecurityCheckpoint>());
+    stockroom.user().CloseWindow(The<KVI_SecurityCheckpoint>());
   });
   stockroom.desktop.ExpectBox(
       "You have not entered a valid ID number or have hit 'cancel'.  Please try again.");
@@ -88,11 +82,11 @@ TEST_F(CheckpointTest, ClosingTheWindowSaysSo) {
 
 TEST_F(CheckpointTest, AnEmptyOkStaysOpenForAnotherTry) {
   EXPECT_TRUE(StartWith([&](auto& screen) {
-    stockroom.user().Click(screen.Command1);
+    Click(screen.Command1);
     EXPECT_EQ(stockroom.App().CurrentEmployeeCode.Number(), -999);
     Press(screen, "12");
     EXPECT_EQ(screen.man_in.Text(), "12");
-    stockroom.user().Click(screen.Command1);
+    Click(screen.Command1);
   }));
   EXPECT_EQ(stockroom.App().CurrentEmployeeCode.Text(), "12");
 }

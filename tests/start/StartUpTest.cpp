@@ -1,19 +1,13 @@
-#include <gtest/gtest.h>
-
 #include "base/RunTimeError.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 
 namespace kvi::test {
 namespace {
 
 // The load of Main, the settings it reads, and the way out.
-class StartUpTest : public ::testing::Test {
- protected:
-  TestStockroom stockroom;
-};
+class StartUpTest : public StoryTest {};
 
 TEST_F(StartUpTest, ReadyToWorkWithDefaultsOfADesk) {
-  ASSERT_TRUE(stockroom.Start());
   Application& app = stockroom.App();
   EXPECT_EQ(app.AccessString, "WWWW");
   EXPECT_EQ(app.CurrentCategory, "(All Categories)");
@@ -29,14 +23,12 @@ TEST_F(StartUpTest, ReadyToWorkWithDefaultsOfADesk) {
 }
 
 TEST_F(StartUpTest, RightsComeFromFixedPositionsOfTheCommandLine) {
-  const struct {
-    const char *line, *rights;
-  } cases[] = {{"/S:12W4", "12W4"},
-               {"/S:12W4 more", "12W4"},
-               {"abc /S:12W4", " /S:"},
-               {"/s:12W4", "WWWW"},
-               {"", "WWWW"},
-               {"/S:1", "1"}};
+  const std::pair<const char*, const char*> cases[] = {{"/S:12W4", "12W4"},
+                                                       {"/S:12W4 more", "12W4"},
+                                                       {"abc /S:12W4", " /S:"},
+                                                       {"/s:12W4", "WWWW"},
+                                                       {"", "WWWW"},
+                                                       {"/S:1", "1"}};
   for (const auto& [line, rights] : cases) {
     ASSERT_TRUE(stockroom.Start(line));
     EXPECT_EQ(stockroom.App().AccessString, rights) << line;
@@ -58,14 +50,13 @@ TEST_F(StartUpTest, TheStoredProfitCenterServesAsAPosition) {
     EXPECT_EQ(stockroom.MainScreen().pcenter.Text(), name) << stored;
   }
   stockroom.Set("ProfitCenterNo", "3");  // equals the count: no such position
-  stockroom.desktop.ExpectBox(
+  ExpectBox(
       "An error has occurred locating KV_Inventory.mdb. (380-Invalid property value)\n"
       "KV Inventory must be shut down.");
   EXPECT_FALSE(stockroom.Start());
 }
 
 TEST_F(StartUpTest, LeavingTheProfitCenterTakesThePositionForTheNumber) {
-  ASSERT_TRUE(stockroom.Start());
   Main& main = stockroom.MainScreen();
   stockroom.user().Choose(main.pcenter, 2);
   EXPECT_EQ(stockroom.App().CurrentProfitCenter, 0) << "choosing alone changes nothing";
@@ -82,22 +73,19 @@ TEST_F(StartUpTest, AnEmptyTableOfProfitCentersGetsGeneral) {
 }
 
 TEST_F(StartUpTest, SettingsAreKeptFromOneStartToTheNext) {
-  const struct {
-    const char *key, *value;
-  } kept[] = {{"CompanyName", "Quay 7 \xC3\xA9"},
-              {"AcceptableVariance", "2.5"},
-              {"SecurityFlag", "0"},
-              {"UseOldStyleInventoryDetail", "1"},
-              {"TakeAwayAdjustments", "1"},
-              {"FontSize", "3"},
-              {"ColorFlag", "False"},
-              {"ProfitCenterNo", "0"},
-              {"CurrentInventoryCategory", "Belts"},
-              {"CurrentPsoVendor", "Nord Supply"},
-              {"SpreadsheetExePath", "/usr/bin/calc"},
-              {"VALUATION", "WEIGHTED"}};
+  const std::pair<const char*, const char*> kept[] = {{"CompanyName", "Quay 7 \xC3\xA9"},
+                                                      {"AcceptableVariance", "2.5"},
+                                                      {"SecurityFlag", "0"},
+                                                      {"UseOldStyleInventoryDetail", "1"},
+                                                      {"TakeAwayAdjustments", "1"},
+                                                      {"FontSize", "3"},
+                                                      {"ColorFlag", "False"},
+                                                      {"ProfitCenterNo", "0"},
+                                                      {"CurrentInventoryCategory", "Belts"},
+                                                      {"CurrentPsoVendor", "Nord Supply"},
+                                                      {"SpreadsheetExePath", "/usr/bin/calc"},
+                                                      {"VALUATION", "WEIGHTED"}};
   for (const auto& [key, value] : kept) stockroom.Set(key, value);
-  ASSERT_TRUE(stockroom.Start());
   EXPECT_EQ(stockroom.App().settings.AcceptableVariance, 2.5);
   EXPECT_FALSE(stockroom.App().UseColors);
   EXPECT_EQ(stockroom.App().settings.Valuation, ValuationMethod::Weighted);
@@ -112,7 +100,7 @@ TEST_F(StartUpTest, AMissingSuiteFileEndsTheProcess) {
       "There is a problem with your config file. (TARNWK.INI). TarnwickManager must be shut down.";
   for (const char* content : {"", "[OTHER]\nDatabasePath=\n", "\x01\xFF\x00\x7F[[[\x80"}) {
     WriteFile(suite, content);
-    stockroom.desktop.ExpectBox(message);
+    ExpectBox(message);
     EXPECT_FALSE(stockroom.Start());
     EXPECT_EQ(ReadFile(suite), content) << "the suite's file is never written";
   }
@@ -145,7 +133,6 @@ TEST_F(StartUpTest, ValuesOfTheFileAreCutAt127CharactersAndUnknownMethodsChangeN
   stockroom.Set("CompanyName", std::string(200, 'x'));
   stockroom.Set("VALUATION", "lastprice");
   stockroom.Set("SectionActive", "tRuE");
-  ASSERT_TRUE(stockroom.Start());
   EXPECT_EQ(stockroom.App().settings.CompanyName, std::string(127, 'x'));
   EXPECT_EQ(stockroom.App().settings.Valuation, ValuationMethod::FIFO) << "the design's choice";
 }
@@ -154,7 +141,7 @@ TEST_F(StartUpTest, AMissingOrBrokenDatabaseEndsTheProcessAndStaysAsItIs) {
   const std::string file = stockroom.DatabaseFile();
   const auto startsWithBox = [&](const std::string& content, const std::string& box) {
     if (!content.empty()) WriteFile(file, content);
-    stockroom.desktop.ExpectBox(box);
+    ExpectBox(box);
     EXPECT_FALSE(stockroom.Start());
     EXPECT_EQ(ReadFile(file), content) << "the file stays as it is";
   };
@@ -181,29 +168,27 @@ TEST_F(StartUpTest, TheDatabaseIsFoundInTheSuitesFolder) {
 }
 
 TEST_F(StartUpTest, TilesThatNeedPartsAskForThem) {
-  ASSERT_TRUE(stockroom.Start());
   Main& main = stockroom.MainScreen();
-  stockroom.desktop.ExpectBox("No items in the system.  Click on the '+' icon to add a new item.");
-  stockroom.user().Click(main.Label2);
-  stockroom.desktop.ExpectBox("No items in the system.  Click on the '+' icon to add a new item.");
-  stockroom.user().Click(main.m_f_print);
+  ExpectBox("No items in the system.  Click on the '+' icon to add a new item.");
+  Click(main.Label2);
+  ExpectBox("No items in the system.  Click on the '+' icon to add a new item.");
+  Click(main.m_f_print);
 }
 
 TEST_F(StartUpTest, AMissingManualIsSaid) {
-  ASSERT_TRUE(stockroom.Start());
   stockroom.desktop.helpOpens = false;
-  stockroom.desktop.ExpectBox(
+  ExpectBox(
       "There is a problem locating the help file OR you have not properly setup your 'browser'.  "
       "Go to 'Utilities' from the main screen, click on 'KV Settings' and make sure your browser "
       "is properly selected. ");
-  stockroom.user().Click(stockroom.MainScreen().m_help_sm);
+  Click(stockroom.MainScreen().m_help_sm);
 }
 
 TEST_F(StartUpTest, ASettingsFileThatCannotBeWrittenEndsTheProcess) {
   ASSERT_TRUE(stockroom.Start());
   std::filesystem::remove(stockroom.folder / "KVI.INI");
   std::filesystem::create_directory(stockroom.folder / "KVI.INI");
-  stockroom.desktop.ExpectBox("Invalid KVI.INI file. KVI must close down.");
+  ExpectBox("Invalid KVI.INI file. KVI must close down.");
   EXPECT_TRUE(stockroom.Exit());
 }
 

@@ -51,11 +51,10 @@ TEST_F(InvoiceTest, ShowsTheRegisterInTheOrderChosenAndNumbersAsText) {
               "01/09/2026|01/31/2026|Nord|11|5.00|8.00\n");
     EXPECT_EQ(grid.Format(2, 1).BackColor, kLightGrey);
     EXPECT_EQ(grid.RowHeight(0), 600);
-    const struct {
-      const char *choice, *numbers;
-    } cases[] = {{"Invoice #", "100\n11\n9\n"},       {"Invoice Date", "100\n9\n11\n"},
-                 {"Total Amount", "11\n9\n100\n"},    {"Due Date", "11\n9\n100\n"},
-                 {"Adjusted Amount", "100\n9\n11\n"}, {"Name", "100\n9\n11\n"}};
+    const std::pair<const char*, const char*> cases[] = {
+        {"Invoice #", "100\n11\n9\n"},       {"Invoice Date", "100\n9\n11\n"},
+        {"Total Amount", "11\n9\n100\n"},    {"Due Date", "11\n9\n100\n"},
+        {"Adjusted Amount", "100\n9\n11\n"}, {"Name", "100\n9\n11\n"}};
     for (const auto& [choice, numbers] : cases) {
       SortBy(choice);
       EXPECT_EQ(GridText(grid, 4, 4), numbers) << choice;

@@ -1,21 +1,19 @@
 #include "store/SaveRecord.h"
 
-#include <gtest/gtest.h>
-
 #include "base/RunTimeError.h"
 #include "store/DButils.h"
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 
 namespace kvi::test {
 namespace {
 
 // One desk saves a part's level while another works on the same file.
-class SaveRecordTest : public ::testing::Test {
+class SaveRecordTest : public StoryTest {
  protected:
   SaveRecordTest() {
     stockroom.Fill("I_Master", "inv_id | qty_on_hand\n 1 | 5\n 2 | 7");
     EXPECT_TRUE(stockroom.Start());
-    other = jet::Database::Open(stockroom.DatabaseFile(), false);
+    other = OtherDesk();
     theirs = other.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '1'");
     ours =
         stockroom.App().CurrentDatabase.OpenRecordset("SELECT * FROM I_Master WHERE inv_id = '1'");
@@ -31,7 +29,6 @@ class SaveRecordTest : public ::testing::Test {
     return stockroom.Rows("SELECT qty_on_hand FROM I_Master WHERE inv_id='1'");
   }
 
-  TestStockroom stockroom;
   jet::Database other;
   jet::Recordset theirs, ours;
 };
@@ -47,8 +44,8 @@ TEST_F(SaveRecordTest, DataChangedUnderTheEditIsOverwrittenSilently) {
 
 TEST_F(SaveRecordTest, ALockThatLastsAsksAndYesTriesAgain) {
   theirs.Edit();
-  stockroom.desktop.ExpectBox(kLockQuestion, Answer::Yes, "KV Inventory Save");
-  stockroom.desktop.ExpectBox(kLockQuestion, Answer::Yes, "KV Inventory Save");
+  ExpectLock(Answer::Yes);
+  ExpectLock(Answer::Yes);
   stockroom.desktop.Meanwhile([&] { theirs.CancelUpdate(); });
   EXPECT_EQ(SaveLevel(6), SaveEnd::Saved);
   EXPECT_EQ(Level(), "6\n");
@@ -56,15 +53,14 @@ TEST_F(SaveRecordTest, ALockThatLastsAsksAndYesTriesAgain) {
 
 TEST_F(SaveRecordTest, NoLeavesTheSaveWithNothingWritten) {
   theirs.Edit();
-  stockroom.desktop.ExpectBox(kLockQuestion, Answer::No, "KV Inventory Save");
-  stockroom.desktop.ExpectBox("Changes have NOT been saved", Answer::Ok, "KV Inventory");
+  ExpectLock(Answer::No);
   EXPECT_EQ(SaveLevel(6), SaveEnd::GivenUp);
   theirs.CancelUpdate();
   EXPECT_EQ(Level(), "5\n");
 }
 
 TEST_F(SaveRecordTest, ALostConnectionShowsTheEnginesErrorsAndLeaves) {
-  stockroom.desktop.ExpectBox("3146 The server is gone.");
+  ExpectBox("3146 The server is gone.");
   EXPECT_EQ(SaveRecord(stockroom.desktop, stockroom.App().CurrentDatabase,
                        [] { throw RunTimeError(3146, "The server is gone."); }),
             SaveEnd::Failed);

@@ -135,13 +135,12 @@ TEST_F(UsageTest, APeriodIsRemovedFromItsOwnColumnAndLeavesACopyBehind) {
                 "Historical Inventory");
       Click(Screen().remove);
     }
+    const char* question = "Are you sure you want to remove the current column?";
     stockroom.user().GoToCell(Grid(), 1, 7);
-    ExpectBox("Are you sure you want to remove the current column?", Answer::No,
-              "Historical Inventory");
+    ExpectBox(question, Answer::No, "Historical Inventory");
     Click(Screen().remove);
     EXPECT_EQ(Copies(), 0);
-    ExpectBox("Are you sure you want to remove the current column?", Answer::Yes,
-              "Historical Inventory");
+    ExpectBox(question, Answer::Yes, "Historical Inventory");
     ExpectBox("Historical Inventory has been removed for the date: 3/1/2025", Answer::Ok,
               "Historical Inventory");
     Click(Screen().remove);
