@@ -174,7 +174,6 @@ TEST_F(JetSqlTest, AQueryShowsWhatJetShows) {
        "bolt|2.5 / Bolt|0.0 / "
        "Étrier|12.0 / O'Neil|Null"},
       {"SELECT inv_id FROM Part ORDER BY Trim(inv_id), qty;", "007 / 7 / AB  /  ab"},
-      {"SELECT Val(inv_id) FROM Part ORDER BY 1 DESC", "7.0 / 7.0 / 0.0 / 0.0"},
       {"SELECT DISTINCT Trim(inv_id) AS t FROM Part ORDER BY Trim(inv_id)", "007 / 7 / AB"},
       {"SELECT name, count(*) AS n, Sum(qty) AS s FROM Part GROUP BY name HAVING Count(*) > 1",
        "bolt|2|2.5"},

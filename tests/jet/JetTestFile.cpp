@@ -6,10 +6,10 @@
 
 #include <csignal>
 #include <filesystem>
-#include <sstream>
 
 #include "base/RunTimeError.h"
 #include "jet/functions/JetFunctions.h"
+#include "support/TableText.h"
 
 namespace kvi::jet {
 
@@ -36,15 +36,8 @@ std::string JetFile::Rows(const std::string& sql, const std::string& fields) {
 }
 
 std::string JetFile::RowsOf(Database& database, const std::string& sql, const std::string& fields) {
-  std::string lines;
-  for (Recordset set = database.OpenRecordset(sql); !set.Eof(); set.MoveNext()) {
-    std::istringstream names(fields);
-    std::string line;
-    for (std::string name; names >> name;)
-      line += (line.empty() ? "" : "|") + (set[name].IsNull() ? "Null" : set.Text(name));
-    lines += line + "\n";
-  }
-  return lines;
+  Recordset set = database.OpenRecordset(sql);
+  return test::RowsText(set, fields);
 }
 
 void JetFile::AddParts(int count) {

@@ -7,6 +7,7 @@
 
 #include "base/Text.h"
 #include "store/Schema.h"
+#include "support/TableText.h"
 #include "support/TemporaryFolder.h"
 
 namespace kvi {
@@ -27,11 +28,7 @@ std::string AllRows(jet::Database& database) {
   std::string text;
   for (const jet::TableDef& table : Schema()) {
     auto rows = database.OpenRecordset("SELECT * FROM [" + table.Name + "]");
-    for (; !rows.Eof(); rows.MoveNext()) {
-      for (const jet::FieldDef& field : table.Fields)
-        text += rows[field.Name].IsNull() ? "Null|" : rows.Text(field.Name) + "|";
-      text += "\n";
-    }
+    text += test::RowsText(rows);
   }
   return text;
 }
