@@ -5,11 +5,18 @@
 namespace kvi {
 namespace {
 
+struct Case {
+  Value value;
+  const char *mask, *text;
+};
+
+void ExpectFormats(std::initializer_list<Case> cases) {
+  for (const auto& [value, mask, text] : cases)
+    EXPECT_EQ(Format(value, mask), text) << value.Text() << " " << mask;
+}
+
 TEST(Format, RoundsHalfAwayFromZeroOnTheDecimalText) {
-  const struct {
-    double value;
-    const char *mask, *text;
-  } cases[] = {
+  ExpectFormats({
       {1.005, "###0.00", "1.01"},
       {-1.005, "###0.00", "-1.01"},
       {2.5, "0", "3"},
@@ -19,16 +26,11 @@ TEST(Format, RoundsHalfAwayFromZeroOnTheDecimalText) {
       {1e-300, "0.00", "0.00"},
       {0.1 + 0.2, "0.0000000000000000", "0.3000000000000000"},
       {1.4999999999999999, "0", "2"},  // fifteen digits first
-  };
-  for (const auto& [value, mask, text] : cases)
-    EXPECT_EQ(Format(value, mask), text) << value << " " << mask;
+  });
 }
 
 TEST(Format, FillsNumberMasks) {
-  const struct {
-    double value;
-    const char *mask, *text;
-  } cases[] = {
+  ExpectFormats({
       {1234567.5, "###0.00", "1234567.50"},
       {-1234.5, "$#,##0.00", "-$1,234.50"},
       {0, "#####.00", ".00"},
@@ -44,9 +46,7 @@ TEST(Format, FillsNumberMasks) {
       {12, "0 pcs.", "12 pcs."},
       {1e21, "0.0", "1000000000000000000000.0"},
       {5, "each", "each"},
-  };
-  for (const auto& [value, mask, text] : cases)
-    EXPECT_EQ(Format(value, mask), text) << value << " " << mask;
+  });
 }
 
 TEST(Format, FillsDateMasksInEitherCase) {
@@ -69,10 +69,7 @@ TEST(Format, FillsDateMasksInEitherCase) {
 }
 
 TEST(Format, TakesAValueByItsContent) {
-  const struct {
-    Value value;
-    const char *mask, *text;
-  } cases[] = {
+  ExpectFormats({
       {Value(), "###0.00", ""},
       {true, "0", "-1"},
       {" +5 ", "0.00", "5.00"},
@@ -84,9 +81,7 @@ TEST(Format, TakesAValueByItsContent) {
       {"bolt", "mm/dd/yyyy", "bolt"},
       {"3/1/2026", "mm/dd/yyyy", "03/01/2026"},
       {Date{2026, 3, 1}, "###0.00", "3/1/2026"},
-  };
-  for (const auto& [value, mask, text] : cases)
-    EXPECT_EQ(Format(value, mask), text) << value.Text() << " " << mask;
+  });
 }
 
 }  // namespace

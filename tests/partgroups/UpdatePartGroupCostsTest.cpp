@@ -21,6 +21,12 @@ class PartGroupCostsTest : public StoryTest {
   void Lines(const std::string& rows) {
     stockroom.Fill("Inv_Recipe", "rec_id | inv_id | qty | cost_per | how_used | desc\n" + rows);
   }
+  // A group that costs 5 and should cost 3.
+  void OneGroup() {
+    Items("A | 0 | 6 | 2 | 1 | each |");
+    Groups("G | 5");
+    Lines("G | A | 1 | 9 | | ");
+  }
   void ExpectYes() { ExpectBox(kCostQuestion, Answer::Yes); }
   void Run() {
     ExpectYes();
@@ -172,9 +178,7 @@ TEST_F(PartGroupCostsTest, AFailureStopsInMidPassAndKeepsWhatWasWritten) {
 }
 
 TEST_F(PartGroupCostsTest, ALockedRowIsNotTriedAgain) {
-  Items("A | 0 | 6 | 2 | 1 | each |");
-  Groups("G | 5");
-  Lines("G | A | 1 | 9 | | ");
+  OneGroup();
   jet::Database other = OtherDesk();
   jet::Recordset held = other.OpenRecordset("SELECT * FROM Inv_Recipe");
   held.Edit();
@@ -201,9 +205,7 @@ TEST_F(PartGroupCostsTest, UtilitiesShowAFailureAndTheNextRunFreesThePointer) {
 }
 
 TEST_F(PartGroupCostsTest, NoLeavesEveryRowAndThePointer) {
-  Items("A | 0 | 6 | 2 | 1 | each |");
-  Groups("G | 5");
-  Lines("G | A | 1 | 9 | | ");
+  OneGroup();
   const int items = stockroom.App().ItemSet.RecordCount();
   ExpectBox(kCostQuestion, Answer::No);
   ExpectBox("Part groups NOT updated.");
@@ -218,9 +220,7 @@ TEST_F(PartGroupCostsTest, NoLeavesEveryRowAndThePointer) {
 }
 
 TEST_F(PartGroupCostsTest, TheInventorySummaryAsksOnLeavingAfterAChange) {
-  Items("A | 0 | 6 | 2 | 1 | each |");
-  Groups("G | 5");
-  Lines("G | A | 1 | 9 | | ");
+  OneGroup();
   const std::string question =
       "You have made changes that could affect part group costs.\n\n"
       "Would you like to update part group costs at this time?";

@@ -16,14 +16,10 @@ class FormScreen : public Screen {
  public:
   explicit FormScreen(const std::string& called = "Form") : Screen(called) {}
   Layout Arrange() override { return Column({}); }
-  void Load() override { log += "load "; }
-  void Activate() override { log += "activate "; }
   void Exit() override {
     if (mayClose) CloseScreen();
   }
-  void Unload() override { log += "unload "; }
 
-  std::string log;
   bool mayClose = true;
   TextBox name{*this, "name"};
   ComboBox unit{*this, "unit"};
@@ -128,6 +124,16 @@ TEST_F(ControlsTest, NothingHappensOnADisabledHiddenOrLockedControl) {
   form.name.MaxLength = 3;
   user.Type(form.name, "äöüß");
   EXPECT_EQ(form.name.Text(), "äöü") << "typing stops at the length, counted in characters";
+}
+
+TEST_F(ControlsTest, TheLabelUnderTheMouseIsBrightGreenAndTheOthersRest) {
+  user.MoveOver(form.save);
+  EXPECT_EQ(form.save.ForeColor, kBrightGreen);
+  user.MoveOver(form.exit_lab);
+  EXPECT_EQ(form.save.ForeColor, kWhite);
+  EXPECT_EQ(form.exit_lab.ForeColor, kBrightGreen);
+  user.MoveOver(form);
+  EXPECT_EQ(form.exit_lab.ForeColor, kWhite);
 }
 
 TEST_F(ControlsTest, LocksAreGivenBackBeforeEachWaitForTheUser) {

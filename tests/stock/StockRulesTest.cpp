@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "base/ErrorOf.h"
 #include "stock/CountVariance.h"
-#include "stock/StockBooking.h"
 
 namespace kvi::test {
 namespace {
@@ -22,15 +20,6 @@ TEST(CountVarianceTest, PercentIsTakenOnTheCountAndTheLimitBelongsToIt) {
     EXPECT_DOUBLE_EQ(variance.percent, row.percent);
     EXPECT_EQ(variance.overLimit, row.over);
   }
-}
-
-TEST(StockBookingTest, WithoutAUnitFactorInventoriedUnitsCannotBeConverted) {
-  const PartLevel broken{.qty_on_hand = 3, .cost_per = 12, .hi_qty = 0};
-  EXPECT_EQ(ShownQuantity(broken, ShownAs::Inventoried), 0);
-  EXPECT_EQ(ErrorOf([&] { ShownCost(broken, ShownAs::Inventoried); }), 11);
-  EXPECT_EQ(ErrorOf([&] { BookCount(broken, 0, ShownAs::Inventoried); }), 11);
-  EXPECT_EQ(ErrorOf([&] { BookPurchase(broken, 1, 1, ShownAs::Inventoried); }), 11);
-  EXPECT_EQ(BookCount(broken, 4, ShownAs::Purchased).valuation, 48);
 }
 
 }  // namespace

@@ -1,6 +1,4 @@
-#include <gtest/gtest.h>
-
-#include "support/TestStockroom.h"
+#include "support/Story.h"
 #include "utilities/KVI_EmployeeSetup.h"
 #include "utilities/KVI_EmployeeSetupDetail.h"
 #include "utilities/KVI_Utilities.h"
@@ -11,31 +9,30 @@ namespace {
 constexpr const char* kDuplicate = "Duplicate employee code.  Please re-enter code.";
 constexpr const char* kRemoval = "Are you sure you want to remove this employee?";
 
-class EmployeesTest : public ::testing::Test {
+class EmployeesTest : public StoryTest {
  protected:
   EmployeesTest() {
     stockroom.Fill("EmployeeDB",
                    "E_Code | E_Name | E_SL | ReadInv | WriteInv | ReadHist\n"
                    "007 | Bo | 3 | 1 | 0 | 1\n 12 | Ines | 4 | 0 | 0 | 0");
-    EXPECT_TRUE(stockroom.Start());
   }
 
-  KVI_EmployeeSetup& List() { return stockroom.App().Get<KVI_EmployeeSetup>(); }
-  KVI_EmployeeSetupDetail& Detail() { return stockroom.App().Get<KVI_EmployeeSetupDetail>(); }
+  KVI_EmployeeSetup& List() { return The<KVI_EmployeeSetup>(); }
+  KVI_EmployeeSetupDetail& Detail() { return The<KVI_EmployeeSetupDetail>(); }
   std::string Stored(const std::string& fields = "E_Code, E_Name") {
     return stockroom.Rows("SELECT " + fields + " FROM EmployeeDB");
   }
-  void InList(const std::function<void()>& user) {
+  void InList(const Acts& user) {
     stockroom.InUtilities([&](auto& utilities) {
       stockroom.desktop.ExpectScreen("KVI_EmployeeSetup", [&] {
         user();
         Click(List().exit_lab);
       });
-      stockroom.user().Click(utilities.Command5);
+      Click(utilities.Command5);
     });
   }
   // The employee of a row, or a new one for row 0; the acts end with the leaving.
-  void InDetail(int row, const std::function<void()>& user) {
+  void InDetail(int row, const Acts& user) {
     stockroom.desktop.ExpectScreen("KVI_EmployeeSetupDetail", user);
     if (row == 0)
       Click(List().dai);
@@ -43,17 +40,11 @@ class EmployeesTest : public ::testing::Test {
       EXPECT_TRUE(stockroom.user().DoubleClick(List().Spread1, row, 1));
     stockroom.desktop.AllCame();
   }
-  void Click(ActionLabel& label) { EXPECT_TRUE(stockroom.user().Click(label)); }
-  void Type(TextBox& box, const std::string& text) {
-    EXPECT_TRUE(stockroom.user().Type(box, text));
-  }
   void SaveWith(const std::string& code, const std::string& refused = "") {
     Type(Detail().E_Code, code);
-    if (!refused.empty()) stockroom.desktop.ExpectBox(refused);
+    if (!refused.empty()) ExpectBox(refused);
     Click(Detail().save);
   }
-
-  TestStockroom stockroom;
 };
 
 TEST_F(EmployeesTest, ANewEmployeeNeedsANumberOfItsOwnAndAName) {
@@ -65,7 +56,7 @@ TEST_F(EmployeesTest, ANewEmployeeNeedsANumberOfItsOwnAndAName) {
       SaveWith("9", "Invalid employee name");
       Type(Detail().E_Name, "O'Mia");
       Type(Detail().E_Code, "123456");
-      stockroom.desktop.ExpectBox("Employee code can not exceed 5 characters");
+      ExpectBox("Employee code can not exceed 5 characters");
       stockroom.user().Leave(Detail().E_Code);
       EXPECT_EQ(Detail().E_Code.Text(), "");
       SaveWith("012", kDuplicate);
@@ -106,20 +97,20 @@ TEST_F(EmployeesTest, RightsGoTogetherAndTheCodeKeepsItsNumber) {
 
 TEST_F(EmployeesTest, OneIsRemovedByItsNumberAndTheBulkSaveTellsWhatItCannotTake) {
   InList([&] {
-    stockroom.desktop.ExpectBox(kRemoval, Answer::No, "Employee Setup");
+    ExpectBox(kRemoval, Answer::No, "Employee Setup");
     Click(List().remove);
-    stockroom.desktop.ExpectBox(kRemoval, Answer::Yes, "Employee Setup");
+    ExpectBox(kRemoval, Answer::Yes, "Employee Setup");
     Click(List().remove);
     EXPECT_EQ(GridText(List().Spread1), "12|Ines\n");
     stockroom.Fill("EmployeeDB", "E_Code | E_Name\n 5 | 44 Jo");
     InDetail(1, [&] { Click(Detail().exit_lab); });
     stockroom.Execute("DELETE * FROM EmployeeDB WHERE E_Name = 'Ines'");
-    stockroom.desktop.ExpectBox(
+    ExpectBox(
         "You have an item which has not been input correctly:\n\nCode: 5  Name: 44 Jo  Security "
         "Level: \n\nCorrect this and re-save!",
         Answer::Ok, "Employee Setup");
     List().save_changes();
-    stockroom.desktop.ExpectBox("Employee record not found");
+    ExpectBox("Employee record not found");
     InDetail(2, [&] { Click(Detail().exit_lab); });
   });
   EXPECT_EQ(Stored("E_Code, E_Name, E_SL"), "1|0|0\n");
