@@ -29,7 +29,7 @@ class Even : public TextMeasure {
   double Height(const MarkFont& font) override { return 1.15 * font.points / 72; }
 };
 
-class Counted : public MarkingSurface {
+class Unseen : public MarkingSurface {
  public:
   using MarkingSurface::MarkingSurface;
   double PageWidth() const override { return 8.5; }
@@ -37,12 +37,10 @@ class Counted : public MarkingSurface {
   void NewPage() override {}
   void EndDoc() override {}
   void KillDoc() override {}
-  double letters = 0;
 
  protected:
-  void Draw(const PageMark& mark) override {
-    if (mark.y > 1.1) letters += static_cast<double>(mark.text.size());
-  }
+  void DrawText(const std::string&, double) override {}
+  void Draw(const PageMark&) override {}
 };
 
 std::unique_ptr<Report> CountSheetReport() {
@@ -55,7 +53,7 @@ double Walk(jet::Database& database) {
   const auto report = CountSheetReport();
   report->Open(database);
   Even even;
-  Counted paper(even);
+  Unseen paper(even);
   RunReport(*report, paper, kReportsScreen);
   return report->Rows();
 }

@@ -29,21 +29,25 @@ double ReportPage::LeftEndOf(std::span<const PlacedText> line, std::size_t at) c
   if (at > 0) {
     const PlacedText& before = line[at - 1];
     const double middle = (before.at.x + text.at.x) / 2;
-    const double free = before.at.x + (before.at.right ? 0 : ruler_->Width(before.text)) + kGap;
+    const double free = before.at.x + (before.at.right ? 0 : extents_[at - 1].width) + kGap;
     leftmost = before.at.right ? free : std::min(free, middle);
   }
-  return text.at.x - std::min(ruler_->Width(text.text), text.at.x - leftmost);
+  return text.at.x - std::min(extents_[at].width, text.at.x - leftmost);
 }
 
 void ReportPage::PutLine(std::span<const PlacedText> line) {
-  const double y = paper_.CurrentY;
+  extents_.resize(line.size());
+  for (std::size_t at = 0; at < line.size(); ++at) {
+    extents_[at].width = ruler_->Width(line[at].text);
+    extents_[at].left = LeftEndOf(line, at);
+  }
   for (std::size_t at = 0; at < line.size(); ++at) {
     const PlacedText& text = line[at];
-    const double left = LeftEndOf(line, at);
+    const auto [left, width] = extents_[at];
     double right = text.at.x;
-    if (!text.at.right) right = at + 1 < line.size() ? LeftEndOf(line, at + 1) - kGap : kPaperRight;
-    const bool fits = ruler_->Width(text.text) <= right - left + 1e-9;
-    paper_.Put(left, y, text.text, fits ? 0 : right - left);
+    if (!text.at.right) right = at + 1 < line.size() ? extents_[at + 1].left - kGap : kPaperRight;
+    const bool fits = width <= right - left + 1e-9;
+    paper_.Put(left, paper_.CurrentY, text.text, fits ? 0 : right - left);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "grids/TextRuler.h"
 #include "platform/Surface.h"
@@ -63,6 +64,10 @@ class ReportPage {
   Surface& paper_;
   std::map<std::pair<double, bool>, TextRuler> rulers_;
   const TextRuler* ruler_ = nullptr;
+  struct Extent {
+    double left, width;
+  };
+  std::vector<Extent> extents_;  // of the line that is put
 };
 
 }  // namespace kvi
