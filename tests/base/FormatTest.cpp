@@ -45,8 +45,8 @@ TEST(Format, FillsNumberMasks) {
       {5, "$ #####0.0000", "$ 5.0000"},
       {12, "0 pcs.", "12 pcs."},
       {1e21, "0.0", "1000000000000000000000.0"},
-      {5, "each", "each"},
   });
+  EXPECT_EQ(Format(5.0, "each"), "each");
 }
 
 TEST(Format, FillsDateMasksInEitherCase) {
