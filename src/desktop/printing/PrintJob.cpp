@@ -1,5 +1,7 @@
 #include "desktop/printing/PrintJob.h"
 
+#include <cups/cups.h>
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -34,7 +36,10 @@ QString PrintJob::FreePdf(const QString& jobName, const QString& folder) {
 PrintJob::PrintJob(const QString& jobName, const QString& pdf, bool landscape)
     : printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)) {
   printer_->setDocName(jobName);
-  if (!pdf.isEmpty()) BeginPdf(pdf);
+  if (pdf.isEmpty())
+    BeginSpool();
+  else
+    BeginPdf(pdf);
   printer_->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
   printer_->setFullPage(true);
   if (!painter_.begin(printer_.get()))
@@ -56,6 +61,26 @@ void PrintJob::BeginPdf(const QString& pdf) {
   printer_->setOutputFileName(temporary_);
 }
 
+// On the paper of the printer.
+void PrintJob::BeginSpool() {
+  const QPageLayout paper = printer_->pageLayout();
+  queue_ = printer_->printerName();
+  spool_ = std::make_unique<QTemporaryDir>();
+  if (!spool_->isValid()) Fail("cannot write to " + QDir::tempPath());
+  printer_->setOutputFormat(QPrinter::PdfFormat);
+  printer_->setPageLayout(paper);
+  printer_->setOutputFileName(spool_->filePath("document.pdf"));
+}
+
+void PrintJob::Spool() {
+  const QByteArray queue = queue_.section('/', 0, 0).toUtf8();
+  const QByteArray file = printer_->outputFileName().toUtf8();
+  const QByteArray title = printer_->docName().toUtf8();
+  if (QFileInfo(printer_->outputFileName()).size() == 0) Fail("the disk is full");
+  if (cupsPrintFile(queue.constData(), file.constData(), title.constData(), 0, nullptr) == 0)
+    Fail(QString("the printer does not take it: ") + cupsLastErrorString());
+}
+
 PrintJob::~PrintJob() {
   Drop();
 }
@@ -73,7 +98,9 @@ void PrintJob::NewPage() {
 }
 
 void PrintJob::EndDocument() {
-  if (temporary_.isEmpty() && !painter_.end()) Fail("the document could not be sent");
+  if (!temporary_.isEmpty()) return;
+  if (!painter_.end()) Fail("the document could not be ended");
+  Spool();
 }
 
 // The scale of a painter's owner ends with its document.
@@ -87,7 +114,9 @@ void PrintJob::NextDocument() {
 }
 
 QString PrintJob::Finish() {
-  if (painter_.isActive() && !painter_.end()) Fail("the document could not be ended");
+  const bool open = painter_.isActive();
+  if (open && !painter_.end()) Fail("the document could not be ended");
+  if (open && final_.isEmpty()) Spool();
   if (final_.isEmpty()) return {};
   // A full disk shows in the size: the toolkit reports nothing.
   const bool whole = QFileInfo(temporary_).size() > 0;

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QPrinter>
 #include <QString>
+#include <QTemporaryDir>
 #include <memory>
 
 namespace kvi {
@@ -10,7 +11,8 @@ namespace kvi {
 // A document, or several of one name, on its way to the printer, or, where `pdf` names a
 // file, into that PDF, which takes the place of one of its name. A PDF is written under a temporary
 // name and gets its own when it is whole; a job that is not finished leaves nothing. Raises 482
-// when it cannot be begun or finished.
+// when it cannot be begun or finished, or when the spooler refuses it: what goes to a printer is
+// made as a PDF too and handed over by us, since the toolkit drops the spooler's answer.
 class PrintJob {
  public:
   PrintJob(const QString& jobName, const QString& pdf, bool landscape = false);
@@ -35,11 +37,15 @@ class PrintJob {
 
  private:
   void BeginPdf(const QString& pdf);
+  void BeginSpool();
+  void Spool();
   void Fail(const QString& reason);
 
   std::unique_ptr<QPrinter> printer_;
   QPainter painter_;
   QString temporary_, final_;
+  QString queue_;  // the printer's, by its name
+  std::unique_ptr<QTemporaryDir> spool_;
 };
 
 }  // namespace kvi
