@@ -27,6 +27,21 @@ bool IsWanted(const std::string& name, const std::vector<std::string>& wanted) {
          });
 }
 
+// All fields of one table are narrowed to the wanted ones here: SQLite sorts what it reads.
+std::string Narrowed(const Query& query, const std::vector<std::string>& wanted) {
+  const Translation& whole = query.translation;
+  if (!query.shape || wanted.empty() || !whole.Columns.empty()) return whole.Sql;
+  std::string columns;
+  for (std::size_t field = 0; field < query.shape->Fields().Size(); ++field) {
+    const std::string& name = query.shape->Fields()[field].Name;
+    if (IsWanted(name, wanted)) columns += (columns.empty() ? "" : ",") + Bracketed(name);
+  }
+  if (columns.empty()) return whole.Sql;
+  return "SELECT " + columns + " FROM " + Bracketed(whole.Table) +
+         (whole.Where.empty() ? "" : " WHERE " + whole.Where) +
+         (whole.OrderBy.empty() ? "" : " ORDER BY " + whole.OrderBy);
+}
+
 }  // namespace
 
 // A database in memory with the snapshot's rows in one table, numbered from 1. Apart from the file,
@@ -70,7 +85,7 @@ class Snapshot::Finder {
 Snapshot::Snapshot(std::shared_ptr<Engine> engine, const Query& query,
                    const std::vector<std::string>& wanted)
     : RecordsetImpl(std::move(engine)), fields_(std::vector<FieldDef>()) {
-  StatementRun run(TheEngine().connection, query.translation.Sql);
+  StatementRun run(TheEngine().connection, Narrowed(query, wanted));
   run.BindAll(query.translation.Parameters);
   std::vector<FieldDef> all;
   for (int column = 0; column < run.Columns(); ++column)
@@ -79,18 +94,17 @@ Snapshot::Snapshot(std::shared_ptr<Engine> engine, const Query& query,
     all[static_cast<std::size_t>(place)].Type = FieldType::Date;
   std::vector<FieldDef> fields;
   std::vector<int> columns;
+  std::vector<char> isPlain;
   for (int column = 0; column < run.Columns(); ++column) {
     const FieldDef& field = all[static_cast<std::size_t>(column)];
     if (!IsWanted(field.Name, wanted)) continue;
     fields.push_back(field);
     columns.push_back(column);
+    isPlain.push_back(run.DeclaredType(column).empty() && field.Type != FieldType::Date);
   }
-  const auto isPlain = [&](std::size_t at) {
-    return run.DeclaredType(columns[at]).empty() && fields[at].Type != FieldType::Date;
-  };
   while (run.Step()) {
     for (std::size_t at = 0; at < fields.size(); ++at)
-      cells_.push_back(isPlain(at) ? run.Plain(columns[at])
+      cells_.push_back(isPlain[at] ? run.Plain(columns[at])
                                    : run.Field(columns[at], fields[at].Type));
     ++size_;
   }
