@@ -9,7 +9,7 @@
 namespace kvi::bench {
 
 void MarkRecord::Draw(const PageMark& mark) {
-  inUse_.Take(mark.font);
+  if (mark.kind == PageMark::Kind::Text) inUse_.Take(mark.font);
   marks.emplace_back(
       RawMark{mark, inUse_.Font(), QString::fromStdString(mark.text), inUse_.Metrics().ascent()});
 }

@@ -31,7 +31,7 @@ class ReportStory : public ::testing::Test {
         "w1_id | where2 | w2_id | active | notes\n"
         "1 | 0 | Bolt of thirty letters, at last | Iron | Bin 1 | short | case | box | each | 12 | "
         "100 | 24 | 2 | 3 | 8 | 48 | Acme | A-1 | Bolt & Co | B-9 | YES | \n"
-        "2 | 0 | Nut | Iron | Bin 2 | | bag | bag | each | 0 | 50 | 6 | 10 | 10 | 5 | 60 | Bolt & "
+        "2 | 0 | Nut | IRON | Bin 2 | | bag | bag | each | 0 | 50 | 6 | 10 | 10 | 5 | 60 | Bolt & "
         "Co | B-2 | Acme | A-2 | yes | \n"
         "3 | 0 | Tape | | Bin 0 | | roll | roll | foot | 1 | 90 | 3 | 9 | 1 | 4 | | Acme | A-3 | | "
         "| YES | \n"

@@ -21,7 +21,7 @@ TEST_F(TableReportsTest, CountSheetsAskForTheLevelsAndShowThemInTheirUnits) {
     EXPECT_EQ(Rows(1),
               "0.30 Bolt of thirty letters|1.40 1|2.41 Iron|3.20 Bin 1|4.00 short|5.40 box|6.07 "
               "36.00|6.57 24.00|6.90     ___________\n"
-              "0.30 Nut|1.40 2|2.41 Iron|3.20 Bin 2|5.40 bag|6.13 0.00|6.63 0.00|6.90     "
+              "0.30 Nut|1.40 2|2.41 IRON|3.20 Bin 2|5.40 bag|6.13 0.00|6.63 0.00|6.90     "
               "___________\n"
               "0.30 Tape|1.40 3|3.20 Bin 0|5.40 roll|6.13 1.00|6.63 9.00|6.90     ___________\n");
     EXPECT_NE(Page(1).find("0.30 1.30 8 into 1.05 | Bolt"), std::string::npos) << Page(1);
@@ -56,7 +56,7 @@ TEST_F(TableReportsTest, TheReportsByPartSuggestAndMarkEachByItsOwnRule) {
     EXPECT_EQ(Rows(1),
               "0.30 Bolt of thirty |1.40 1|2.00 Iron|2.90 Bin 1|3.90 case|5.53 8.00|6.33 2.00|6.93 "
               "3.00|7.73 6.00\n"
-              "0.30 Nut|1.40 2|2.00 Iron|2.90 Bin 2|3.90 bag|5.53 5.00|6.29 10.00|6.89 10.00|7.69 "
+              "0.30 Nut|1.40 2|2.00 IRON|2.90 Bin 2|3.90 bag|5.53 5.00|6.29 10.00|6.89 10.00|7.69 "
               "-5.00\n");
     EXPECT_NE(Header(1).find("7.00 Page: 1"), std::string::npos);
     Print(Screen().r8);
@@ -95,14 +95,15 @@ TEST_F(TableReportsTest, ValuationsAddUpWhatThePartsHold) {
     EXPECT_EQ(Rows(1),
               "0.30 Bolt of thirty let|1.50 1|2.40 Iron|3.40 Bin 1|4.40 case / box|5.35 "
               "$24.00|6.13 $2.00|6.80 2.00|7.25 $48.00\n"
-              "0.30 Nut|1.50 2|2.40 Iron|3.40 Bin 2|4.40 bag / bag|5.43 $6.00|6.13 $0.00|6.73 "
+              "0.30 Nut|1.50 2|2.40 IRON|3.40 Bin 2|4.40 bag / bag|5.43 $6.00|6.13 $0.00|6.73 "
               "10.00|7.25 $60.00\n"
               "0.30 Tape|1.50 3|3.40 Bin 0|4.40 roll / roll|5.43 $3.00|6.13 $3.00|6.80 9.00|7.25 "
               "$27.00\n"
               "7.18 $135.00\n");
     EXPECT_NE(Header(1).find("0.30 Valuation Report (FIFO)|4.00 CPHP = Cost"), std::string::npos);
     Print(Screen().r7);
-    EXPECT_EQ(Rows(1), "2.75 $27.00\n0.30 Iron|2.71 $108.00\n0.30 Grand Total:|2.71 $135.00\n");
+    EXPECT_EQ(Rows(1), "2.75 $27.00\n0.30 Iron|2.71 $108.00\n0.30 Grand Total:|2.71 $135.00\n")
+        << "whatever the case of a category";
   });
 }
 

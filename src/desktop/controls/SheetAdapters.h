@@ -32,7 +32,8 @@ class SheetWindow : public QWidget {
   // By so many small steps, or large ones.
   std::function<void(Qt::Orientation, int steps, bool large)> Scrolled;
 
-  QSize sizeHint() const override { return {860, 560}; }
+  // Low, since the row that holds it gives no less; its screens take the whole display anyway.
+  QSize sizeHint() const override { return {860, 320}; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
