@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <QDir>
 #include <QPixmap>
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QRegularExpression>
+#include <csignal>
 
 #include "DesktopTest.h"
 #include "base/RunTimeError.h"
@@ -119,6 +121,27 @@ TEST_F(PrintingTest, ARunIsOnePdfOfAllItsPagesAndNothingUntilItIsFinished) {
   EXPECT_NEAR(wide.captured(2).toDouble() / 72, 2, 0.03);
   EXPECT_NEAR(wide.captured(3).toDouble() / 72, 4, 0.02) << "brought to its room";
   EXPECT_EQ(told, 0);
+}
+
+// Whatever part of it had room: in the middle of a page, or all but the end.
+TEST_F(PrintingTest, ADocumentThatTheDiskHasNoRoomForIsToldAndLeavesNothing) {
+  const auto print = [this] {
+    auto page = NewDocument("Full");
+    for (double y = 0.5; y < 10; y += 0.01) page->Put(1, y, "a line of the list");
+    page->EndDoc();
+  };
+  print();
+  const auto whole = static_cast<rlim_t>(QFileInfo(pdfs_.at(0)).size());
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+  for (const rlim_t room : {rlim_t{100}, whole / 2, whole - 20}) {
+    const rlimit small{room, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_THROW(print(), RunTimeError) << room;
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(Files().size(), 1) << room;
+  }
 }
 
 TEST_F(PrintingTest, WithoutAPrinterDocumentsTellWhereTheyAre) {

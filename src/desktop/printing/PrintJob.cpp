@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <algorithm>
 
 #include "base/RunTimeError.h"
 #include "desktop/look/QtText.h"
@@ -17,6 +18,14 @@ namespace {
 
 constexpr int kPrinterError = 482;
 constexpr const char* kPart = ".part";  // of a document that is not whole yet
+constexpr int kPdfTail = 16;            // bytes
+
+// The toolkit reports no full disk: the end of the file is missing then.
+bool IsWholePdf(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) && file.seek(std::max<qint64>(0, file.size() - kPdfTail)) &&
+         file.readAll().contains("%%EOF");
+}
 
 }  // namespace
 
@@ -76,7 +85,7 @@ void PrintJob::Spool() {
   const QByteArray queue = queue_.section('/', 0, 0).toUtf8();
   const QByteArray file = printer_->outputFileName().toUtf8();
   const QByteArray title = printer_->docName().toUtf8();
-  if (QFileInfo(printer_->outputFileName()).size() == 0) Fail("the disk is full");
+  if (!IsWholePdf(printer_->outputFileName())) Fail("the disk is full");
   if (cupsPrintFile(queue.constData(), file.constData(), title.constData(), 0, nullptr) == 0)
     Fail(QString("the printer does not take it: ") + cupsLastErrorString());
 }
@@ -94,7 +103,9 @@ double PrintJob::PageHeight() const {
 }
 
 void PrintJob::NewPage() {
-  if (!printer_->newPage()) Fail("no new page");
+  if (printer_->newPage()) return;
+  Fail(final_.isEmpty() ? QString("no new page")
+                        : "cannot write " + final_ + ": is the disk full?");
 }
 
 void PrintJob::EndDocument() {
@@ -118,10 +129,9 @@ QString PrintJob::Finish() {
   if (open && !painter_.end()) Fail("the document could not be ended");
   if (open && final_.isEmpty()) Spool();
   if (final_.isEmpty()) return {};
-  // A full disk shows in the size: the toolkit reports nothing.
-  const bool whole = QFileInfo(temporary_).size() > 0;
-  if (whole) QFile::remove(final_);
-  if (!whole || !QFile::rename(temporary_, final_)) Fail("cannot write " + final_);
+  if (!IsWholePdf(temporary_)) Fail("cannot write " + final_ + ": is the disk full?");
+  QFile::remove(final_);
+  if (!QFile::rename(temporary_, final_)) Fail("cannot write " + final_);
   temporary_.clear();
   return final_;
 }
