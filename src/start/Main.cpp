@@ -21,6 +21,8 @@
 #include "store/DropDown.h"
 #include "store/OpenInventoryDatabase.h"
 #include "usage/KVI_UsageAnalysis.h"
+#include "utilities/DeleteAllRecords.h"
+#include "utilities/FullAccess.h"
 #include "utilities/KVI_Utilities.h"
 #include "valuation/ItemValuation.h"
 #include "vendors/KVI_VendorSummary.h"
@@ -47,6 +49,7 @@ Main::Main(Application& app) : Screen("Main", "Kestvar Inventory"), app_(app) {
     if (app_.ItemsAtHand) app_.screens.ShowModal(app_.Get<KVI_UsageAnalysis>());
   };
   Label3.Click = [this] { OpenReports(); };
+  m_f_new.Click = [this] { StartNewDatabase(); };
   m_f_print.Click = [this] { OpenReports(); };
   Label7.Click = [this] {
     if (MayOpen(kUtilityModule)) app_.screens.ShowModal(app_.Get<KVI_Utilities>());
@@ -128,6 +131,13 @@ void Main::OpenReports() {
   UpdateAllValuations(app_.CurrentDatabase, app_.settings.Valuation, app_.desktop,
                       app_.CurrentProfitCenter);
   app_.screens.ShowModal(app_.Get<KVI_ReportsAnalysis>());
+}
+
+// Not by the exit: the settings are written and the database is closed already.
+void Main::StartNewDatabase() {
+  if (!HasFullAccess(app_) || !NewDatabaseWipe(app_)) return;
+  app_.desktop.MsgBox({.text = "A new database has been created. Please restart the program."});
+  throw EndOfProcess{};
 }
 
 void Main::OpenHelp() {

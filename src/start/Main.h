@@ -38,6 +38,7 @@ class Main : public Screen {
   Label network{*this, "network", "Network: ON"};
   ComboBox pcenter{*this, "pcenter", ComboBox::Style::ListOnly};
   Menu m_file{*this, "m_file", "&File"};
+  MenuItem m_f_new{m_file, "m_f_new", "&New database..."};
   MenuItem m_f_print{m_file, "m_f_print", "&Print"};
   MenuItem m_f_exit{m_file, "m_f_exit", "E&xit"};
   Menu m_help{*this, "m_help", "&Help"};
@@ -53,6 +54,7 @@ class Main : public Screen {
   // The same for a module that needs parts.
   bool MayOpenWithItems(int module);
   void OpenReports();
+  void StartNewDatabase();
   void OpenHelp();
 };
 

@@ -8,14 +8,7 @@
 #include "base/Text.h"
 #include "frame/ApplyColorScheme.h"
 #include "frame/INI_SUBS.h"
-#include "frame/NotBuiltYet.h"
-#include "frame/Wording.h"
-#include "grids/SprdSubs.h"
-#include "partgroups/UpdatePartGroupCosts.h"
 #include "store/OpenInventoryDatabase.h"
-#include "utilities/KVI_EmployeeSetup.h"
-#include "utilities/KVI_ManageDropLIsts.h"
-#include "valuation/ItemValuation.h"
 
 namespace kvi {
 
@@ -64,27 +57,20 @@ void KVI_Utilities::HandleSettings() {
   OptUseLast.Click = [this] { app_.settings.Valuation = ValuationMethod::LastPrice; };
 }
 
-void KVI_Utilities::HandleTasks() {
-  for (Button* later : {&Command2, &Command3, &Command4, &Command6, &Command7,
-                        &cmdUpdateRecipeItems, &cmdDeleteAllRecipes, &cmdDeleteAllItems, &ZeroBtn})
-    later->Click = [this, later] { SayNotBuiltYet(app_.desktop, later->Caption); };
-  Command5.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_EmployeeSetup>()); };
-  Command1.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_ManageDropLIsts>()); };
-  cmdUpdateAllValuations.Click = [this] { AskToRevalue(); };
-  cmdUpdateRecipeCosts.Click = [this] { UpdatePartGroupCosts(app_); };
-  cmdColWidth.Click = [this] { AskToResetWidths(); };
+void KVI_Utilities::Prepare() {
+  SSTab1.Tab = 0;
+  dir_loc.Text = app_.settings.DatabasePath;
+  directoryChanged_ = false;
 }
 
 void KVI_Utilities::Activate() {
   ApplyColorScheme(app_, *this);
   ShowSettings();
   ShowProfitCenter();
-  directoryChanged_ = false;
 }
 
 void KVI_Utilities::ShowSettings() {
   co_title.Text = app_.settings.CompanyName;
-  dir_loc.Text = app_.settings.DatabasePath;
   SpreadPath.Text = app_.SpreadsheetPath;
   use_security.Value = app_.settings.UseSecurity != 0;
   use_color.Value = app_.UseColors;
@@ -123,9 +109,14 @@ void KVI_Utilities::CheckDirectory() {
   std::string folder = dir_loc.Text;
   if (!folder.empty() && (folder.back() == '\\' || folder.back() == '/')) folder.pop_back();
   dir_loc.Text = folder;
-  std::error_code ignored;
-  if (std::filesystem::is_regular_file(DatabasePathIn(app_, folder), ignored)) return;
-  Inform("There is a problem locating KV_Inventory.mdb.");
+  std::error_code failure;
+  const auto kind = std::filesystem::status(DatabasePathIn(app_, folder), failure).type();
+  if (kind == std::filesystem::file_type::regular) return;
+  if (kind == std::filesystem::file_type::none)
+    Inform("An error has occurred locating KV_Inventory.mdb. (" + Str(failure.value()) + "-" +
+           failure.message() + ")");
+  else
+    Inform("There is a problem locating KV_Inventory.mdb.");
   dir_loc.Text = "";
 }
 
@@ -147,27 +138,6 @@ void KVI_Utilities::BrowseForProgram() {
   if (program) SpreadPath.Text = *program;
 }
 
-// The pass tells of its own failures and has no result, so the closing box comes either way.
-void KVI_Utilities::AskToRevalue() {
-  if (!AskYesNo("This option will update all valuations using the selected valuation method.  \n\n"
-                "Are you sure you want to continue?",
-                "KV Inventory"))
-    return;
-  UpdateAllValuations(app_.CurrentDatabase, app_.settings.Valuation, app_.desktop,
-                      app_.CurrentProfitCenter);
-  Inform("Valuations updated.");
-}
-
-void KVI_Utilities::AskToResetWidths() {
-  if (!AskYesNo("This will reset the spreadsheet column widths to default values for the "
-                "Inventory Summary, \n" +
-                    kPartGroup + ", and Par Order screens.  Continue?",
-                "Utilities"))
-    return;
-  if (ResetColumnWidths(app_.CurrentDatabase))
-    Inform("Columns widths have been reset.", "Utilities");
-}
-
 void KVI_Utilities::Exit() {
   WriteSettings(app_);
   app_.DatabaseDirectory = dir_loc.Text;
@@ -182,6 +152,8 @@ Layout KVI_Utilities::Arrange() {
        Row({Field("&Directory where KV_Inventory.MDB is located (leave blank if normal):", dir_loc,
                   kPathWidth),
             Of(browse_dir)}),
+       Text("A directory entered here counts until the program ends. From the next start on it is "
+            "the one in the suite's file TARNWK.INI."),
        Row({Field("&Location of Spreadsheet/Database Program", SpreadPath, kPathWidth),
             Of(browse_program)})});
   Layout preferences =
@@ -189,12 +161,13 @@ Layout KVI_Utilities::Arrange() {
               Row({Field("C&olor scheme (from the next start on):", color_scheme, 2.2), Gap()}),
               Frame("Valuation", Row({Of(OptUseFIFO), Of(OptUseAvg), Of(OptUseLast), Gap()})),
               Row({Of(cmdUpdateAllValuations), Of(Command5), Gap()}), Gap()});
-  Layout tasks = Column(
-      {GridOf(3, {Of(Command1), Of(Command2), Of(cmdColWidth), Of(Command3), Of(Command4),
-                  Of(cmdUpdateRecipeCosts), Of(Command6), Of(Command7), Of(cmdUpdateRecipeItems)}),
-       Gap(),
-       Frame("What these take away does not come back:",
-             GridOf(3, {Of(cmdDeleteAllRecipes), Of(cmdDeleteAllItems), Of(ZeroBtn)}))});
+  Layout tasks = Column({GridOf(3, {Of(Command1), Of(Command2), Of(cmdColWidth), Of(Command3),
+                                    Of(Command4), Of(cmdUpdateRecipeCosts), Of(Command6),
+                                    Of(Command7), Of(cmdUpdateRecipeItems), Of(create_file)}),
+                         Gap(),
+                         Frame("What these take away does not come back:",
+                               GridOf(2, {Of(cmdDeleteAllRecipes), Of(cmdDeleteAllItems),
+                                          Of(remove_purchases), Of(ZeroBtn)}))});
   return Column({BannerLayout(), Actions({&exit_lab}),
                  Row({Field("Current &inventory/profit center:", pcenter, 2.5), Gap()}),
                  Fill(Tabs(SSTab1, {Column({std::move(company), Gap()}), std::move(preferences),

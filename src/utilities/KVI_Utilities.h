@@ -2,6 +2,7 @@
 
 #include "frame/KviScreen.h"
 #include "frame/Wording.h"
+#include "utilities/BulkTasks.h"
 
 namespace kvi {
 
@@ -35,26 +36,28 @@ class KVI_Utilities : public KviScreen {
   OptionButton OptUseAvg{*this, "OptUseAvg", "Weighted Average", "valuation"};
   // The caption is as people know it; the method is the last price.
   OptionButton OptUseLast{*this, "OptUseLast", "LIFO", "valuation"};
-  Button cmdUpdateAllValuations{*this, "cmdUpdateAllValuations", "Update All Valuations"};
-  Button Command5{*this, "Command5", "Setup Employees"};
+  Button cmdUpdateAllValuations{*this, "cmdUpdateAllValuations", "Update All &Valuations"};
+  Button Command5{*this, "Command5", "Setup &Employees"};
 
-  Button Command1{*this, "Command1", "Manage drop lists"};
+  Button Command1{*this, "Command1", "&Manage drop lists"};
   Button Command2{*this, "Command2", "Import from inventory"};
-  Button Command3{*this, "Command3", "Switch all inv. items to active"};
-  Button Command4{*this, "Command4", "Switch all inv. items to non-active"};
-  Button Command6{*this, "Command6", "Switch all inv. items to corp."};
-  Button Command7{*this, "Command7", "Switch all inv. items to non-corp."};
+  Button Command3{*this, "Command3", "Switch all inv. items to &active"};
+  Button Command4{*this, "Command4", "Switch all inv. items to &non-active"};
+  Button Command6{*this, "Command6", "Swi&tch all inv. items to corp."};
+  Button Command7{*this, "Command7", "S&witch all inv. items to non-corp."};
   Button cmdUpdateRecipeCosts{*this, "cmdUpdateRecipeCosts",
-                              "Update all " + kPartGroupLower + " costs"};
+                              "&Update all " + kPartGroupLower + " costs"};
   Button cmdUpdateRecipeItems{*this, "cmdUpdateRecipeItems",
                               "Update " + kPartGroupLower + " items"};
-  Button cmdDeleteAllRecipes{*this, "cmdDeleteAllRecipes", "Delete all " + kPartGroupsLower};
-  Button cmdDeleteAllItems{*this, "cmdDeleteAllItems", "Delete inventory"};
-  Button ZeroBtn{*this, "ZeroBtn", "Zero out all inventory"};
-  Button cmdColWidth{*this, "cmdColWidth", "Reset spreadsheet column widths"};
+  Button cmdDeleteAllRecipes{*this, "cmdDeleteAllRecipes", "Delete all &" + kPartGroupsLower};
+  Button cmdDeleteAllItems{*this, "cmdDeleteAllItems", "Delete inventor&y"};
+  Button ZeroBtn{*this, "ZeroBtn", "&Zero out all inventory"};
+  Button cmdColWidth{*this, "cmdColWidth", "Re&set spreadsheet column widths"};
+  Button create_file{*this, "create_file", "Create daily text &file"};
+  Button remove_purchases{*this, "remove_purchases", "Remove all purc&hases"};
 
  protected:
-  void Prepare() override { SSTab1.Tab = 0; }
+  void Prepare() override;
 
  private:
   void HandleSettings();
@@ -63,11 +66,21 @@ class KVI_Utilities : public KviScreen {
   void ShowProfitCenter();
   void TakeProfitCenter();
   void LeaveProfitCenter();
+  // Refuses a folder that has no database.
   void CheckDirectory();
   void BrowseForDirectory();
   void BrowseForProgram();
   void FillColorSchemes();
+
+  // The tasks, in KVI_UtilitiesTasks.cpp. They work on the profit center that the combo shows.
+  void WorkOnTheOneShown();
   void AskToRevalue();
+  void AskToSwitch(const std::string& what, const FieldValue& to);
+  void AskToZero();
+  void AskToUpdateItems();
+  void AskToRemovePartGroups();
+  void AskToRemoveItems();
+  void AskToRemovePurchases();
   void AskToResetWidths();
 
   bool directoryChanged_ = false;
