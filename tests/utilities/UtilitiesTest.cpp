@@ -1,6 +1,9 @@
 #include "utilities/KVI_Utilities.h"
 
+#include <filesystem>
+
 #include "support/Story.h"
+#include "utilities/KVI_ManageDropLIsts.h"
 
 namespace kvi::test {
 namespace {
@@ -105,6 +108,21 @@ TEST_F(UtilitiesTest, AFolderWithoutTheDatabaseIsNotTaken) {
   });
   EXPECT_TRUE(stockroom.App().CurrentDatabase.IsOpen());
   EXPECT_EQ(stockroom.App().DatabaseDirectory, stockroom.folder.Path().string());
+}
+
+TEST_F(UtilitiesTest, AnotherFoldersDatabaseIsOpenedOnLeavingThoughAScreenStoodBefore) {
+  const std::string other = stockroom.folder / "other";
+  stockroom.App();
+  std::filesystem::create_directory(other);
+  std::filesystem::copy_file(stockroom.DatabaseFile(), other + "/KV_Inventory.mdb");
+  stockroom.InUtilities([&](auto& screen) {
+    Type(screen.dir_loc, other);
+    stockroom.desktop.ExpectScreen("KVI_ManageDropLIsts",
+                                   [&] { Click(The<KVI_ManageDropLIsts>().exit_lab); });
+    Click(screen.Command1);
+    EXPECT_EQ(screen.dir_loc.Text(), other);
+  });
+  EXPECT_EQ(stockroom.App().CurrentDatabase.Path(), other + "/KV_Inventory.mdb");
 }
 
 TEST_F(UtilitiesTest, ColumnWidthsAreResetAfterAQuestion) {
