@@ -2,10 +2,12 @@
 
 #include <sqlite3.h>
 
+#include <cstdlib>
 #include <filesystem>
 
 #include "base/RunTimeError.h"
 #include "jet/engine/CopyDatabase.h"
+#include "jet/engine/FieldRules.h"
 #include "jet/engine/StatementRun.h"
 #include "jet/functions/JetFunctions.h"
 #include "jet/sets/Dynaset.h"
@@ -27,6 +29,27 @@ void MakeTables(const std::string& path, const std::vector<TableDef>& tables) {
   for (const TableDef& table : tables) TableCatalog::CreateTable(connection, table);
   connection.Run("COMMIT");
 }
+
+// A folder for files that nobody else knows by name, gone with what is in it.
+class HiddenFolder {
+ public:
+  HiddenFolder() {
+    std::error_code error;
+    path_ = (std::filesystem::temp_directory_path(error) / "kvi-XXXXXX").string();
+    if (error || mkdtemp(path_.data()) == nullptr) throw RunTimeError(3051);
+  }
+  ~HiddenFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  HiddenFolder(const HiddenFolder&) = delete;
+  HiddenFolder& operator=(const HiddenFolder&) = delete;
+
+  std::string operator/(const char* name) const { return path_ + "/" + name; }
+
+ private:
+  std::string path_;
+};
 
 }  // namespace
 
@@ -67,6 +90,25 @@ Database Database::Create(const std::string& path, const std::vector<TableDef>& 
   Database made = Open(path, false);
   made.UseDefaultsOf(tables);
   return made;
+}
+
+// The copy lives as long as it is open: its name is gone before anybody gets it.
+ForeignDatabase Database::OpenForeign(const std::string& path, const std::string& password) {
+  const HiddenFolder folder;
+  const std::string copy = folder / "foreign.mdb";
+  ForeignDatabase foreign;
+  if (IsJetFile(path))
+    foreign.Protocol = ConvertOldFile({path, password}, copy);
+  else
+    Open(path, false).CopyTo(copy);
+  const auto engine = std::make_shared<OpenFile>(copy, true);
+  for (const ConvertedTable& table : foreign.Protocol.Tables)
+    if (!table.Losses.empty() && engine->tables.Find(table.Name))
+      engine->connection.Run("DROP TABLE " + Bracketed(table.Name));
+  engine->tables.Forget();
+  engine->connection.Run("PRAGMA query_only=ON");
+  foreign.Content = Database(engine);
+  return foreign;
 }
 
 bool Database::IsOpen() const {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "jet/Conversion.h"
 #include "jet/NotWaiting.h"
 #include "jet/Recordset.h"
 #include "jet/TableDef.h"
@@ -14,6 +15,7 @@
 namespace kvi::jet {
 
 struct OpenFile;
+struct ForeignDatabase;
 
 // The one door to a database file, under the operations' classic names. Movable; a default one is
 // closed, and every call on a closed one raises 3420. Recordsets opened from it share its engine
@@ -38,6 +40,11 @@ class Database {
   // Makes a new file with the tables given, and uses their defaults; raises 3204 when one stands
   // there already.
   static Database Create(const std::string& path, const std::vector<TableDef>& tables);
+
+  // Opens the content of another program's file, as it is now, as a database of its own that can
+  // be read and not written (3027); nothing reaches the file itself. It is a Jet 3 or Jet 4 file,
+  // or one of our own kind. Raises as CheckOldFile, and as Open.
+  static ForeignDatabase OpenForeign(const std::string& path, const std::string& password = "");
 
   bool IsOpen() const;
   void Close();
@@ -96,6 +103,13 @@ class Database {
   friend class WriteBatch;
   explicit Database(std::shared_ptr<OpenFile> engine);
   std::shared_ptr<OpenFile> engine_;
+};
+
+// What OpenForeign gives. A damaged table is not in the content at all: so no half a table passes
+// for a whole one. The protocol tells what is missing of it.
+struct ForeignDatabase {
+  Database Content;
+  Conversion Protocol;
 };
 
 // A real Jet file stands where ours is wanted: recognised by its signature, and refused. Its

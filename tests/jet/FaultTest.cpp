@@ -276,7 +276,7 @@ TEST_F(FaultTest, AFileThatIsNoDatabaseIsRefusedAndLeftAsItIs) {
   try {
     Database::Open(path_, false);
   } catch (const RunTimeError& error) {
-    EXPECT_NE(error.Description.find("older program"), std::string::npos) << error.Description;
+    EXPECT_NE(error.Description.find("kvi-convert"), std::string::npos) << error.Description;
   }
 }
 

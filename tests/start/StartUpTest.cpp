@@ -151,8 +151,8 @@ TEST_F(StartUpTest, AMissingOrBrokenDatabaseEndsTheProcessAndStaysAsItIs) {
                 locating + DescriptionOf(3343) + " ('" + file + "')" + shutDown);
   const std::string jet = std::string("\0\1\0\0Standard Jet DB\0", 20) + std::string(8172, '\0');
   startsWithBox(jet, locating + "'" + file +
-                         "' is a Jet database file of an older program; this version cannot read "
-                         "it yet, nothing was changed." +
+                         "' is a database of the older program. Start Kestvar Inventory to "
+                         "convert it, or use kvi-convert." +
                          shutDown);
   std::filesystem::remove(file);
   startsWithBox("", "There is a problem locating KV_Inventory.mdb.");

@@ -98,8 +98,8 @@ void Connection::CheckHeader(const std::string& path) const {
       return;
     case FileKind::Jet:
       throw RunTimeError(3343, "'" + path +
-                                   "' is a Jet database file of an older program; this version "
-                                   "cannot read it yet, nothing was changed.");
+                                   "' is a database of the older program. Start Kestvar "
+                                   "Inventory to convert it, or use kvi-convert.");
     case FileKind::Other:
       throw RunTimeError(3343, DescriptionOf(3343) + " ('" + path + "')");
   }

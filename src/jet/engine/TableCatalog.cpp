@@ -87,16 +87,19 @@ void TableCatalog::CreateTable(Connection& connection, const TableDef& table) {
   for (const FieldDef& field : table.Fields) sql += "," + ColumnDefinition(field);
   connection.Run(sql + ")");
   int number = 0;
-  for (const IndexDef& index : table.Indexes) {
-    std::string columns;
-    for (const std::string& column : index.Columns) {
-      if (!columns.empty()) columns += ",";
-      columns += column;
-    }
-    connection.Run((index.Unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") +
-                   Bracketed(table.Name + "_" + std::to_string(++number)) + " ON " + name + "(" +
-                   columns + ")");
+  for (const IndexDef& index : table.Indexes) CreateIndex(connection, table.Name, index, ++number);
+}
+
+void TableCatalog::CreateIndex(Connection& connection, const std::string& table,
+                               const IndexDef& index, int number) {
+  std::string columns;
+  for (const std::string& column : index.Columns) {
+    if (!columns.empty()) columns += ",";
+    columns += column;
   }
+  connection.Run((index.Unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") +
+                 Bracketed(table + "_" + std::to_string(number)) + " ON " + Bracketed(table) + "(" +
+                 columns + ")");
 }
 
 void TableCatalog::AppendField(std::string_view table, const FieldDef& field) {

@@ -41,6 +41,9 @@ class TableCatalog {
   std::uint64_t Epoch() const { return epoch_; }
 
   static void CreateTable(Connection& connection, const TableDef& table);
+  // The table's index of this number. Raises 3022 where rows share a key that is to be unique.
+  static void CreateIndex(Connection& connection, const std::string& table, const IndexDef& index,
+                          int number);
   void AppendField(std::string_view table, const FieldDef& field);
 
  private:
