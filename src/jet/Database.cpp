@@ -8,6 +8,7 @@
 #include "base/RunTimeError.h"
 #include "jet/engine/CopyDatabase.h"
 #include "jet/engine/FieldRules.h"
+#include "jet/engine/ReplaceContent.h"
 #include "jet/engine/StatementRun.h"
 #include "jet/functions/JetFunctions.h"
 #include "jet/sets/Dynaset.h"
@@ -184,8 +185,27 @@ std::uint64_t Database::ChangeCount() {
 
 void Database::CopyTo(const std::string& path) {
   OpenFile& engine = Required(engine_);
-  engine.lock.Breathe();
+  engine.lock.GiveBack();
   CopyDatabase(engine.connection, path);
+}
+
+void Database::Check() {
+  StatementRun run(Required(engine_).connection, "PRAGMA main.quick_check(1)");
+  if (run.Step() && run.Text(0) != "ok")
+    throw RunTimeError(3343, "'" + Path() + "' is damaged: " + std::string(run.Text(0)));
+}
+
+void Database::ReplaceContentWith(const std::string& path) {
+  OpenFile& engine = Required(engine_);
+  if (engine.lock.InBatch()) throw RunTimeError(5);
+  std::error_code error;
+  if (std::filesystem::equivalent(path, Path(), error))
+    throw RunTimeError(3045, "'" + path + "' is the open database itself.");
+  engine.lock.GiveBack();
+  const SourceFile source(engine.connection, path);
+  engine.lock.Run([&] { ReplaceContent(engine.connection, engine.watch.Generation() + 1); });
+  engine.watch.Look();
+  engine.tables.Forget();
 }
 
 void Database::WriteAtOnce(const std::function<void()>& work) {

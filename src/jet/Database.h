@@ -75,9 +75,18 @@ class Database {
   // written meanwhile. Not within a WriteBatch.
   std::uint64_t ChangeCount();
   // Copies the whole database, as it is at one moment, into a new file; other desks wait meanwhile
-  // as for a save. The copy comes under its name when it is whole. Raises 3260 for a lock that
-  // lasts, 3183 for a full disk, 3051 where the file cannot be made.
+  // as for a save. The copy comes under its name when it is whole and on the disk. Raises 3204 when
+  // a file stands there, 3260 for a lock that lasts, 3183 for a full disk, 3051 where the file
+  // cannot be made.
   void CopyTo(const std::string& path);
+  // Looks through every page of the file. Raises 3343 with what is damaged first.
+  void Check();
+  // Puts the content of another database file in the place of this one's: all of its tables, with
+  // their rows and indexes, or nothing. Rows that any desk read before are gone then (3167), also
+  // where a new one has their key; new sets have the new rows. The other file is only read; whether
+  // it is whole and holds what is wanted is the caller's to know. Errors as Execute and Open, and
+  // 3045 for the open file itself. Not within a WriteBatch (5).
+  void ReplaceContentWith(const std::string& path);
 
   // Writes what belongs together: all of it or nothing. A lock that lasts takes back what `work`
   // wrote and, where OnLocked goes on waiting, runs it again, on what the other desk left. Not

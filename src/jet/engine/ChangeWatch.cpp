@@ -8,7 +8,8 @@ namespace kvi::jet {
 namespace {
 
 // Where the counters stand in the file's header, as big-endian numbers.
-constexpr std::size_t kChangeCounter = 24, kSchemaCookie = 40, kEnd = 44;
+// (The engine keeps the number for whoever uses it.)
+constexpr std::size_t kChangeCounter = 24, kSchemaCookie = 40, kUserVersion = 60, kEnd = 64;
 
 std::uint32_t NumberAt(const unsigned char* bytes) {
   return static_cast<std::uint32_t>(bytes[0]) << 24 | static_cast<std::uint32_t>(bytes[1]) << 16 |
@@ -27,6 +28,7 @@ void ChangeWatch::Look() {
   if (schema != schema_) ++schemaEpoch_;
   counter_ = counter;
   schema_ = schema;
+  generation_ = NumberAt(bytes.data() + (kUserVersion - kChangeCounter));
 }
 
 }  // namespace kvi::jet

@@ -19,6 +19,8 @@ class ChangeWatch {
   std::uint64_t Epoch() const { return epoch_; }
   // Raised when a desk (ours too) changed tables.
   std::uint64_t SchemaEpoch() const { return schemaEpoch_; }
+  // Another number when all of the file's content was replaced: no row is the one it was before.
+  std::uint32_t Generation() const { return generation_; }
 
   void Look();
   // Our own commit steps the counter by one; that is no change by others.
@@ -28,7 +30,7 @@ class ChangeWatch {
 
  private:
   Connection& connection_;
-  std::uint32_t counter_ = 0, schema_ = 0;
+  std::uint32_t counter_ = 0, schema_ = 0, generation_ = 0;
   std::uint64_t epoch_ = 1, schemaEpoch_ = 1;
 };
 

@@ -88,6 +88,7 @@ Connection::~Connection() {
 
 void Connection::OpenFile(const std::string& path, int flags) {
   flags |= SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+  flags |= SQLITE_OPEN_URI;  // a file attached can be one that is only read
   if (sqlite3_open_v2(path.c_str(), &db_, flags, nullptr) != SQLITE_OK) throw RunTimeError(3051);
   sqlite3_file_control(db_, "main", SQLITE_FCNTL_FILE_POINTER, &file_);
 }

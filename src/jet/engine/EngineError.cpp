@@ -48,11 +48,6 @@ std::string Describe(int number, std::string_view detail) {
   throw RunTimeError(3075, Describe(3075, message));
 }
 
-bool IsFullDisk(int systemError) {
-  // A file that may grow no further (quota, size limit) is a full disk to the person who saves.
-  return systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG;
-}
-
 int LastErrorOf(sqlite3* connection, int filePointer) {
   sqlite3_file* file = nullptr;
   int error = 0;
@@ -126,6 +121,11 @@ int NumberOf(sqlite3* connection, int code) {
 
 bool IsBusy(int code) {
   return (code & 0xFF) == SQLITE_BUSY;
+}
+
+bool IsFullDisk(int systemError) {
+  // A file that may grow no further (quota, size limit) is a full disk to the person who saves.
+  return systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG;
 }
 
 void RaiseEngineError(sqlite3* connection, int code) {

@@ -8,6 +8,8 @@ namespace kvi::jet {
 
 // Another desk holds a lock.
 bool IsBusy(int code);
+// Of an error number of the system.
+bool IsFullDisk(int systemError);
 
 // The engine's answers as classic errors. `code` is what the failing call gave; the connection
 // tells the rest.

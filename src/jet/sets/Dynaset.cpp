@@ -13,7 +13,9 @@ constexpr std::size_t kFastWalk = 256;
 }  // namespace
 
 Dynaset::Dynaset(std::shared_ptr<Engine> engine, const Query& query)
-    : RecordsetImpl(std::move(engine)), shape_(query.shape) {
+    : RecordsetImpl(std::move(engine)),
+      shape_(query.shape),
+      generation_(TheEngine().watch.Generation()) {
   // A set that will be left early needs its keys only, where no other desk can come between them
   // and the rows.
   if (shape_->IsShallow() && TheEngine().connection.InTransaction())
@@ -41,8 +43,7 @@ void Dynaset::OpenSmall(const std::vector<Value>& parameters) {
   StatementRun run(TheEngine().connection, shape_->Columns()->OpenSql);
   run.BindAll(parameters);
   while (run.Step()) {
-    if (keys_.Size() == 0) TheEngine().Look();
-    keys_.Append(run.Whole(0));
+    TakeKey(run);
     if (keys_.Size() <= QueryShape::kSmall) block_.Append(run, *shape_);
   }
   block_.Stamp = Now();
@@ -63,7 +64,16 @@ void Dynaset::OpenLarge(const std::vector<Value>& parameters) {
 void Dynaset::ReadKeys(const std::vector<Value>& parameters) {
   StatementRun run(TheEngine().connection, shape_->KeySql());
   run.BindAll(parameters);
-  while (run.Step()) keys_.Append(run.Whole(0));
+  while (run.Step()) TakeKey(run);
+}
+
+// (Looks at the first one, while the lock for reading is held.)
+void Dynaset::TakeKey(const StatementRun& run) {
+  if (keys_.Size() == 0) {
+    TheEngine().Look();
+    generation_ = TheEngine().watch.Generation();
+  }
+  keys_.Append(run.Whole(0));
 }
 
 void Dynaset::Leave() {
@@ -90,10 +100,16 @@ void Dynaset::Land() {
     engine.Glance();
   outgrown_.clear();
   if (!block_.Covers(Position()) || block_.Stamp != Now()) ReadBlockAround(Position());
+  RequireSameContent();
   if (block_.IsGone(Position())) throw RunTimeError(3167);
   cells_ = block_.Cells(Position());
   rowStamp_ = block_.Stamp;
   reached_ = std::max(reached_, Position() + 1);
+}
+
+// What stands under a key now is another row where the content was replaced.
+void Dynaset::RequireSameContent() const {
+  if (TheEngine().watch.Generation() != generation_) throw RunTimeError(3167);
 }
 
 void Dynaset::ReadBlockAround(std::size_t position) {
@@ -121,6 +137,7 @@ const Value& Dynaset::FetchAlso(std::size_t field) {
   const RowBlock& before = outgrown_.back();
   block_ = RowBlock();
   block_.Read(TheEngine(), *shape_, keys_, before.Begin(), before.End() - before.Begin());
+  RequireSameContent();
   if (block_.IsGone(Position())) throw RunTimeError(3167);
   cells_ = block_.Cells(Position());
   rowStamp_ = block_.Stamp;
@@ -136,6 +153,7 @@ void Dynaset::LandAgain() {
 
 void Dynaset::RefreshRow() {
   if (rowStamp_ == Now()) return;
+  RequireSameContent();
   if (!block_.ReadAgain(TheEngine(), *shape_, keys_, Position())) throw RunTimeError(3167);
   rowStamp_ = Now();
 }
@@ -148,6 +166,7 @@ void Dynaset::FindFirst(std::string_view criterion) {
   StatementRun run(TheEngine().connection, shape_->Columns()->FindSql + condition.Sql);
   run.BindAll(condition.Parameters);
   const std::size_t position = SearchRow(run, found);
+  RequireSameContent();
   SetNoMatch(position == KeySet::kNone);
   if (NoMatch()) return;
   outgrown_.clear();

@@ -41,6 +41,7 @@ class Dynaset : public RecordsetImpl, private WriteLock::Writer {
   void OpenSmall(const std::vector<Value>& parameters);
   void OpenLarge(const std::vector<Value>& parameters);
   void ReadKeys(const std::vector<Value>& parameters);
+  void TakeKey(const StatementRun& run);
   std::size_t SearchRow(StatementRun& run, RowBlock& found);
 
   // The current row is in memory, and as the file has it. 3021 and 3167 where there is none.
@@ -50,6 +51,8 @@ class Dynaset : public RecordsetImpl, private WriteLock::Writer {
   const Value& FetchAlso(std::size_t field);
   void RefreshRow();
   Engine::Stamp Now() const { return TheEngine().Now(shape_->Table()); }
+  // The keys are those of the content that stands in the file; else 3167.
+  void RequireSameContent() const;
 
   template <typename Write>
   bool WriteRow(Write write);
@@ -63,6 +66,7 @@ class Dynaset : public RecordsetImpl, private WriteLock::Writer {
   const std::string& UpdateSql();
 
   std::shared_ptr<QueryShape> shape_;
+  std::uint32_t generation_;  // of the content that the keys were read from
   KeySet keys_;
   RowBlock block_;
   // What the open transaction did to the keys.

@@ -186,6 +186,7 @@ void Dynaset::Delete() {
 }
 
 void Dynaset::DeleteRow() {
+  RequireSameContent();
   const StoredTable& table = shape_->Table();
   StatementRun run(TheEngine().connection, "DELETE FROM " + Bracketed(table.Name) + " WHERE " +
                                                Bracketed(table.Key) + "=?1");
