@@ -27,6 +27,7 @@
 #include "stock/KVI_UpdateInventory.h"
 #include "usage/KVI_UsageAnalysis.h"
 #include "utilities/KVI_DeleteInventory.h"
+#include "utilities/KVI_Backups.h"
 #include "utilities/KVI_EmployeeSetup.h"
 #include "utilities/KVI_EmployeeSetupDetail.h"
 #include "utilities/KVI_GetILocation.h"
@@ -252,6 +253,7 @@ int main(int argc, char** argv) {
     tour.Visit<kvi::KVI_Invoice>();
     tour.VisitTabs<kvi::KVI_Utilities>();
     tour.Visit<kvi::KVI_DeleteInventory>();
+    tour.Visit<kvi::KVI_Backups>();
     tour.Visit<kvi::KVI_ManageDropLIsts>();
     tour.Visit<kvi::KVI_EmployeeSetup>();
     tour.VisitTabs<kvi::KVI_EmployeeSetupDetail>();

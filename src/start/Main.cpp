@@ -23,6 +23,7 @@
 #include "usage/KVI_UsageAnalysis.h"
 #include "utilities/DeleteAllRecords.h"
 #include "utilities/FullAccess.h"
+#include "utilities/KVI_Backups.h"
 #include "utilities/KVI_Utilities.h"
 #include "valuation/ItemValuation.h"
 #include "vendors/KVI_VendorSummary.h"
@@ -50,6 +51,8 @@ Main::Main(Application& app) : Screen("Main", "Kestvar Inventory"), app_(app) {
   };
   Label3.Click = [this] { OpenReports(); };
   m_f_new.Click = [this] { StartNewDatabase(); };
+  m_f_backup.Click = [this] { app_.Get<KVI_Backups>().BackUpNow(); };
+  m_f_restore.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_Backups>()); };
   m_f_print.Click = [this] { OpenReports(); };
   Label7.Click = [this] {
     if (MayOpen(kUtilityModule)) app_.screens.ShowModal(app_.Get<KVI_Utilities>());

@@ -39,6 +39,8 @@ class Main : public Screen {
   ComboBox pcenter{*this, "pcenter", ComboBox::Style::ListOnly};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_f_new{m_file, "m_f_new", "&New database..."};
+  MenuItem m_f_backup{m_file, "m_f_backup", "&Back up now..."};
+  MenuItem m_f_restore{m_file, "m_f_restore", "&Restore..."};
   MenuItem m_f_print{m_file, "m_f_print", "&Print"};
   MenuItem m_f_exit{m_file, "m_f_exit", "E&xit"};
   Menu m_help{*this, "m_help", "&Help"};

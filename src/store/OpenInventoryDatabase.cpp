@@ -6,6 +6,8 @@
 #include "base/RunTimeError.h"
 #include "frame/Application.h"
 #include "platform/Hourglass.h"
+#include "store/BackUp.h"
+#include "store/DropDown.h"
 #include "store/RepairItemDefaults.h"
 #include "store/Schema.h"
 #include "store/UpgradeSchema.h"
@@ -13,8 +15,6 @@
 namespace kvi {
 
 namespace {
-
-constexpr const char* kDatabaseFile = "KV_Inventory.mdb";
 
 void AddFirstProfitCenter(Application& app) {
   app.profitCenters.Add("General", 0);
@@ -57,6 +57,7 @@ void OpenInventoryDatabase(Application& app) {
   try {
     app.CurrentDatabase = jet::Database::Open(path, !app.settings.NetworkVisible);
     app.CurrentDatabase.UseDefaultsOf(Schema());
+    BackUpOfTheDay(app);
     UpgradeSchema(app.CurrentDatabase, app.desktop);
     RepairItemDefaults(app.CurrentDatabase, app.desktop);
     app.ProfitCenterSet = app.CurrentDatabase.OpenRecordset("SELECT * FROM PCenter;");
@@ -70,6 +71,17 @@ void OpenInventoryDatabase(Application& app) {
     throw EndOfProcess{};
   }
   app.desktop.SetPointer(MousePointer::Default);
+}
+
+void ReopenInventoryDatabase(Application& app) {
+  const int number = app.CurrentProfitCenter;
+  app.CurrentProfitCenter = 0;
+  OpenInventoryDatabase(app);
+  const int position = app.profitCenters.PositionOf(number);
+  if (position >= 0 && position < app.profitCenters.Count() &&
+      app.profitCenters.NumberAt(position) == number)
+    app.profitCenters.Select(position);
+  LoadDropLists(app);
 }
 
 void RefreshMasterRecordsets(Application& app) {

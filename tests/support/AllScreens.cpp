@@ -18,6 +18,7 @@
 #include "stock/KVI_UpdateInventory.h"
 #include "usage/KVI_UsageAnalysis.h"
 #include "utilities/KVI_DeleteInventory.h"
+#include "utilities/KVI_Backups.h"
 #include "utilities/KVI_EmployeeSetup.h"
 #include "utilities/KVI_EmployeeSetupDetail.h"
 #include "utilities/KVI_GetILocation.h"
@@ -30,6 +31,7 @@ namespace kvi::test {
 
 std::vector<Screen*> AllScreens(Application& app) {
   return {&app.Get<Main>(),
+          &app.Get<KVI_Backups>(),
           &app.Get<KVI_ChooseVendors>(),
           &app.Get<KVI_DeleteInventory>(),
           &app.Get<KVI_EmployeeSetup>(),
