@@ -191,8 +191,7 @@ void Database::CopyTo(const std::string& path) {
 
 void Database::Check() {
   StatementRun run(Required(engine_).connection, "PRAGMA main.quick_check(1)");
-  if (run.Step() && run.Text(0) != "ok")
-    throw RunTimeError(3343, "'" + Path() + "' is damaged: " + std::string(run.Text(0)));
+  if (run.Step() && run.Text(0) != "ok") throw RunTimeError(3343, "'" + Path() + "' is damaged.");
 }
 
 void Database::ReplaceContentWith(const std::string& path) {

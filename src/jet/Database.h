@@ -79,7 +79,7 @@ class Database {
   // a file stands there, 3260 for a lock that lasts, 3183 for a full disk, 3051 where the file
   // cannot be made.
   void CopyTo(const std::string& path);
-  // Looks through every page of the file. Raises 3343 with what is damaged first.
+  // Looks through every page of the file. Raises 3343 where one is damaged.
   void Check();
   // Puts the content of another database file in the place of this one's: all of its tables, with
   // their rows and indexes, or nothing. Rows that any desk read before are gone then (3167), also

@@ -15,6 +15,9 @@ TestStockroom::TestStockroom() {
   Set("SectionActive", "True");
   Set("CompanyName", "Harbour Works");
   CreateInventoryDatabase(DatabaseFile());
+  // Each test's start but those of copies themselves finds the copy of the day made.
+  std::filesystem::create_directory(folder / "backups");
+  WriteFile(DailyCopy(), "");
   Fill("PCenter", "name | pcenter\n Stores | 0\n Annex | 4\n Garage | 9");
 }
 

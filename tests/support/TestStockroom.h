@@ -62,6 +62,11 @@ class TestStockroom {
   Gestures& user();
 
   std::string DatabaseFile() const { return folder / "KV_Inventory.mdb"; }
+  std::string DailyCopy() const { return folder / "backups/2026-03-09 daily.mdb"; }
+  // The copy that an act leaves behind.
+  std::string CopyBefore(const std::string& act) const {
+    return folder / ("backups/2026-03-09 140506 before " + act + ".mdb");
+  }
 
  private:
   jet::Database& Store();

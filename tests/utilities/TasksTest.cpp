@@ -45,9 +45,6 @@ class TasksTest : public StoryTest {
   std::string Parts(const std::string& fields) {
     return stockroom.Rows("SELECT inv_id, " + fields + " FROM I_Master ORDER BY inv_id");
   }
-  std::string Copy(const std::string& act) {
-    return stockroom.folder / ("backups/2026-03-09 140506 before " + act + ".mdb");
-  }
 };
 
 TEST_F(TasksTest, ASwitchChangesThePartsOfTheProfitCenterInSight) {
@@ -89,13 +86,13 @@ TEST_F(TasksTest, ZeroingKeepsCostsAndOtherProfitCentersAndLeavesACopy) {
     Press(&KVI_Utilities::cmdUpdateRecipeCosts);
     ExpectBox(kZero, Answer::No);
     Press(&KVI_Utilities::ZeroBtn);
-    EXPECT_FALSE(std::filesystem::exists(stockroom.folder / "backups"));
+    EXPECT_FALSE(std::filesystem::exists(stockroom.CopyBefore("zeroing the inventory")));
     ExpectBox(kZero, Answer::Yes);
     ExpectBox(kZeroed);
     Press(&KVI_Utilities::ZeroBtn);
   });
   EXPECT_EQ(Parts("qty_on_hand, valuation, cost_per"), "1|0|0|3\n2|0|0|1\n3|1|1|1\n4|1|1|1\n");
-  EXPECT_TRUE(std::filesystem::exists(Copy("zeroing the inventory")));
+  EXPECT_TRUE(std::filesystem::exists(stockroom.CopyBefore("zeroing the inventory")));
 }
 
 TEST_F(TasksTest, WhoeverMayOnlyReadIsRefusedBeforeAnyQuestion) {
@@ -183,8 +180,8 @@ TEST_F(TasksTest, PartGroupsAndPurchasesGoAfterTwoWarningsAndACopy) {
   EXPECT_EQ(stockroom.Rows("SELECT rec_id FROM R_Master ORDER BY rec_id"), " \nH\n");
   EXPECT_EQ(stockroom.Rows("SELECT rec_id FROM Inv_Recipe ORDER BY rec_id"), " \nH\n");
   EXPECT_EQ(stockroom.Rows("SELECT * FROM Hist_Purchases"), "");
-  EXPECT_TRUE(std::filesystem::exists(Copy("removing all part groups")));
-  EXPECT_TRUE(std::filesystem::exists(Copy("removing all purchases")));
+  EXPECT_TRUE(std::filesystem::exists(stockroom.CopyBefore("removing all part groups")));
+  EXPECT_TRUE(std::filesystem::exists(stockroom.CopyBefore("removing all purchases")));
 }
 
 TEST_F(TasksTest, InactivePartsOrAllOfAProfitCenterAreDeleted) {
@@ -288,7 +285,7 @@ TEST_F(WipeTest, EmptiesTheDatabaseEndsTheProcessAndLeavesOneThatStarts) {
   EXPECT_TRUE(stockroom.desktop.ended);
   EXPECT_FALSE(stockroom.App().CurrentDatabase.IsOpen());
   EXPECT_EQ(stockroom.Get("ProfitCenterNo"), "0");
-  EXPECT_TRUE(std::filesystem::exists(Copy("deleting all records")));
+  EXPECT_TRUE(std::filesystem::exists(stockroom.CopyBefore("deleting all records")));
   for (const char* table : {"I_Master", "PCenter", "[Historical Inventory]", "DD_category"})
     EXPECT_EQ(stockroom.Rows(std::string("SELECT * FROM ") + table), "") << table;
   EXPECT_NE(stockroom.Rows("SELECT * FROM CW_Inventory"), "");

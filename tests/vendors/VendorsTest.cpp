@@ -129,14 +129,12 @@ TEST_F(VendorsTest, AVendorGoesWithThePartsThatNameItFirstAfterTwoChecksAndACopy
   InList([&] {
     Remove(2, Answer::No);
     Remove(2, Answer::Yes, Answer::No);
-    EXPECT_FALSE(std::filesystem::exists(stockroom.folder / "backups"));
+    EXPECT_FALSE(std::filesystem::exists(stockroom.CopyBefore("removing a vendor")));
     Remove(2, Answer::Yes, Answer::Yes);
     EXPECT_EQ(List().StatusBar1.PanelText(2), "Nord Supply was removed, and with it 2 parts.");
     EXPECT_EQ(Listed(), "Bolt's\nThe ACME Co.\n");
     EXPECT_EQ(stockroom.App().Get<KVI_ChooseVendors>().where1.IndexOf("Nord Supply"), -1);
-    const std::string copy =
-        stockroom.folder / "backups/2026-03-09 140506 before removing a vendor.mdb";
-    jet::Database before = jet::Database::Open(copy, false);
+    jet::Database before = jet::Database::Open(stockroom.CopyBefore("removing a vendor"), false);
     EXPECT_EQ(before.OpenRecordset("SELECT * FROM I_Master").RecordCount(), 4);
     before.Close();
     // A quote breaks the first statement, and the second does not run.
