@@ -88,14 +88,18 @@ void RefreshMasterRecordsets(Application& app) {
   const Hourglass busy(app.desktop);
   const std::string number = Str(app.CurrentProfitCenter);
   jet::Database& database = app.CurrentDatabase;
-  app.ItemSet =
-      database.OpenRecordset("SELECT * FROM I_Master where pcenter = " + number + " ORDER BY name");
+  RefreshItemSet(app);
   app.PartGroupSet =
       database.OpenRecordset("SELECT * FROM R_Master where pcenter = " + number + " ORDER BY name");
   app.PurchaseSet =
       database.OpenRecordset("SELECT * FROM HIST_PURCHASES where pcenter = " + number + " ");
   app.EmployeeSet = database.OpenRecordset("SELECT * FROM EmployeeDB");
   if (app.EmployeeSet.Eof()) app.settings.UseSecurity = 0;
+}
+
+void RefreshItemSet(Application& app) {
+  app.ItemSet = app.CurrentDatabase.OpenRecordset(
+      "SELECT * FROM I_Master where pcenter = " + Str(app.CurrentProfitCenter) + " ORDER BY name");
 }
 
 }  // namespace kvi

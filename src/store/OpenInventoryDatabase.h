@@ -23,4 +23,7 @@ std::string DatabasePathIn(const Application& app, const std::string& folder);
 // when there is no employee, since nobody could sign in.
 void RefreshMasterRecordsets(Application& app);
 
+// Opens ItemSet alone again, which some routines leave on other parts.
+void RefreshItemSet(Application& app);
+
 }  // namespace kvi

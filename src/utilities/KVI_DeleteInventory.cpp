@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "base/Number.h"
+#include "grids/SprdSubs.h"
 #include "store/BackUp.h"
 #include "utilities/BulkTasks.h"
 
@@ -11,6 +12,7 @@ namespace kvi {
 KVI_DeleteInventory::KVI_DeleteInventory(Application& app)
     : KviScreen(app, "KVI_DeleteInventory", "Delete Inventory Items",
                 "Inventory - Delete Inventory Items") {
+  warning.ForeColor = kRed;
   dai.Click = [this] {
     mode_ = kAllItems;
     DeleteInventory();
@@ -21,6 +23,25 @@ KVI_DeleteInventory::KVI_DeleteInventory(Application& app)
   };
   exit_lab.Cancel = true;
   exit_lab.Click = [this] { Exit(); };
+}
+
+std::string KVI_DeleteInventory::PartsOf(Mode mode) const {
+  return " FROM I_Master WHERE Pcenter = " + Str(app_.CurrentProfitCenter) +
+         (mode == kInactiveItems ? " AND Ucase(Trim(Active)) <> 'YES' ;" : ";");
+}
+
+// Says whose parts they are, and how many, before anything is pressed.
+void KVI_DeleteInventory::Activate() {
+  const Hourglass busy(app_.desktop);
+  const auto rowsOf = [this](const std::string& sql) {
+    return app_.CurrentDatabase.OpenRecordset(sql);
+  };
+  const auto center =
+      rowsOf("SELECT name FROM PCenter WHERE pcenter = " + Str(app_.CurrentProfitCenter));
+  const int all = rowsOf("SELECT inv_id" + PartsOf(kAllItems)).RecordCount();
+  const int inactive = rowsOf("SELECT inv_id" + PartsOf(kInactiveItems)).RecordCount();
+  affected.Caption = (center.Eof() ? "No profit center" : center.Text("name")) + ": " +
+                     CountOf(all, "item") + ", " + Str(inactive) + " of them inactive.";
 }
 
 void KVI_DeleteInventory::Exit() {
@@ -36,22 +57,19 @@ void KVI_DeleteInventory::DeleteInventory() {
                    "Utilities"))
     return;
   if (!BackUpBefore(app_, "deleting inventory")) return;
-  const std::string number = Str(app_.CurrentProfitCenter);
-  std::vector<std::string> statements;
+  std::vector<std::string> statements{"DELETE *" + PartsOf(mode_)};
   if (mode_ == kAllItems)
-    for (const char* table : {"I_Master", "PSO_Master", "PSO_Detail"})
-      statements.push_back(std::string("DELETE * FROM ") + table + " WHERE Pcenter = " + number +
-                           ";");
-  else
-    statements.push_back("DELETE * FROM I_Master WHERE Pcenter = " + number +
-                         " AND Ucase(Trim(Active)) <> 'YES' ;");
+    for (const char* table : {"PSO_Master", "PSO_Detail"})
+      statements.push_back(std::string("DELETE * FROM ") + table +
+                           " WHERE Pcenter = " + Str(app_.CurrentProfitCenter) + ";");
   if (!RunTogether(app_, statements)) return;
   Inform("Inventory items have been removed.", "Utilities");
   CloseScreen();
 }
 
 Layout KVI_DeleteInventory::Arrange() {
-  return Column({BannerLayout(), Actions({&dai, &diio, &exit_lab}), Of(warning), Gap()});
+  return Column(
+      {BannerLayout(), Actions({&dai, &diio, &exit_lab}), Of(warning), Of(affected), Gap()});
 }
 
 }  // namespace kvi

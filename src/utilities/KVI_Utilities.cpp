@@ -161,13 +161,14 @@ Layout KVI_Utilities::Arrange() {
               Row({Field("C&olor scheme (from the next start on):", color_scheme, 2.2), Gap()}),
               Frame("Valuation", Row({Of(OptUseFIFO), Of(OptUseAvg), Of(OptUseLast), Gap()})),
               Row({Of(cmdUpdateAllValuations), Of(Command5), Gap()}), Gap()});
-  Layout tasks = Column({GridOf(3, {Of(Command1), Of(Command2), Of(cmdColWidth), Of(Command3),
-                                    Of(Command4), Of(cmdUpdateRecipeCosts), Of(Command6),
-                                    Of(Command7), Of(cmdUpdateRecipeItems), Of(create_file)}),
-                         Gap(),
-                         Frame("What these take away does not come back:",
-                               GridOf(2, {Of(cmdDeleteAllRecipes), Of(cmdDeleteAllItems),
-                                          Of(remove_purchases), Of(ZeroBtn)}))});
+  Layout tasks = Column(
+      {GridOf(3, {Of(Command1), Of(Command2), Of(cmdColWidth), Of(Command3), Of(Command4),
+                  Of(cmdUpdateRecipeCosts), Of(Command6), Of(Command7), Of(cmdUpdateRecipeItems),
+                  Of(create_file)}),
+       Gap(),
+       Frame("What these take away does not come back; a copy of the database is made before:",
+             GridOf(2, {Of(cmdDeleteAllRecipes), Of(cmdDeleteAllItems), Of(remove_purchases),
+                        Of(ZeroBtn)}))});
   return Column({BannerLayout(), Actions({&exit_lab}),
                  Row({Field("Current &inventory/profit center:", pcenter, 2.5), Gap()}),
                  Fill(Tabs(SSTab1, {Column({std::move(company), Gap()}), std::move(preferences),

@@ -50,7 +50,11 @@ void KVI_Utilities::HandleTasks() {
 // Leaving the combo has made its position the number, and a roll-up or another screen may have left
 // ItemSet on other parts. What is worked on is what stands in the combo.
 void KVI_Utilities::WorkOnTheOneShown() {
-  if (pcenter.ListIndex() >= 0) TakeProfitCenter();
+  const int shown = pcenter.ListIndex();
+  if (shown >= 0 && app_.profitCenters.NumberAt(shown) != app_.CurrentProfitCenter)
+    TakeProfitCenter();
+  else
+    RefreshItemSet(app_);
 }
 
 void KVI_Utilities::AskToSwitch(const std::string& what, const FieldValue& to) {
@@ -124,7 +128,7 @@ void KVI_Utilities::AskToRemoveItems() {
   app_.screens.ShowModal(app_.Get<KVI_DeleteInventory>());
   const auto ensure = [this] { EnsureBaseRecord(app_.CurrentDatabase, app_.ItemSet); };
   WriteUnderLocks(app_.desktop, app_.CurrentDatabase, ensure);
-  WorkOnTheOneShown();
+  RefreshMasterRecordsets(app_);
 }
 
 void KVI_Utilities::AskToRemovePurchases() {

@@ -201,6 +201,7 @@ TEST_F(TasksTest, InactivePartsOrAllOfAProfitCenterAreDeleted) {
     });
   };
   inScreen([&] {
+    EXPECT_EQ(screen.affected.Caption(), "Annex: 2 items, 1 of them inactive.");
     answer(Answer::No);
     Click(screen.dai);
     Click(screen.exit_lab);
