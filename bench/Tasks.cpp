@@ -1,4 +1,6 @@
 // What Utilities does to all parts at once, and the removals.
+#include <unistd.h>
+
 #include <filesystem>
 
 #include "bench/CommitGroups.h"
@@ -114,7 +116,7 @@ BENCHMARK(UpdateItems)->Name("Part group items of 40,000 lines")->Apply(AsPair);
 using Removal = std::function<double(Application& app)>;
 using RemovalFloor = std::function<double(RawFile& file)>;
 
-// Each run has a whole file before it.
+// Each run has a whole file before it, that the disk has taken: else the first commit waits for it.
 void Remove(benchmark::State& state, const Removal& ours, const RemovalFloor& floor) {
   const ScratchCopy ourFile("remove-ours.mdb"), floorFile("remove-floor.mdb");
   std::unique_ptr<TaskDesk> desk;
@@ -122,6 +124,7 @@ void Remove(benchmark::State& state, const Removal& ours, const RemovalFloor& fl
   const auto renew = [](const ScratchCopy& copy) {
     std::filesystem::copy_file(kDatabase, copy.Path(),
                                std::filesystem::copy_options::overwrite_existing);
+    ::sync();
   };
   RunPair(state, {{[&] { return ours(desk->app); },
                    [&] {

@@ -1,6 +1,7 @@
 #include "utilities/DeleteAllRecords.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/Number.h"
@@ -11,7 +12,6 @@
 #include "platform/Hourglass.h"
 #include "platform/Progress.h"
 #include "store/BackUp.h"
-#include "store/DropDown.h"
 #include "store/OpenInventoryDatabase.h"
 #include "store/SaveRecord.h"
 
@@ -48,27 +48,26 @@ std::vector<std::string> TablesToEmpty(jet::Database& database) {
   return names;
 }
 
-std::string EmptiedBefore(std::size_t emptied, std::size_t of) {
-  if (emptied == 0) return "";
-  return "Emptied before that: " + std::to_string(emptied) + " of " + std::to_string(of) +
-         " tables.";
-}
-
 }  // namespace
 
 bool DeleteAllRecords(Application& app) {
   const Hourglass busy(app.desktop);
   jet::Database& database = app.CurrentDatabase;
   const std::vector<std::string> tables = TablesToEmpty(database);
-  std::size_t emptied = 0;
-  const auto soFar = [&] { return EmptiedBefore(emptied, tables.size()); };
+  int emptied = 0;
+  const auto soFar = [&]() -> std::string {
+    return emptied > 0 ? "The tables that were emptied before that stay empty." : "";
+  };
   const auto empty = [&] {
     const auto progress = app.desktop.NewProgress("New Database", false);
     progress->Begin("Tables", static_cast<int>(tables.size()));
+    // Small tables go in one commit.
+    jet::WriteBatch batch(database);
     for (const std::string& table : tables) {
       database.Execute("DELETE FROM [" + table + "]");
-      progress->Done(static_cast<int>(++emptied));
+      progress->Done(++emptied);
     }
+    batch.Finish();
   };
   try {
     return WriteUnderLocks(app.desktop, database, empty, soFar);
@@ -83,14 +82,14 @@ bool NewDatabaseWipe(Application& app) {
   if (!Asked(app, kQuestion) || !Asked(app, "Are you positive?")) return false;
   if (!BackUpBefore(app, "deleting all records")) return false;
   // A number that equals the count of profit centers would end every later start.
-  app.CurrentProfitCenter = 0;
+  const int number = std::exchange(app.CurrentProfitCenter, 0);
   WriteSettings(app);
   if (DeleteAllRecords(app)) {
     app.CurrentDatabase.Close();
     return true;
   }
-  OpenInventoryDatabase(app);
-  LoadDropLists(app);
+  app.CurrentProfitCenter = number;
+  ReopenInventoryDatabase(app);
   return false;
 }
 

@@ -8,6 +8,7 @@
 #include "base/Text.h"
 #include "frame/ApplyColorScheme.h"
 #include "frame/INI_SUBS.h"
+#include "store/DropDown.h"
 #include "store/OpenInventoryDatabase.h"
 
 namespace kvi {
@@ -141,7 +142,10 @@ void KVI_Utilities::BrowseForProgram() {
 void KVI_Utilities::Exit() {
   WriteSettings(app_);
   app_.DatabaseDirectory = dir_loc.Text;
-  if (directoryChanged_) OpenInventoryDatabase(app_);
+  if (directoryChanged_) {
+    OpenInventoryDatabase(app_);
+    LoadDropLists(app_);
+  }
   CloseScreen();
 }
 
