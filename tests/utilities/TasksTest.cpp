@@ -239,7 +239,7 @@ TEST_F(TasksTest, TheDailyFileHoldsEveryPartInQuotedRecords) {
 }
 
 TEST_F(TasksTest, AWipeEmptiesTheDatabaseEndsTheProcessAndLeavesOneThatStarts) {
-  const auto wipe = [&](Answer second) {
+  const auto wipe = [&](Answer second, const Acts& then) {
     ExpectBox(
         "               C A U T I O N   !   !   !\n\n"
         "This utility deletes all the records in the current\n"
@@ -252,16 +252,26 @@ TEST_F(TasksTest, AWipeEmptiesTheDatabaseEndsTheProcessAndLeavesOneThatStarts) {
         "database right now?",
         Answer::Yes, "New Database");
     ExpectBox("Are you positive?", second, "New Database");
-    if (second == Answer::Yes)
-      ExpectBox("A new database has been created. Please restart the program.");
+    then();
     Click(stockroom.MainScreen().m_f_new);
     return stockroom.desktop.ended;
   };
-  stockroom.App().CurrentProfitCenter = 1;  // the count of profit centers that there will be
-  EXPECT_FALSE(wipe(Answer::No));
+  stockroom.App();
+  EXPECT_FALSE(wipe(Answer::No, [] {}));
+  jet::Database other = OtherDesk();
+  jet::Recordset theirs = other.OpenRecordset("SELECT * FROM I_Master");
+  EXPECT_FALSE(wipe(Answer::Yes, [&] {
+    stockroom.desktop.Meanwhile([&] { theirs.Edit(); });
+    ExpectLock(Answer::No);
+  }));
+  other.Close();
+  EXPECT_EQ(Parts("name"), "1|Bolt\n2|O'Ring\n3|Nut\n4|Pin\n");
   stockroom.Fill("Historical Inventory", "Inv_ID | pcenter\n 1 | 4");
   stockroom.Fill("DD_category", "Description\n Seals");
-  EXPECT_TRUE(wipe(Answer::Yes));
+  stockroom.App().CurrentProfitCenter = 1;  // the count of profit centers that there will be
+  EXPECT_TRUE(wipe(Answer::Yes, [&] {
+    ExpectBox("A new database has been created. Please restart the program.");
+  }));
   EXPECT_FALSE(stockroom.App().CurrentDatabase.IsOpen());
   EXPECT_EQ(stockroom.Get("ProfitCenterNo"), "0");
   EXPECT_TRUE(std::filesystem::exists(stockroom.CopyBefore("deleting all records")));
