@@ -18,6 +18,7 @@ class BenchDesktop : public Desktop {
   void SetPointer(MousePointer pointer) override { pointer_ = pointer; }
   MousePointer Pointer() const override { return pointer_; }
   void ClearClipboard() override {}
+  void Beep() override {}
   void StartProgram(const std::string& commandLine) override;
   bool CanShowPicture(const std::string&) override { return true; }
   bool OpenHelp(const std::string&) override { return false; }

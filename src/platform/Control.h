@@ -45,6 +45,7 @@ enum class Property {
   ForeColor,
   Picture,
   Selection,  // of text
+  WholeText,  // is to be selected
   Cells,      // of a grid: texts, formats, sizes
   ActiveCell,
   Range,  // of a scroll bar

@@ -59,8 +59,15 @@ class TextBox : public Control {
   bool Multiline = false;
   bool Masked = false;  // shows "*" for each character
   bool RightAligned = false;
+  // "Ctrl+B" brings the keyboard here from anywhere on the screen; set once, as Tip is.
+  std::string Shortcut;
+  // Selects the whole text, so that what is typed next takes its place.
+  void SelectAll() { TellView(Property::WholeText); }
 
   std::function<void()> Change;
+  // A key that has an event does nothing else.
+  std::function<void()> EnterPressed;
+  std::function<void()> EscapePressed;  // also where no other control has a use for the key
 
  protected:
   void OnChanged(Property property) override;

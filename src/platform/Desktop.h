@@ -73,6 +73,8 @@ class Desktop {
   virtual void SetPointer(MousePointer pointer) = 0;
   virtual MousePointer Pointer() const = 0;
   virtual void ClearClipboard() = 0;
+  // The sound of something that is not understood.
+  virtual void Beep() = 0;
   // Starts a program without waiting; raises 53 when it is not found, 5 when it cannot start.
   // `commandLine` is split at blanks outside of double quotes.
   virtual void StartProgram(const std::string& commandLine) = 0;

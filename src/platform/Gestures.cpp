@@ -114,6 +114,14 @@ bool Gestures::Type(ComboBox& combo, const std::string& text) {
   return Do(combo, [&] { combo.Text = text; });
 }
 
+bool Gestures::PressEnter(TextBox& box) {
+  return box.EnterPressed && Do(box, [&] { box.EnterPressed(); });
+}
+
+bool Gestures::PressEscape(TextBox& box) {
+  return box.EscapePressed && Do(box, [&] { box.EscapePressed(); });
+}
+
 bool Gestures::Enter(Control& control) {
   Screen& screen = control.Owner();
   if (!Reachable(stack_, control)) return false;
@@ -159,6 +167,13 @@ bool Gestures::PressKey(Spread& grid, const std::string& character) {
   const int row = grid.ActiveRow(), col = grid.ActiveCol();
   if (grid.TakesTyping(row, col)) return false;
   return Do(grid, [&] { Fire(grid.KeyPress, row, col, character); });
+}
+
+bool Gestures::PressEnter(Spread& grid) {
+  bool used = false;
+  Do(grid,
+     [&] { used = grid.EnterPressed && grid.EnterPressed(grid.ActiveRow(), grid.ActiveCol()); });
+  return used;
 }
 
 bool Gestures::TypeIntoCell(Spread& grid, int row, int col, const std::string& text) {

@@ -45,6 +45,9 @@ class Gestures {
   bool DoubleClick(ListBox& list);
   bool Type(TextBox& box, const std::string& text);  // the whole new text
   bool Type(ComboBox& combo, const std::string& text);
+  // False where the key has no use of its own.
+  bool PressEnter(TextBox& box);
+  bool PressEscape(TextBox& box);
 
   bool Scroll(ScrollBar& bar, int value);  // within the bar's range
   // The window of a sheet shows so many twips of it.
@@ -61,6 +64,7 @@ class Gestures {
   bool Select(Spread& grid, std::vector<Block> blocks);
   // One character typed on the active cell; a cell that takes typing keeps it for itself.
   bool PressKey(Spread& grid, const std::string& character);
+  bool PressEnter(Spread& grid);  // on the active cell; false where it only goes on
   bool TypeIntoCell(Spread& grid, int row, int col, const std::string& text);
   bool DoubleClick(Spread& grid, int row, int col);
   bool ClickHeading(Spread& grid, int col);

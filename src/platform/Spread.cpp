@@ -36,6 +36,8 @@ Spread::~Spread() = default;
 
 void Spread::SetMaxRows(int rows) {
   if (rows < 0) throw RunTimeError(380);
+  for (const HiddenRow& row : hidden_) typing_.ForgetRow(row.data.get());
+  hidden_.clear();
   if (rows == MaxRows()) return;
   if (rows < MaxRows()) typing_.Clear();
   rows_.resize(At(rows) + 1);

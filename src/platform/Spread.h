@@ -82,6 +82,14 @@ class Spread : public Control {
   // By value where every key cell is a Number or Float, else text without regard to case.
   void Sort(int keyCol, bool ascending);
 
+  // Takes rows out of sight: asked of all rows in their order, `shows` says which remain. Whatever
+  // works on the grid then has those alone. The others keep all they have until they are asked for
+  // again, or lost by SetMaxRows. The active row stays active where it shows, else the first is.
+  void ShowRows(const std::function<bool(int place)>& shows);
+  void ShowAllRows();
+  // With those out of sight.
+  int AllRows() const { return MaxRows() + static_cast<int>(hidden_.size()); }
+
   // The cell cursor of the code (quick find reads it), apart from the cell that is active on the
   // screen; a cell that the user goes to takes it along. ActiveRow is 0 when no cell is active: at
   // first, and once the grid had no rows. When rows go, it is the last one at most.
@@ -138,6 +146,8 @@ class Spread : public Control {
   std::function<void(int col)> HeadingClick;
   // A character typed on the active cell where it takes no typing; row 0 when none is active.
   std::function<void(int row, int col, const std::string& character)> KeyPress;
+  // Enter on the active cell, behind what was typed there; true where the screen went on by itself.
+  std::function<bool(int row, int col)> EnterPressed;
   std::function<void(int row, int col)> CellEdited;  // the user's text is in the cell
   std::function<void()> AdvancedPastLastCell;        // Enter or Tab in the last cell
   std::function<void()> ActiveCellChanged;
@@ -164,6 +174,8 @@ class Spread : public Control {
   RowData& Make(int row);
   void SortRows(int keyCol, bool ascending, const std::function<int(int, int)>& order);
   void RowsChanged();
+  void BringBack();
+  void StandOn(const RowData* row);
   enum class Typed { Taken, Locked, NotUnderstood };
   Typed Type(int row, int col, const std::string& text);
   std::optional<std::string> Understood(int row, int col, const std::string& text) const;
@@ -174,7 +186,12 @@ class Spread : public Control {
 
   int maxCols_ = 0;
   std::vector<std::unique_ptr<RowData>> rows_;  // rows_[0] the headings; null is an untouched row
-  std::vector<FormatPatch> columns_{1};         // by column, from 1
+  struct HiddenRow {
+    int place;  // among all rows
+    std::unique_ptr<RowData> data;
+  };
+  std::vector<HiddenRow> hidden_;        // by place
+  std::vector<FormatPatch> columns_{1};  // by column, from 1
   std::vector<double> widths_{0};
   std::map<int, std::vector<std::string>> choices_;
   std::uint32_t columnSettings_ = 1;

@@ -42,6 +42,7 @@ class ScriptedDesktop : public Desktop {
   void SetPointer(MousePointer pointer) override { pointer_ = pointer; }
   MousePointer Pointer() const override { return pointer_; }
   void ClearClipboard() override { clipboardCleared = true; }
+  void Beep() override { ++beeps; }
   void StartProgram(const std::string& commandLine) override;
   bool CanShowPicture(const std::string& path) override;
   bool OpenHelp(const std::string& path) override;
@@ -55,6 +56,7 @@ class ScriptedDesktop : public Desktop {
 
   bool ended = false;
   bool clipboardCleared = false;
+  int beeps = 0;
   bool helpOpens = true;
   std::set<std::string> brokenPictures;  // paths of files that no picture can be read from
   std::vector<std::string> openWindows;  // screen names, the topmost last

@@ -1,7 +1,9 @@
 #include "desktop/controls/TextAdapters.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QShortcut>
 
 #include "desktop/look/Compact.h"
 #include "desktop/look/Look.h"
@@ -35,6 +37,29 @@ TextAdapter::TextAdapter(TextBox& box, ScreenWindow& window)
   connect(&shown_, &QLineEdit::textEdited, this, [this](const QString& text) {
     Hand([&](Gestures& user) { user.Type(control_, FromQt(text)); });
   });
+  if (box.Shortcut.empty()) return;
+  auto* shortcut = new QShortcut(QKeySequence(ToQt(box.Shortcut)), &window);
+  connect(shortcut, &QShortcut::activated, this, [this] { ComeByShortcut(); });
+}
+
+// What is being typed elsewhere is in before the field is entered.
+void TextAdapter::ComeByShortcut() {
+  window_.FinishEditing();
+  if (!window_.Input().IsOpen() || !shown_.isEnabled()) return;
+  shown_.setFocus(Qt::ShortcutFocusReason);
+  shown_.selectAll();
+}
+
+bool TextAdapter::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return ControlAdapter::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (control_.EnterPressed && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+    Hand([this](Gestures& user) { user.PressEnter(control_); });
+    return true;
+  }
+  if (!control_.EscapePressed || key != Qt::Key_Escape) return false;
+  Hand([this](Gestures& user) { user.PressEscape(control_); });
+  return true;
 }
 
 // The bound holds for typing alone: a longer text of the system's own shows whole.
@@ -57,6 +82,7 @@ void TextAdapter::Show(Property property) {
   ShowState();
   if (property == Property::Locked) ShowColors();
   if (property == Property::Selection) shown_.setCursorPosition(control_.SelStart);
+  if (property == Property::WholeText) shown_.selectAll();
 }
 
 void TextAdapter::ShowColors() {

@@ -16,6 +16,10 @@ class TextAdapter : public TypedAdapter<TextBox, QLineEdit> {
   void ShowState() override;
   void Show(Property property) override;
   void ShowColors() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void ComeByShortcut();
 };
 
 // A text box of several lines.

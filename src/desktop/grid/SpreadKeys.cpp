@@ -47,11 +47,19 @@ void SpreadView::GoToTyped(int step) {
     hand_([this](Gestures& user) { user.AdvancePastLastCell(grid_); });
 }
 
+// The screen may go on by itself.
+bool SpreadView::IsEnterUsed() {
+  bool used = false;
+  hand_([&](Gestures& user) { used = user.PressEnter(grid_); });
+  return used || gone_;
+}
+
 void SpreadView::Go(Step step) {
   if (grid_.ActiveRow() < 1 || step == Step::None) return;
   const int row = grid_.ActiveRow(), col = grid_.ActiveCol();
   switch (step) {
     case Step::Enter:
+      if (IsEnterUsed()) return;
       return row < grid_.MaxRows() ? GoTo(row + 1, col) : AdvanceOr(row, NeighbourCol(col, 1));
     case Step::Next:
       return GoToTyped(1);

@@ -85,6 +85,7 @@ class SpreadView : public QTableView {
   bool IsTyped(int row, int col) const;
   int NeighbourCol(int col, int step) const;  // 0 when there is none
   void Go(Step step);
+  bool IsEnterUsed();
   void GoTo(int row, int col);
   void GoToTyped(int step);
   void AdvanceOr(int row, int col);

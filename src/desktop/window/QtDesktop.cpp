@@ -196,6 +196,10 @@ void QtDesktop::ClearClipboard() {
   QApplication::clipboard()->clear();
 }
 
+void QtDesktop::Beep() {
+  QApplication::beep();
+}
+
 void QtDesktop::StartProgram(const std::string& commandLine) {
   QStringList words = SplitCommandLine(ToQt(commandLine));
   const QString program = words.isEmpty() ? QString() : FindProgram(words.takeFirst());

@@ -58,6 +58,7 @@ class QtDesktop : public Desktop {
   void SetPointer(MousePointer pointer) override;
   MousePointer Pointer() const override { return pointer_; }
   void ClearClipboard() override;
+  void Beep() override;
   void StartProgram(const std::string& commandLine) override;
   bool CanShowPicture(const std::string& path) override;
   bool OpenHelp(const std::string& path) override;

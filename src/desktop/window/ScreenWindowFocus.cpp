@@ -131,6 +131,9 @@ void ScreenWindow::keyPressEvent(QKeyEvent* event) {
     } else if (control->Kind() == ControlKind::ActionLabel) {
       auto& label = static_cast<ActionLabel&>(*control);
       if ((enter && label.Default) || (escape && label.Cancel)) return press(label);
+    } else if (control->Kind() == ControlKind::TextBox && escape) {
+      auto& box = static_cast<TextBox&>(*control);
+      if (box.EscapePressed) return input_.Hand([&](Gestures& user) { user.PressEscape(box); });
     }
   }
   QWidget::keyPressEvent(event);
