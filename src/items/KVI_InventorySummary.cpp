@@ -123,6 +123,7 @@ void KVI_InventorySummary::Prepare() {
   const Flag settingUp(settingUp_);
   OfferItemSorts(SortCombo);
   SortCombo.SetListIndex(0);
+  scan.Clear();
   app_.PartGroupCostsStale = false;
 }
 
@@ -184,6 +185,7 @@ void KVI_InventorySummary::LoadItemGrid() {
   const Hourglass busy(app_.desktop);
   if (Trim(app_.CurrentCategory).empty()) app_.CurrentCategory = kAllCategories;
   const PaintingOff hidden(Spread1);
+  scan.Forget();
   try {
     FillGrid();
   } catch (const RunTimeError&) {
@@ -262,7 +264,7 @@ Layout KVI_InventorySummary::Arrange() {
        Actions({&new_lab, &duplicate, &remove, &find_lab, &refresh_lab, &print_lab, &exit_lab}),
        Row({Field("&Category filter:", CatCombo, 2), Field("&Vendor filter:", VendorCombo, 2),
             Field("&Sort by:", SortCombo, 1.2), Of(AutoRefresh), Of(ManualRefresh), Gap()}),
-       Of(Label2), Fill(Of(Spread1))});
+       Row({Field("Sc&an:", scan.Scan, 1.6), Of(Label2), Gap()}), Fill(Of(Spread1))});
 }
 
 }  // namespace kvi

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/KviScreen.h"
+#include "grids/ScanField.h"
 #include "platform/Spread.h"
 
 namespace kvi {
@@ -43,6 +44,7 @@ class KVI_InventorySummary : public KviScreen {
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
   Label Label2{*this, "Label2"};
   Spread Spread1{*this, "Spread1"};
+  ScanField scan{app_, *this, Spread1, kNumberColumn};
   StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_export{m_file, "m_export", "Export to spreadsheet"};

@@ -91,7 +91,7 @@ void KVI_OrderSystem::HandleGrid() {
     if (col < kParColumn && TakesFirstLetter(Spread1.Text(0, col)))
       GoToFirstLetter(Spread1, col, key);
   };
-  Spread1.LostFocus = [this] { LeaveGrid(); };
+  Spread1.LostFocus = scan.Scan.LostFocus = [this] { LeaveGrid(); };
 }
 
 void KVI_OrderSystem::HandleOptions() {
@@ -125,6 +125,7 @@ void KVI_OrderSystem::Prepare() {
   const Flag setting(settingUp_);
   OfferItemSorts(SortCombo);
   TabStrip1.Tab = 0;
+  scan.Clear();
 }
 
 void KVI_OrderSystem::Activate() {
@@ -200,8 +201,10 @@ void KVI_OrderSystem::ShowPosition() {
   ShowGridRow(Spread1, StatusBar1, {kNameColumn, kNumberColumn, kDescriptionColumn}, "line");
 }
 
+// Between scans nothing is left: a box would swallow the next one.
 void KVI_OrderSystem::LeaveGrid() {
-  if (!IsActionOrMenu(FocusGoesTo())) AskToSaveTyped();
+  const Control* next = FocusGoesTo();
+  if (next != &Spread1 && next != &scan.Scan && !IsActionOrMenu(next)) AskToSaveTyped();
 }
 
 void KVI_OrderSystem::AskToSaveTyped() {
@@ -254,12 +257,13 @@ void KVI_OrderSystem::Exit() {
 }
 
 Layout KVI_OrderSystem::Arrange() {
-  return Column({BannerLayout(), Actions({&save, &ut, &remove, &print_lab, &ei, &exit_lab}),
-                 Tabs(TabStrip1, {Row({Field("F&ilter by:", VendorCombo, 2.5), Gap()}),
-                                  Row({Field("Saved or&ders:", orders, 3.5), Gap()})}),
-                 Row({Field("Sor&t by:", SortCombo, 1.5), Of(ShowAboveZero), Gap(),
-                      Field("Total for order:", ordertotal, 1.2)}),
-                 Fill(Of(Spread1))});
+  return Column(
+      {BannerLayout(), Actions({&save, &ut, &remove, &print_lab, &ei, &exit_lab}),
+       Tabs(TabStrip1, {Row({Field("F&ilter by:", VendorCombo, 2.5), Gap()}),
+                        Row({Field("Saved or&ders:", orders, 3.5), Gap()})}),
+       Row({Field("Sor&t by:", SortCombo, 1.5), Of(ShowAboveZero), Field("S&can:", scan.Scan, 1.6),
+            Gap(), Field("Total for order:", ordertotal, 1.2)}),
+       Fill(Of(Spread1))});
 }
 
 }  // namespace kvi

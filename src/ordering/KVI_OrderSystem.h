@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "frame/KviScreen.h"
+#include "grids/ScanField.h"
 #include "ordering/SavedOrders.h"
 #include "platform/Spread.h"
 
@@ -58,6 +59,7 @@ class KVI_OrderSystem : public KviScreen {
   ActionLabel print_lab{*this, "print_lab", "&Print"};
   ActionLabel ei{*this, "ei", "&Enter invoices"};
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
+  ScanField scan{app_, *this, Spread1, kNumberColumn};
   StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_export{m_file, "m_export", "Export to spreadsheet"};
@@ -87,7 +89,7 @@ class KVI_OrderSystem : public KviScreen {
   void EndReceiving();
   // Shows the list afresh: on a receipt with the order that is chosen.
   void ShowList();
-  // Asks about typed cells when the keyboard goes on to other fields.
+  // Asks about typed cells when the keyboard goes on to other fields than the scanner's.
   void LeaveGrid();
   void AskToSaveTyped();
   void ShowPosition();

@@ -92,6 +92,7 @@ void KVI_OrderSystem::FillGrid(const OrderLines* order) {
   const Hourglass busy(app_.desktop);
   const PaintingOff hidden(Spread1);
   ClearGrid(Spread1);
+  scan.Forget();
   if (!OpenItems()) return Spread1.SetMaxRows(0);
   const std::vector<int> low = FillRows(order);
   LockColumns();

@@ -104,6 +104,7 @@ bool KVI_PGDetail::IsNew() const {
 
 void KVI_PGDetail::EndVisit() {
   lineChanged_ = false;
+  scan.Clear();
   StandUnder(Listed::Parts, "Available parts:");
 }
 
@@ -211,7 +212,7 @@ Layout KVI_PGDetail::Arrange() {
                       Field(Label10, notes, 2.6, 0.8), Gap()}),
                  Of(Label1), Fill(Of(Spread1)),
                  Row({Of(Label2), Gap(), Of(AddToRecipe), Of(Command2), Gap(),
-                      Field(CatLabel, CatCombo, 2.5)}),
+                      Field(CatLabel, CatCombo, 2.5), Field("S&can:", scan.Scan, 1.6)}),
                  Fill(Of(Spread2))});
 }
 

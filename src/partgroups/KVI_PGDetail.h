@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "frame/KviScreen.h"
+#include "grids/ScanField.h"
 #include "partgroups/PartGroupRecord.h"
 #include "platform/Spread.h"
 
@@ -82,6 +83,7 @@ class KVI_PGDetail : public KviScreen {
   Label CatLabel{*this, "CatLabel", "Category"};
   ComboBox CatCombo{*this, "CatCombo", ComboBox::Style::ListOnly};
   Spread Spread2{*this, "Spread2"};
+  ScanField scan{app_, *this, Spread2, kNumberColumn};
   StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_f_recalc{m_file, "m_f_recalc", "Re-calc ingrediant prices from SYSCO"};

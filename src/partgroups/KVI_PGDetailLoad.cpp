@@ -169,6 +169,7 @@ void KVI_PGDetail::SortBy(const MenuItem& entry) {
 
 void KVI_PGDetail::FillAvailable() {
   const Hourglass busy(app_.desktop);
+  scan.Forget();
   if (listed_ == Listed::Groups)
     FillAvailableGroups();
   else if (!FillAvailableParts())

@@ -79,6 +79,7 @@ void KVI_UpdateInventory::Prepare() {
   tab_ = Tab::Count;
   TabStrip1.Tab = 0;
   SetUpTab();
+  scan.Clear();
   changed_ = false;
 }
 
@@ -223,7 +224,7 @@ Layout KVI_UpdateInventory::Arrange() {
   return Column(
       {BannerLayout(), Actions({&save, &rv, &svd, &sva, &print_lab, &find_lab, &ei, &exit_lab}),
        Row({Column({Of(OptPurchased), Of(OptInventoried)}), Column({Of(show_all), Of(show_ro)}),
-            Field("Sor&t by:", SortCombo, 1.5), Gap()}),
+            Field("Sor&t by:", SortCombo, 1.5), Field("S&can:", scan.Scan, 1.6), Gap()}),
        Tabs(TabStrip1, {Row({Field("Acceptable &variance %:", var_perc, 0.7), Gap()}),
                         Text("A quantity is added to what is on hand; a line without one updates "
                              "its cost alone.")}),

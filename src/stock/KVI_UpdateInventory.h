@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/KviScreen.h"
+#include "grids/ScanField.h"
 #include "platform/Spread.h"
 #include "stock/StockBooking.h"
 
@@ -54,6 +55,7 @@ class KVI_UpdateInventory : public KviScreen {
   ActionLabel find_lab{*this, "find_lab", "F&ind"};
   ActionLabel ei{*this, "ei", "&Enter invoices"};
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
+  ScanField scan{app_, *this, Spread1, kNumberColumn};
   StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_export{m_file, "m_export", "Export to spreadsheet"};

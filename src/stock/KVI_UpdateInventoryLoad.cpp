@@ -63,6 +63,7 @@ bool KVI_UpdateInventory::LoadRows() {
   app_.ItemSet = app_.CurrentDatabase.OpenRecordset(Query());
   const int count = app_.ItemSet.RecordCount();
   Spread1.SetMaxRows(count);
+  scan.Forget();
   changed_ = false;
   if (count < 1) {
     ShowPosition();
