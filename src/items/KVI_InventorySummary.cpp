@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <iterator>
 
-#include "base/Counter16.h"
 #include "base/Flag.h"
 #include "base/Format.h"
 #include "base/Number.h"
+#include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "frame/Wording.h"
 #include "grids/ExportGridToSpreadsheet.h"
@@ -55,6 +55,11 @@ constexpr Column21 kColumns[] = {
 };
 constexpr int kColumnCount = static_cast<int>(std::size(kColumns));
 constexpr int kActiveColumn = 15;
+constexpr int kLocationColumn = 3;
+// The vendors' numbers.
+constexpr int kVendorColumns[] = {17, 19, 21};
+// The list counts its rows in 16 bits, and ends there. The search looks through all the others too.
+constexpr int kMostRows = 32767;
 
 std::string CellText(int column, const Value& value) {
   if (column == kActiveColumn) return UCase(value.Text()) == "YES" ? "Active" : "Not-Active";
@@ -123,6 +128,7 @@ void KVI_InventorySummary::Prepare() {
   const Flag settingUp(settingUp_);
   OfferItemSorts(SortCombo);
   SortCombo.SetListIndex(0);
+  search.Clear();
   scan.Clear();
   app_.PartGroupCostsStale = false;
 }
@@ -137,6 +143,7 @@ void KVI_InventorySummary::Activate() {
   LoadColumnWidths(Spread1, *this, app_.CurrentDatabase);
   const int row = std::max(Spread1.ActiveRow(), 1);
   GoToFirstCell(Spread1);
+  search.Forget();
   Spread1.SetMaxRows(0);
   Spread1.EmptyText = "Press Refresh to see the list.";
   ShowRefreshMode();
@@ -186,14 +193,16 @@ void KVI_InventorySummary::LoadItemGrid() {
   if (Trim(app_.CurrentCategory).empty()) app_.CurrentCategory = kAllCategories;
   const PaintingOff hidden(Spread1);
   scan.Forget();
+  search.Forget();
   try {
     FillGrid();
   } catch (const RunTimeError&) {
     // The rows filled so far stay, and no message comes.
   }
+  search.Narrow();
   ShadeGridRows(Spread1, app_.UseColors);
   Spread1.MarkSorted(ColumnOfSortChoice(SortCombo.Text));
-  Spread1.EmptyText = ShowsAll() ? "No parts yet. Press New." : "No parts pass the filters.";
+  ShowEmptyText();
   // (None is, behind an empty list.)
   if (Spread1.ActiveRow() < 1) GoToFirstCell(Spread1);
   ShowPosition();
@@ -201,14 +210,31 @@ void KVI_InventorySummary::LoadItemGrid() {
 
 void KVI_InventorySummary::FillGrid() {
   jet::Recordset items = app_.CurrentDatabase.OpenRecordset(Query());
-  Counter16 row;
+  int row = 0;
   for (; !items.Eof(); items.MoveNext()) {
-    ++row;
-    if (row > Spread1.MaxRows()) Spread1.SetMaxRows(row);
+    if (++row > Spread1.MaxRows()) Spread1.SetMaxRows(row);
     for (int col = 1; col <= kColumnCount; ++col)
       Spread1.SetText(row, col, CellText(col, items[kColumns[col - 1].field]));
   }
   Spread1.SetMaxRows(row);
+}
+
+RowSearch::List KVI_InventorySummary::SearchedList() {
+  std::vector<int> columns{kNameColumn, kNumberColumn, kDescriptionColumn, kLocationColumn};
+  columns.insert(columns.end(), std::begin(kVendorColumns), std::end(kVendorColumns));
+  return {Spread1, std::move(columns), kMostRows, [this] { ShowNarrowed(); }};
+}
+
+void KVI_InventorySummary::ShowNarrowed() {
+  ShadeGridRows(Spread1, app_.UseColors);
+  ShowEmptyText();
+  ShowPosition();
+}
+
+void KVI_InventorySummary::ShowEmptyText() {
+  Spread1.EmptyText = !search.Told().empty() ? "No part has all these words. Press Escape."
+                      : ShowsAll()           ? "No parts yet. Press New."
+                                             : "No parts pass the filters.";
 }
 
 void KVI_InventorySummary::ReloadHidden(bool shade) {
@@ -227,6 +253,8 @@ void KVI_InventorySummary::ShowRefreshMode() {
 
 void KVI_InventorySummary::ShowPosition() {
   ShowGridRow(Spread1, StatusBar1, {kNameColumn, kNumberColumn, kDescriptionColumn});
+  const std::string found = search.Told(), part = StatusBar1.PanelText(2);
+  if (!found.empty()) Say(part.empty() ? found : found + "   |   " + part);
 }
 
 void KVI_InventorySummary::FindItem() {
@@ -264,7 +292,9 @@ Layout KVI_InventorySummary::Arrange() {
        Actions({&new_lab, &duplicate, &remove, &find_lab, &refresh_lab, &print_lab, &exit_lab}),
        Row({Field("&Category filter:", CatCombo, 2), Field("&Vendor filter:", VendorCombo, 2),
             Field("&Sort by:", SortCombo, 1.2), Of(AutoRefresh), Of(ManualRefresh), Gap()}),
-       Row({Field("Sc&an:", scan.Scan, 1.6), Of(Label2), Gap()}), Fill(Of(Spread1))});
+       Row({Field("S&earch:", search.Search, 2.5), Field("Sc&an:", scan.Scan, 1.6), Of(Label2),
+            Gap()}),
+       Fill(Of(Spread1))});
 }
 
 }  // namespace kvi

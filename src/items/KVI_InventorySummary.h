@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/KviScreen.h"
+#include "grids/RowSearch.h"
 #include "grids/ScanField.h"
 #include "platform/Spread.h"
 
@@ -24,8 +25,8 @@ class KVI_InventorySummary : public KviScreen {
   bool TakesWholeDisplay() const override { return true; }
   Layout Arrange() override;
 
-  // Fills the grid by the filters and the sort order. A failure ends it without a word; the rows
-  // filled so far stay.
+  // Fills the grid by the filters and the sort order, narrowed by what is searched for. A failure
+  // ends it without a word; the rows filled so far stay.
   void LoadItemGrid();
   // Leaves the screen by its own actions; the window's own box asks nothing.
   void exit_is();
@@ -44,6 +45,7 @@ class KVI_InventorySummary : public KviScreen {
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
   Label Label2{*this, "Label2"};
   Spread Spread1{*this, "Spread1"};
+  RowSearch search{*this, SearchedList()};
   ScanField scan{app_, *this, Spread1, kNumberColumn};
   StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
@@ -61,9 +63,12 @@ class KVI_InventorySummary : public KviScreen {
   void FillFilters();
   void FillFilter(ComboBox& combo, const std::string& table, const std::string& all,
                   const std::string& shown);
+  RowSearch::List SearchedList();
   void ReloadHidden(bool shade);
   void ShowRefreshMode();
   void ShowPosition();
+  void ShowNarrowed();
+  void ShowEmptyText();
   void FindItem();
   void PrintList();
   // The layout of the detail screen that the preferences choose.

@@ -22,6 +22,7 @@ class InventorySummaryTest : public ScreenStory<KVI_InventorySummary> {
   }
   void Open(const Acts& user) { Visit<KVI_InventorySummary>(&Main::Label1, user); }
   std::string Numbers() { return Column(4); }
+  void Search(const std::string& words) { Type(Screen().search.Search, words); }
 };
 
 TEST_F(InventorySummaryTest, ShowsThe21ColumnsOfTheProfitCenterWithNullAsEmpty) {
@@ -71,6 +72,44 @@ TEST_F(InventorySummaryTest, FiltersByCategoryAndByTheFirstVendorOnly) {
   EXPECT_EQ(stockroom.App().CurrentOrderVendor, "Alpha") << "opening is not choosing";
   EXPECT_TRUE(stockroom.Exit());
   EXPECT_EQ(stockroom.Get("CurrentInventoryCategory"), "Seals");
+}
+
+TEST_F(InventorySummaryTest, ASearchNarrowsTheRowsAsItIsTypedAndEscapeBringsThemBack) {
+  stockroom.Execute("UPDATE I_Master SET w2_id = 'NX-7' WHERE inv_id = '9'");
+  Open([&] {
+    const auto told = [&] { return Screen().StatusBar1.PanelText(2); };
+    const std::pair<const char*, const char*> cases[] = {
+        {"BEL", "100\n10\n"}, {" b54  bin ", "10\n"}, {"bin 54", "10\n"},
+        {"2bin", ""},         {"nx-7", "9\n"},        {"apart", "100\n"},
+        {"100", "100\n"},     {"Nord", ""},           {"", "100\n10\n9\n"}};
+    for (const auto& [words, numbers] : cases) {
+      Search(words);
+      EXPECT_EQ(Numbers(), numbers) << words;
+    }
+    stockroom.user().GoToCell(Grid(), 2, 4);
+    Search("wide");
+    EXPECT_EQ(told(), "1 of 3 parts   |   Belt B54  -  10  -  wide");
+    EXPECT_EQ(Screen().StatusBar1.PanelText(1), "1 of 1 records");
+    EXPECT_TRUE(stockroom.user().PressEscape(Screen().search.Search));
+    EXPECT_EQ(Grid().ActiveRow(), 2) << "the active row is the same part";
+    EXPECT_EQ(told(), "Belt B54  -  10  -  wide");
+
+    Search("bin");
+    Choose(Screen().CatCombo, "Belts");
+    stockroom.user().ClickHeading(Grid(), 4);
+    EXPECT_EQ(Numbers(), "10\n100\n");
+    Search("a20");
+    ExpectBox("Are you sure you want to remove this item?", Answer::Yes, "- Remove");
+    Click(Screen().remove);
+    EXPECT_EQ(told(), "0 of 1 part");
+    ExpectBox("Cannot remove. No records were selected.");
+    Click(Screen().remove);
+    ExpectBox(
+        "You have made changes that could affect part group costs.\n\nWould you like to "
+        "update part group costs at this time?",
+        Answer::No, "Update Part Group Costs");
+  });
+  Open([&] { EXPECT_EQ(Numbers(), "10\n") << "a search ends with its visit"; });
 }
 
 TEST_F(InventorySummaryTest, SortsByTheChoiceAndNumbersAsText) {
@@ -184,7 +223,14 @@ TEST_F(InventorySummaryTest, OverASigned16BitCountTheLoadEndsWithTheRowsReached)
     }
     batch.Finish();
   }
-  Open([&] { EXPECT_EQ(Grid().MaxRows(), 32767); });
+  Open([&] {
+    EXPECT_EQ(Grid().MaxRows(), 32767);
+    Search("132765");
+    EXPECT_EQ(Numbers(), "132765\n") << "the search reaches the others too";
+    EXPECT_EQ(Screen().StatusBar1.PanelText(2).find("1 of 32769 parts"), 0U);
+    stockroom.user().PressEscape(Screen().search.Search);
+    EXPECT_EQ(Grid().MaxRows(), 32767);
+  });
 }
 
 }  // namespace
