@@ -105,7 +105,8 @@ void ShowGridRow(const Spread& grid, StatusBar& bar, const std::vector<int>& tol
   };
   if (grid.TypedRows() > 0) add(CountOf(grid.TypedRows(), typed) + " not saved", "");
   const char* separator = text.empty() ? "" : "   |   ";
-  for (const int col : told) {
+  // (Row 0 holds the headings.)
+  for (const int col : grid.ActiveRow() > 0 ? told : std::vector<int>()) {
     add(Trim(grid.Text(grid.ActiveRow(), col)), separator);
     separator = "  -  ";
   }
