@@ -31,6 +31,7 @@
 #include "utilities/KVI_EmployeeSetup.h"
 #include "utilities/KVI_EmployeeSetupDetail.h"
 #include "utilities/KVI_GetILocation.h"
+#include "utilities/KVI_ImportPBI.h"
 #include "utilities/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
 #include "vendors/KVI_VendorDetail.h"
@@ -254,6 +255,7 @@ int main(int argc, char** argv) {
     tour.VisitTabs<kvi::KVI_Utilities>();
     tour.Visit<kvi::KVI_DeleteInventory>();
     tour.Visit<kvi::KVI_Backups>();
+    tour.Visit<kvi::KVI_ImportPBI>();
     tour.Visit<kvi::KVI_ManageDropLIsts>();
     tour.Visit<kvi::KVI_EmployeeSetup>();
     tour.VisitTabs<kvi::KVI_EmployeeSetupDetail>();

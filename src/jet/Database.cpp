@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "base/HiddenFolder.h"
 #include "base/RunTimeError.h"
 #include "jet/engine/CopyDatabase.h"
 #include "jet/engine/FieldRules.h"
@@ -30,27 +31,6 @@ void MakeTables(const std::string& path, const std::vector<TableDef>& tables) {
   for (const TableDef& table : tables) TableCatalog::CreateTable(connection, table);
   connection.Run("COMMIT");
 }
-
-// A folder for files that nobody else knows by name, gone with what is in it.
-class HiddenFolder {
- public:
-  HiddenFolder() {
-    std::error_code error;
-    path_ = (std::filesystem::temp_directory_path(error) / "kvi-XXXXXX").string();
-    if (error || mkdtemp(path_.data()) == nullptr) throw RunTimeError(3051);
-  }
-  ~HiddenFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  HiddenFolder(const HiddenFolder&) = delete;
-  HiddenFolder& operator=(const HiddenFolder&) = delete;
-
-  std::string operator/(const char* name) const { return path_ + "/" + name; }
-
- private:
-  std::string path_;
-};
 
 }  // namespace
 

@@ -5,7 +5,6 @@
 #include "base/Text.h"
 #include "frame/ApplyColorScheme.h"
 #include "frame/INI_SUBS.h"
-#include "frame/NotBuiltYet.h"
 #include "frame/Wording.h"
 #include "items/KVI_ChooseVendors.h"
 #include "items/KVI_InventoryDetail.h"

@@ -37,7 +37,8 @@ std::string TimeText(const Date& made) {
 std::string PartsText(const std::filesystem::path& copy) {
   try {
     jet::Database database = jet::Database::Open(copy.string(), false);
-    return database.OpenRecordset("SELECT Count(*) AS parts FROM I_Master;").Text("parts");
+    auto counted = database.OpenRecordset("SELECT Count(*) AS parts FROM I_Master;");
+    return Format(counted["parts"], "###,##0");
   } catch (const RunTimeError&) {
     return "cannot be read";
   }

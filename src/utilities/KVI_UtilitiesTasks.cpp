@@ -1,5 +1,4 @@
 #include "base/Number.h"
-#include "frame/NotBuiltYet.h"
 #include "grids/SprdSubs.h"
 #include "partgroups/UpdatePartGroupCosts.h"
 #include "store/BackUp.h"
@@ -11,6 +10,7 @@
 #include "utilities/FullAccess.h"
 #include "utilities/KVI_DeleteInventory.h"
 #include "utilities/KVI_EmployeeSetup.h"
+#include "utilities/KVI_ImportPBI.h"
 #include "utilities/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
 #include "valuation/ItemValuation.h"
@@ -25,7 +25,7 @@ constexpr const char* kGoOn = "\n\nAre you sure you want to continue?";
 }  // namespace
 
 void KVI_Utilities::HandleTasks() {
-  Command2.Click = [this] { SayNotBuiltYet(app_.desktop, Command2.Caption); };
+  Command2.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_ImportPBI>()); };
   Command5.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_EmployeeSetup>()); };
   Command1.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_ManageDropLIsts>()); };
   Command3.Click = [this] { AskToSwitch("'active'", {"active", "YES"}); };

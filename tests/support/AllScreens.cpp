@@ -22,6 +22,7 @@
 #include "utilities/KVI_EmployeeSetup.h"
 #include "utilities/KVI_EmployeeSetupDetail.h"
 #include "utilities/KVI_GetILocation.h"
+#include "utilities/KVI_ImportPBI.h"
 #include "utilities/KVI_ManageDropLIsts.h"
 #include "utilities/KVI_Utilities.h"
 #include "vendors/KVI_VendorDetail.h"
@@ -38,6 +39,7 @@ std::vector<Screen*> AllScreens(Application& app) {
           &app.Get<KVI_EmployeeSetupDetail>(),
           &app.Get<KVI_Find>(),
           &app.Get<KVI_GetILocation>(),
+          &app.Get<KVI_ImportPBI>(),
           &app.Get<KVI_InventoryDetail>(),
           &app.Get<KVI_InventoryDetail1Screen>(),
           &app.Get<KVI_InventorySummary>(),
