@@ -37,7 +37,8 @@ void BenchDesktop::StartProgram(const std::string& commandLine) {
 std::unique_ptr<Surface> BenchDesktop::NewDocument(const std::string& jobName) {
   Unexpected("document", jobName);
 }
-std::unique_ptr<PrintRun> BenchDesktop::NewPrintRun(const std::string& title) {
+std::unique_ptr<PrintRun> BenchDesktop::NewPrintRunOn(const std::string& title,
+                                                      std::optional<PaperSize>) {
   Unexpected("print run", title);
 }
 TextMeasure& BenchDesktop::Measure() {

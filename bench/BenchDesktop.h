@@ -23,7 +23,8 @@ class BenchDesktop : public Desktop {
   bool CanShowPicture(const std::string&) override { return true; }
   bool OpenHelp(const std::string&) override { return false; }
   std::unique_ptr<Surface> NewDocument(const std::string& jobName) override;
-  std::unique_ptr<PrintRun> NewPrintRun(const std::string& title) override;
+  std::unique_ptr<PrintRun> NewPrintRunOn(const std::string& title,
+                                          std::optional<PaperSize> paper) override;
   TextMeasure& Measure() override;
   void PrintScreenImage(Screen&) override {}
 

@@ -41,9 +41,11 @@ const ReportKind* FindReport(const std::string& name) {
   throw BadArgument{"There is no report \"" + name + "\"; --help lists them."};
 }
 
-void ChooseOutput(ReportArguments& arguments, ReportArguments::Output output) {
-  if (arguments.output) throw BadArgument{"Only one of --pdf, --print and --text can be."};
+void ChooseOutput(ReportArguments& arguments, ReportArguments::Output output,
+                  const std::string& file = "") {
+  if (arguments.output) throw BadArgument{"Only one of --pdf, --xlsx, --print and --text can be."};
   arguments.output = output;
+  arguments.file = file;
 }
 
 // The options that take no value; false for any other.
@@ -74,10 +76,8 @@ void TakeOption(ReportArguments& arguments, const std::string& option, const std
       {"--vendor", [&] { with.vendor = text; }},
       {"--slot", [&] { with.vendorSlot = WholeNumber(option, text, 1, 3); }},
       {"--levels", [&] { with.SystemLevelsAnswer = YesOrNo(option, text); }},
-      {"--pdf", [&] {
-         ChooseOutput(arguments, ReportArguments::Output::Pdf);
-         arguments.pdf = text;
-       }}};
+      {"--pdf", [&] { ChooseOutput(arguments, ReportArguments::Output::Pdf, text); }},
+      {"--xlsx", [&] { ChooseOutput(arguments, ReportArguments::Output::Workbook, text); }}};
   const auto found = options.find(option);
   if (found == options.end()) throw BadArgument{"Unknown option " + option + "."};
   if (Trim(text).empty()) throw BadArgument{option + " needs a value."};
@@ -87,7 +87,8 @@ void TakeOption(ReportArguments& arguments, const std::string& option, const std
 void RequireWhole(const ReportArguments& arguments) {
   if (arguments.folder.empty()) throw BadArgument{"The folder is missing."};
   if (arguments.kind == nullptr) throw BadArgument{"The report is missing; --help lists them."};
-  if (!arguments.output) throw BadArgument{"One of --pdf FILE, --print and --text is missing."};
+  if (!arguments.output)
+    throw BadArgument{"One of --pdf FILE, --xlsx FILE, --print and --text is missing."};
   if (arguments.kind->byVendor && arguments.with.vendor.empty())
     throw BadArgument{"This report needs --vendor NAME."};
 }

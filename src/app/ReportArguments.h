@@ -9,7 +9,7 @@ namespace kvi {
 
 // What kvi-report was asked for.
 struct ReportArguments {
-  enum class Output { Pdf, Printer, Text };
+  enum class Output { Pdf, Workbook, Printer, Text };
 
   std::string folder;
   const ReportKind* kind = nullptr;
@@ -17,7 +17,7 @@ struct ReportArguments {
   std::optional<int> center;
   bool renew = false;
   std::optional<Output> output;
-  std::string pdf;
+  std::string file;  // of a PDF or workbook
 };
 
 struct BadArgument {

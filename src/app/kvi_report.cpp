@@ -1,5 +1,5 @@
-// Makes one report without a window: kvi-report FOLDER REPORT [options] --pdf FILE | --print |
-// --text.
+// Makes one report without a window: kvi-report FOLDER REPORT [options] --pdf FILE | --xlsx FILE |
+// --print | --text.
 
 #include <QtGlobal>
 #include <cstdio>
@@ -29,7 +29,7 @@ constexpr int kBadArguments = 2;
 constexpr int kPathNotFound = 76, kPrinterError = 482;
 
 constexpr const char* kUsage =
-    "Usage: kvi-report FOLDER REPORT [options] --pdf FILE | --print | --text\n";
+    "Usage: kvi-report FOLDER REPORT [options] --pdf FILE | --xlsx FILE | --print | --text\n";
 constexpr const char* kHelp =
     "Makes one report of the stockroom whose program folder is FOLDER, and changes nothing there.\n"
     "  --sort FIELD    primary sort: name, category, location or id\n"
@@ -81,7 +81,9 @@ std::unique_ptr<kvi::PrintRun> NewRun(ReportDesktop& desktop, const ReportArgume
     case ReportArguments::Output::Text:
       return std::make_unique<kvi::TextPages>(desktop.Measure());
     case ReportArguments::Output::Pdf:
-      desktop.PrintInto(arguments.pdf);
+      desktop.PrintInto(arguments.file);
+      break;
+    case ReportArguments::Output::Workbook:  // is no paper
       break;
     case ReportArguments::Output::Printer:
       if (!kvi::QtDesktop::HasPrinter())
@@ -109,6 +111,8 @@ void Make(ReportDesktop& desktop, ReportArguments arguments) {
   const auto report = arguments.kind->make(with);
   if (desktop.Failed() || !report->Ask(desktop)) return;
   report->Open(app.CurrentDatabase);
+  if (arguments.output == ReportArguments::Output::Workbook)
+    return kvi::WriteWorkbook(arguments.file, arguments.kind->caption, report->Table());
   const auto run = NewRun(desktop, arguments);
   kvi::RunReport(*report, run->Paper(), kvi::kReportsScreen);
   run->Finish();

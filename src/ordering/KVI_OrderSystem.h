@@ -6,6 +6,7 @@
 
 #include "frame/KviScreen.h"
 #include "grids/ScanField.h"
+#include "grids/WorkbookItem.h"
 #include "ordering/SavedOrders.h"
 #include "platform/Spread.h"
 
@@ -63,6 +64,7 @@ class KVI_OrderSystem : public KviScreen {
   StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_export{m_file, "m_export", "Export to spreadsheet"};
+  WorkbookItem m_workbook{m_file, app_, *this, Spread1};
   MenuItem m_f_exit{m_file, "m_f_exit", "E&xit this screen"};
   Menu MB_Options{*this, "MB_Options", "&Options"};
   MenuItem MB_RoundUp{MB_Options, "MB_RoundUp", "&Round Up Reorder Quantities"};

@@ -1,5 +1,7 @@
 #include "platform/Desktop.h"
 
+#include "platform/Surface.h"
+
 namespace kvi {
 
 namespace {
@@ -37,6 +39,15 @@ std::optional<std::string> Desktop::OpenFileDialog(const FileDialog& dialog) {
   WaitComes();
   const UsualPointer usual(*this);
   return AskFile(dialog);
+}
+
+std::optional<std::string> Desktop::SaveFileDialog(FileDialog dialog) {
+  dialog.saves = true;
+  return OpenFileDialog(dialog);
+}
+
+std::unique_ptr<PrintRun> Desktop::NewPrintRun(const std::string& title) {
+  return NewPrintRunOn(title, std::nullopt);
 }
 
 void Desktop::WaitComes() const {

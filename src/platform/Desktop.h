@@ -36,7 +36,13 @@ struct FileFilter {
 struct FileDialog {
   std::string title;
   std::vector<FileFilter> filters;
-  std::string start;  // a folder or a file
+  std::string start;   // a folder or a file; a name alone lies where people keep their documents
+  bool saves = false;  // asks for a file to be made, else for one that is there
+};
+
+// Upright, in inches.
+struct PaperSize {
+  double width, height;
 };
 
 // The one interface to the outside: what the system asks of the machine it runs on. The Qt desktop
@@ -52,6 +58,8 @@ class Desktop {
   std::optional<std::string> InputBox(const std::string& prompt, const std::string& title,
                                       const std::string& initial = "");
   std::optional<std::string> OpenFileDialog(const FileDialog& dialog);
+  // Has asked before a file that is there is to be replaced.
+  std::optional<std::string> SaveFileDialog(FileDialog dialog);
 
   std::function<void()> BeforeWait;
   // The one door to every wait. Whoever comes here has ended what must not last as long as a person
@@ -88,7 +96,10 @@ class Desktop {
   virtual std::unique_ptr<Surface> NewDocument(const std::string& jobName) = 0;
   // The same for a run of documents; without a printer one PDF holds them all. Nothing is made
   // until the first drawing.
-  virtual std::unique_ptr<PrintRun> NewPrintRun(const std::string& title) = 0;
+  std::unique_ptr<PrintRun> NewPrintRun(const std::string& title);
+  // On paper of a kind; else on what the printer has, and letters in a PDF.
+  virtual std::unique_ptr<PrintRun> NewPrintRunOn(const std::string& title,
+                                                  std::optional<PaperSize> paper) = 0;
   // How wide and high texts come out on paper.
   virtual TextMeasure& Measure() = 0;
   virtual void PrintScreenImage(Screen& screen) = 0;

@@ -9,7 +9,7 @@ namespace kvi {
 namespace {
 
 constexpr double kAboveRule = 0.1, kBehindRule = 0.05;  // inches
-constexpr double kTitleSize = 10;                      // points
+constexpr double kTitleSize = 10;                       // points
 
 // Groups have no location.
 constexpr SortWords kWords = {"Sorted by Name", "Sorted by Category", "Sorted by Name",
@@ -40,12 +40,10 @@ void PartGroupInformation::Open(jet::Database& database) {
   jet::Recordset groups =
       database.OpenSnapshot(Query(), {"name", "rec_id", "category", "cost", "notes"});
   for (; !groups.Eof(); groups.MoveNext()) {
-    rows_.push_back({true,
-                     {{From(kReportLeft), groups.Text("name")},
-                      {From(2.1), groups.Text("rec_id")},
-                      {From(2.75), groups.Text("category")},
-                      {From(4.4), Format(groups.Number("cost"), "$###,##0.00")},
-                      {From(5), OnOneLine(groups.Text("notes"))}}});
+    rows_.push_back(
+        {true,
+         {groups.Text("name"), groups.Text("rec_id"), groups.Text("category"),
+          Format(groups.Number("cost"), "$###,##0.00"), OnOneLine(groups.Text("notes"))}});
     AddLines(database, groups.Text("rec_id"));
   }
 }
@@ -57,11 +55,23 @@ void PartGroupInformation::AddLines(jet::Database& database, const std::string& 
                             {"iname", "inv_id", "desc", "qty"});
   for (; !lines.Eof(); lines.MoveNext())
     rows_.push_back({false,
-                     {{From(0.4), lines.Text("iname")},
-                      {From(2.8), "ID#: " + lines.Text("inv_id")},
-                      {From(4.2), "Desc: " + lines.Text("desc")},
-                      {From(6.4), "Qty:"},
-                      {UpTo(7), Format(lines.Number("qty"), "##0.00")}}});
+                     {lines.Text("iname"), lines.Text("inv_id"), lines.Text("desc"),
+                      Format(lines.Number("qty"), "##0.00")}});
+}
+
+std::vector<PlacedText> PartGroupInformation::Placed(const Row& row) {
+  const std::vector<std::string>& values = row.values;
+  if (row.isGroup)
+    return {{From(kReportLeft), values[0]},
+            {From(2.1), values[1]},
+            {From(2.75), values[2]},
+            {From(4.4), values[3]},
+            {From(5), values[4]}};
+  return {{From(0.4), values[0]},
+          {From(2.8), "ID#: " + values[1]},
+          {From(4.2), "Desc: " + values[2]},
+          {From(6.4), "Qty:"},
+          {UpTo(7), values[3]}};
 }
 
 void PartGroupInformation::DrawHeader(ReportPage& page, int) {
@@ -90,7 +100,7 @@ void PartGroupInformation::DrawRow(ReportPage& page, int row) {
     page.Paper().CurrentY += kBehindRule;
   }
   page.SetFont(with_.fontSize, drawn.isGroup);
-  page.PutLine(drawn.texts);
+  page.PutLine(Placed(drawn));
   page.NextLine();
 }
 
@@ -99,6 +109,29 @@ void PartGroupInformation::PassRow(ReportPage& page, int row) {
   if (isGroup) page.Paper().CurrentY += kAboveRule + kBehindRule;
   page.SetFont(with_.fontSize, isGroup);
   page.NextLine();
+}
+
+// A line stands behind what its group has, so that its row begins with blanks.
+WorkbookTable PartGroupInformation::Table() {
+  WorkbookTable table{.columns = {{"Name", 3000},
+                                  {"Rec. ID#"},
+                                  {"Category"},
+                                  {"Cost"},
+                                  {"Notes", 3000},
+                                  {"Part", 3000},
+                                  {"ID#"},
+                                  {"Desc", 3000},
+                                  {"Qty"}},
+                      .rows = Rows()};
+  table.cell = [this](int row, std::size_t column) -> WorkbookTable::Cell {
+    constexpr std::size_t kFirstOfLine = 5, kCost = 3, kQuantity = 8;
+    const Row& shown = rows_[static_cast<std::size_t>(row)];
+    if (shown.isGroup != (column < kFirstOfLine)) return {};
+    return {shown.values[shown.isGroup ? column : column - kFirstOfLine],
+            column == kCost || column == kQuantity ? WorkbookTable::Kind::Figure
+                                                   : WorkbookTable::Kind::Text};
+  };
+  return table;
 }
 
 void PartGroupInformation::DrawFoot(ReportPage& page, int number) {

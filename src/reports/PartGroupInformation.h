@@ -17,13 +17,16 @@ class PartGroupInformation : public Report {
   void DrawHeader(ReportPage& page, int number) override;
   void DrawRow(ReportPage& page, int row) override;
   void PassRow(ReportPage& page, int row) override;
+  WorkbookTable Table() override;
   void DrawFoot(ReportPage& page, int number) override;
 
  private:
   struct Row {
     bool isGroup;
-    std::vector<PlacedText> texts;
+    std::vector<std::string>
+        values;  // name, number, category, cost, notes; of a line as it is drawn
   };
+  static std::vector<PlacedText> Placed(const Row& row);
   std::string Query() const;
   void AddLines(jet::Database& database, const std::string& group);
 

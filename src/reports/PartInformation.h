@@ -16,8 +16,10 @@ class PartInformation : public Report {
   void DrawHeader(ReportPage& page, int number) override;
   void DrawRow(ReportPage& page, int row) override;
   void PassRow(ReportPage& page, int row) override;
+  WorkbookTable Table() override;
 
  private:
+  void GoTo(int row);
   void DrawVendors(ReportPage& page);
 
   jet::Recordset set_;

@@ -6,6 +6,7 @@
 
 #include "base/Date.h"
 #include "frame/ValuationMethod.h"
+#include "grids/Workbook.h"
 #include "jet/Database.h"
 #include "platform/Desktop.h"
 #include "reports/ReportPage.h"
@@ -52,6 +53,8 @@ class Report {
   // Moves the position as DrawRow does, and draws nothing.
   virtual void PassRow(ReportPage& page, int row) = 0;
   virtual void DrawTotals(ReportPage&) {}
+  // The rows that are drawn, with their whole texts. Of an opened report, which must outlive it.
+  virtual WorkbookTable Table() = 0;
   // What a page of paper gets when it ends.
   virtual void DrawFoot(ReportPage&, int /*number*/) {}
 

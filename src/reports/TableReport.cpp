@@ -1,6 +1,7 @@
 #include "reports/TableReport.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/Format.h"
 #include "base/Text.h"
@@ -9,9 +10,25 @@ namespace kvi {
 
 namespace {
 
-constexpr double kHeaderSize = 10;  // points
-constexpr double kFootSize = 8;     // points
-constexpr double kFootY = 0.7;      // inches
+constexpr double kHeaderSize = 10;                        // points
+constexpr double kFootSize = 8;                           // points
+constexpr double kFootY = 0.7;                            // inches
+constexpr double kNearby = 0.25;                          // inches, from a cell to its heading
+constexpr double kTextWidth = 2000, kFigureWidth = 1300;  // twips
+
+// What stands over a cell; of a row of two lines, over this one of them where both have texts.
+std::string HeadingOf(const ReportTable& table, const ReportCell& cell) {
+  std::string words;
+  for (const ReportHeading& heading : table.headings) {
+    if (heading.at.right != cell.at.right || std::fabs(heading.at.x - cell.at.x) > kNearby)
+      continue;
+    if (!cell.at.right && table.lines > 1 && heading.line != cell.line) continue;
+    const bool joined = words.empty() || words.back() == '-' || words.back() == '/';
+    words += (joined ? "" : " ") + std::string(heading.text);
+  }
+  if (words.ends_with('/')) words.pop_back();
+  return words;
+}
 
 }  // namespace
 
@@ -88,15 +105,16 @@ std::string TableReport::ContentOf(const ReportCell& cell) const {
     text = Format(row.Number(content.field), content.mask);
   else
     text = row.Text(content.field);
-  return cell.cut > 0 ? Left(text, cell.cut) : text;
+  return text;
 }
 
 void TableReport::DrawCells(ReportPage& page, int line, bool bold) {
   line_.clear();
   for (const ReportCell& cell : table_.cells) {
     if (cell.line != line || cell.bold != bold) continue;
-    if (cell.ofLevels && !with_.SystemLevelsAnswer) continue;
+    if (!Has(cell)) continue;
     std::string text = ContentOf(cell);
+    if (cell.cut > 0) text = Left(text, cell.cut);
     if (!text.empty()) line_.push_back({cell.at, std::move(text)});
   }
   if (line_.empty()) return;
@@ -129,6 +147,29 @@ void TableReport::DrawTotals(ReportPage& page) {
   }
   page.SetFont(RowSize(), false);
   table_.drawTotal(page, total);
+}
+
+// A place where a hand writes stays empty.
+WorkbookTable TableReport::Table() {
+  WorkbookTable table;
+  std::vector<const ReportCell*> cells;
+  for (const ReportCell& cell : table_.cells) {
+    if (!Has(cell)) continue;
+    cells.push_back(&cell);
+    table.columns.push_back({HeadingOf(table_, cell), cell.at.right ? kFigureWidth : kTextWidth});
+  }
+  std::vector<int> drawn;
+  for (int row = 0; row < rows_; ++row)
+    if (Draws(row)) drawn.push_back(row);
+  table.rows = static_cast<int>(drawn.size());
+  table.cell = [this, cells, drawn](int row, std::size_t column) -> WorkbookTable::Cell {
+    GoTo(drawn[static_cast<std::size_t>(row)]);
+    const ReportCell& cell = *cells[column];
+    const std::string text = ContentOf(cell);
+    if (text.find_first_not_of(" _") == std::string::npos) return {};
+    return {text, cell.at.right ? WorkbookTable::Kind::Figure : WorkbookTable::Kind::Text};
+  };
+  return table;
 }
 
 void TableReport::DrawFoot(ReportPage& page, int number) {

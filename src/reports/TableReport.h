@@ -87,6 +87,7 @@ class TableReport : public Report {
   void DrawRow(ReportPage& page, int row) override;
   void PassRow(ReportPage& page, int row) override;
   void DrawTotals(ReportPage& page) override;
+  WorkbookTable Table() override;
   void DrawFoot(ReportPage& page, int number) override;
 
  private:
@@ -94,6 +95,7 @@ class TableReport : public Report {
   void GoTo(int row);
   void DrawHeadings(ReportPage& page);
   void DrawCells(ReportPage& page, int line, bool bold);
+  bool Has(const ReportCell& cell) const { return !cell.ofLevels || with_.SystemLevelsAnswer; }
   std::string ContentOf(const ReportCell& cell) const;
 
   const ReportTable& table_;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "frame/KviScreen.h"
+#include "grids/WorkbookItem.h"
 #include "platform/Spread.h"
 
 namespace kvi {
@@ -27,6 +28,7 @@ class KVI_Invoice : public KviScreen {
   StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem M_export{m_file, "M_export", "Export to spreadsheet"};
+  WorkbookItem m_workbook{m_file, app_, *this, Spread1};
   MenuItem m_exit{m_file, "m_exit", "E&xit this screen"};
   MenuItem m_line{m_file, "m_line", "-"};
   // Behind a line at the end, where nobody meets it on the way to another entry.

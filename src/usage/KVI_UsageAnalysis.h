@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "frame/KviScreen.h"
+#include "grids/WorkbookItem.h"
 #include "platform/Spread.h"
 #include "usage/KVI_UsageChart.h"
 #include "usage/PeriodHistory.h"
@@ -62,6 +63,7 @@ class KVI_UsageAnalysis : public KviScreen {
   StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_export{m_file, "m_export", "&Export to spreadsheet"};
+  WorkbookItem m_workbook{m_file, app_, *this, Spread1};
   MenuItem m_f_exit{m_file, "m_f_exit", "E&xit this screen"};
 
  protected:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/KviScreen.h"
+#include "grids/WorkbookItem.h"
 #include "platform/Spread.h"
 
 namespace kvi {
@@ -35,6 +36,7 @@ class KVI_VendorSummary : public KviScreen {
   StatusBar StatusBar1{*this, "StatusBar1", 2};
   Menu m_file{*this, "m_file", "&File"};
   MenuItem m_export{m_file, "m_export", "&Export to spreadsheet"};
+  WorkbookItem m_workbook{m_file, app_, *this, Spread1};
   MenuItem m_exit{m_file, "m_exit", "E&xit this screen"};
 
  protected:

@@ -20,7 +20,8 @@ class PrintingTest : public DesktopTest {
  protected:
   std::unique_ptr<QtSurface> NewDocument(const QString& name = "Stock report") {
     return std::make_unique<QtSurface>(
-        measure_, std::make_unique<PrintJob>(name, PrintJob::FreePdf(name, Printed())),
+        measure_,
+        std::make_unique<PrintJob>(name, PrintJob::FreePdf(name, Printed()), PrintJob::Page{}),
         [this](PrintJob& job) { pdfs_.push_back(job.Finish()); });
   }
   QString Printed() const { return ToQt(folder / "printed"); }

@@ -49,7 +49,7 @@ TEST(ReportProgramTest, MakesAReportAndTellsWhatIsWrongInALine) {
   };
   expectRefused({folder, "r9", "--text"}, 2, "There is no report \"r9\"");
   expectRefused({folder, "r10", "--text"}, 2, "This report needs --vendor NAME.");
-  expectRefused({folder, "r5", "--text", "--print"}, 2, "Only one of --pdf, --print and --text");
+  expectRefused({folder, "r5", "--text", "--print"}, 2, "Only one of --pdf, --xlsx, --print and --text");
   expectRefused({folder, "r5", "--font", "12"}, 2, "--font needs a whole number from 5 to 9.");
   expectRefused({folder + "/none", "r5", "--text"}, 1, "is no program folder");
   expectRefused({folder, "r5", "--pdf", folder + "/KVI.INI/x.pdf"}, 1, "cannot make the folder");

@@ -136,7 +136,8 @@ std::unique_ptr<Surface> ScriptedDesktop::NewDocument(const std::string& jobName
   return std::make_unique<RecordingSurface>(documents.back());
 }
 
-std::unique_ptr<PrintRun> ScriptedDesktop::NewPrintRun(const std::string& title) {
+std::unique_ptr<PrintRun> ScriptedDesktop::NewPrintRunOn(const std::string& title,
+                                                         std::optional<PaperSize>) {
   return std::make_unique<RecordingRun>(title, documents);
 }
 

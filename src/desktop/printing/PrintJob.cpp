@@ -42,14 +42,17 @@ QString PrintJob::FreePdf(const QString& jobName, const QString& folder) {
   return path;
 }
 
-PrintJob::PrintJob(const QString& jobName, const QString& pdf, bool landscape)
+PrintJob::PrintJob(const QString& jobName, const QString& pdf, const Page& page)
     : printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)) {
   printer_->setDocName(jobName);
   if (pdf.isEmpty())
     BeginSpool();
   else
     BeginPdf(pdf);
-  printer_->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+  if (page.paper)
+    printer_->setPageSize(QPageSize(QSizeF(page.paper->width, page.paper->height), QPageSize::Inch,
+                                    {}, QPageSize::FuzzyMatch));
+  printer_->setPageOrientation(page.landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
   printer_->setFullPage(true);
   if (!painter_.begin(printer_.get()))
     Fail(temporary_.isEmpty() ? QString("the printer does not answer")

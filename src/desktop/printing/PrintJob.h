@@ -5,6 +5,9 @@
 #include <QString>
 #include <QTemporaryDir>
 #include <memory>
+#include <optional>
+
+#include "platform/Desktop.h"
 
 namespace kvi {
 
@@ -15,7 +18,12 @@ namespace kvi {
 // made as a PDF too and handed over by us, since the toolkit drops the spooler's answer.
 class PrintJob {
  public:
-  PrintJob(const QString& jobName, const QString& pdf, bool landscape = false);
+  // Without a paper it is what the printer has, and letters in a PDF.
+  struct Page {
+    bool landscape = false;
+    std::optional<PaperSize> paper = std::nullopt;
+  };
+  PrintJob(const QString& jobName, const QString& pdf, const Page& page);
   ~PrintJob();
   // A path in a folder for a document of that name, such that it replaces no other.
   static QString FreePdf(const QString& jobName, const QString& folder);

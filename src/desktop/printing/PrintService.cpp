@@ -16,28 +16,30 @@ bool PrintService::HasPrinter() {
 }
 
 std::unique_ptr<PrintJob> PrintService::NewJob(const std::string& jobName,
-                                               const std::string& pdfName, bool landscape) const {
-  if (!file_.isEmpty()) return std::make_unique<PrintJob>(ToQt(jobName), file_, landscape);
-  if (HasPrinter()) return std::make_unique<PrintJob>(ToQt(jobName), QString(), landscape);
-  return std::make_unique<PrintJob>(
-      ToQt(pdfName), PrintJob::FreePdf(ToQt(pdfName), folder_ + "/printed"), landscape);
+                                               const std::string& pdfName,
+                                               const PrintJob::Page& page) const {
+  if (!file_.isEmpty()) return std::make_unique<PrintJob>(ToQt(jobName), file_, page);
+  if (HasPrinter()) return std::make_unique<PrintJob>(ToQt(jobName), QString(), page);
+  return std::make_unique<PrintJob>(ToQt(pdfName),
+                                    PrintJob::FreePdf(ToQt(pdfName), folder_ + "/printed"), page);
 }
 
 std::unique_ptr<Surface> PrintService::NewDocument(const std::string& jobName,
                                                    const std::string& pdfName) {
-  return std::make_unique<QtSurface>(measure_, NewJob(jobName, pdfName, false),
+  return std::make_unique<QtSurface>(measure_, NewJob(jobName, pdfName, {}),
                                      [this](PrintJob& job) { Finish(job); });
 }
 
-std::unique_ptr<PrintRun> PrintService::NewRun(const std::string& title) {
+std::unique_ptr<PrintRun> PrintService::NewRun(const std::string& title,
+                                               std::optional<PaperSize> paper) {
   return std::make_unique<QtPrintRun>(
-      measure_, [this, title] { return NewJob(title, title, false); },
+      measure_, [this, title, paper] { return NewJob(title, title, {.paper = paper}); },
       [this](PrintJob& job) { Finish(job); });
 }
 
 void PrintService::PrintPicture(const QPixmap& picture, const std::string& jobName) {
   constexpr double kPageMargin = 0.5;  // inches
-  const auto job = NewJob(jobName, jobName, picture.width() > picture.height());
+  const auto job = NewJob(jobName, jobName, {.landscape = picture.width() > picture.height()});
   const double units = job->UnitsPerInch();
   const QSizeF room((job->PageWidth() - 2 * kPageMargin) * units,
                     (job->PageHeight() - 2 * kPageMargin) * units);

@@ -6,12 +6,12 @@
 #include <string>
 
 #include "desktop/printing/MarkPainter.h"
+#include "desktop/printing/PrintJob.h"
 
 class QPixmap;
 
 namespace kvi {
 
-class PrintJob;
 class PrintRun;
 class Surface;
 
@@ -30,14 +30,15 @@ class PrintService {
   // A PDF is named by what it shows, since there is no queue that shows the job's name.
   std::unique_ptr<Surface> NewDocument(const std::string& jobName, const std::string& pdfName);
   // The title names the jobs and the PDF that holds them all.
-  std::unique_ptr<PrintRun> NewRun(const std::string& title);
+  std::unique_ptr<PrintRun> NewRun(const std::string& title,
+                                   std::optional<PaperSize> paper = std::nullopt);
   TextMeasure& Measure() { return measure_; }
   // One page, as large as its margins allow, in the picture's own proportions.
   void PrintPicture(const QPixmap& picture, const std::string& jobName);
 
  private:
   std::unique_ptr<PrintJob> NewJob(const std::string& jobName, const std::string& pdfName,
-                                   bool landscape) const;
+                                   const PrintJob::Page& page) const;
   void Finish(PrintJob& job);
 
   QtTextMeasure measure_;

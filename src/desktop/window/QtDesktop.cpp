@@ -223,8 +223,9 @@ std::unique_ptr<Surface> QtDesktop::NewDocument(const std::string& jobName) {
                                 shown_.empty() ? jobName : shown_.back().screen->Caption());
 }
 
-std::unique_ptr<PrintRun> QtDesktop::NewPrintRun(const std::string& title) {
-  return printing_->NewRun(title);
+std::unique_ptr<PrintRun> QtDesktop::NewPrintRunOn(const std::string& title,
+                                                   std::optional<PaperSize> paper) {
+  return printing_->NewRun(title, paper);
 }
 
 TextMeasure& QtDesktop::Measure() {

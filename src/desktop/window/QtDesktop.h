@@ -63,7 +63,8 @@ class QtDesktop : public Desktop {
   bool CanShowPicture(const std::string& path) override;
   bool OpenHelp(const std::string& path) override;
   std::unique_ptr<Surface> NewDocument(const std::string& jobName) override;
-  std::unique_ptr<PrintRun> NewPrintRun(const std::string& title) override;
+  std::unique_ptr<PrintRun> NewPrintRunOn(const std::string& title,
+                                          std::optional<PaperSize> paper) override;
   TextMeasure& Measure() override;
   void PrintScreenImage(Screen& screen) override;
 

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QStandardPaths>
 #include <QVBoxLayout>
 
 #include "desktop/look/BoxIcon.h"
@@ -140,7 +141,10 @@ std::optional<std::string> QtDesktop::AskText(const std::string& prompt, const s
 
 std::optional<std::string> QtDesktop::AskFile(const FileDialog& question) {
   QFileDialog dialog(DialogParent(), ToQt(question.title));
-  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setFileMode(question.saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialog.setAcceptMode(question.saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  if (question.saves && !question.filters.empty())
+    dialog.setDefaultSuffix(ToQt(question.filters.front().pattern).section('.', -1));
   QStringList filters;
   for (const FileFilter& filter : question.filters) {
     // Some names show their pattern already; the toolkit reads it between brackets.
@@ -152,7 +156,9 @@ std::optional<std::string> QtDesktop::AskFile(const FileDialog& question) {
   if (start.isDir()) {
     dialog.setDirectory(start.filePath());
   } else if (!question.start.empty()) {
-    dialog.setDirectory(start.path());
+    dialog.setDirectory(start.isAbsolute() || start.exists()
+                            ? start.path()
+                            : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     dialog.selectFile(start.fileName());
   }
   if (RunDialog(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty())
