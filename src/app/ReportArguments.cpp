@@ -12,7 +12,7 @@ namespace kvi {
 namespace {
 
 constexpr int kSmallestFont = 5, kLargestFont = 9;
-constexpr int kMostCenters = 9999;
+constexpr int kMostCenters = 9999, kMostPlaces = 999;
 
 int WholeNumber(const std::string& option, const std::string& text, int least, int most) {
   const bool digits = !text.empty() && text.size() <= 4 &&
@@ -41,11 +41,29 @@ const ReportKind* FindReport(const std::string& name) {
   throw BadArgument{"There is no report \"" + name + "\"; --help lists them."};
 }
 
+void TakeReport(ReportArguments& arguments, const std::string& name) {
+  if (name == "labels")
+    arguments.labels = LabelChoice{&LabelSheets().front()};
+  else
+    arguments.kind = FindReport(name);
+}
+
 void ChooseOutput(ReportArguments& arguments, ReportArguments::Output output,
                   const std::string& file = "") {
   if (arguments.output) throw BadArgument{"Only one of --pdf, --xlsx, --print and --text can be."};
   arguments.output = output;
   arguments.file = file;
+}
+
+// What is said of labels holds for nothing else.
+LabelChoice& Labels(ReportArguments& arguments, const std::string& option) {
+  if (!arguments.labels) throw BadArgument{option + " is for labels alone."};
+  return *arguments.labels;
+}
+
+const LabelSheet* FindSheet(const std::string& name) {
+  if (const LabelSheet* sheet = FindLabelSheet(name)) return sheet;
+  throw BadArgument{"There is no label sheet \"" + name + "\"; --help lists them."};
 }
 
 // The options that take no value; false for any other.
@@ -56,6 +74,8 @@ bool TakeFlag(ReportArguments& arguments, const std::string& option) {
     ChooseOutput(arguments, ReportArguments::Output::Text);
   else if (option == "--renew")
     arguments.renew = true;
+  else if (option == "--qr")
+    Labels(arguments, option).withQR = true;
   else
     return false;
   return true;
@@ -76,6 +96,9 @@ void TakeOption(ReportArguments& arguments, const std::string& option, const std
       {"--vendor", [&] { with.vendor = text; }},
       {"--slot", [&] { with.vendorSlot = WholeNumber(option, text, 1, 3); }},
       {"--levels", [&] { with.SystemLevelsAnswer = YesOrNo(option, text); }},
+      {"--sheet", [&] { Labels(arguments, option).sheet = FindSheet(text); }},
+      {"--first",
+       [&] { Labels(arguments, option).firstPlace = WholeNumber(option, text, 1, kMostPlaces); }},
       {"--pdf", [&] { ChooseOutput(arguments, ReportArguments::Output::Pdf, text); }},
       {"--xlsx", [&] { ChooseOutput(arguments, ReportArguments::Output::Workbook, text); }}};
   const auto found = options.find(option);
@@ -84,11 +107,21 @@ void TakeOption(ReportArguments& arguments, const std::string& option, const std
   found->second();
 }
 
+void RequireLabels(const ReportArguments& arguments) {
+  using Output = ReportArguments::Output;
+  if (*arguments.output != Output::Pdf && *arguments.output != Output::Printer)
+    throw BadArgument{"Labels go to --pdf FILE or --print."};
+  if (arguments.labels->firstPlace > arguments.labels->sheet->Labels())
+    throw BadArgument{"The sheet has no place " + Str(arguments.labels->firstPlace) + "."};
+}
+
 void RequireWhole(const ReportArguments& arguments) {
   if (arguments.folder.empty()) throw BadArgument{"The folder is missing."};
-  if (arguments.kind == nullptr) throw BadArgument{"The report is missing; --help lists them."};
+  if (arguments.kind == nullptr && !arguments.labels)
+    throw BadArgument{"The report is missing; --help lists them."};
   if (!arguments.output)
     throw BadArgument{"One of --pdf FILE, --xlsx FILE, --print and --text is missing."};
+  if (arguments.labels) return RequireLabels(arguments);
   if (arguments.kind->byVendor && arguments.with.vendor.empty())
     throw BadArgument{"This report needs --vendor NAME."};
 }
@@ -105,8 +138,8 @@ ReportArguments ReadReportArguments(int argc, char** argv) {
       ++i;
     } else if (arguments.folder.empty()) {
       arguments.folder = argument;
-    } else if (arguments.kind == nullptr) {
-      arguments.kind = FindReport(argument);
+    } else if (arguments.kind == nullptr && !arguments.labels) {
+      TakeReport(arguments, argument);
     } else {
       throw BadArgument{"Only one report can be made, and \"" + argument + "\" is one too many."};
     }

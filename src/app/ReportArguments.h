@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "labels/BinLabels.h"
 #include "reports/ReportCatalogue.h"
 
 namespace kvi {
@@ -13,6 +14,7 @@ struct ReportArguments {
 
   std::string folder;
   const ReportKind* kind = nullptr;
+  std::optional<LabelChoice> labels;  // instead of a report
   ReportParameters with;
   std::optional<int> center;
   bool renew = false;

@@ -26,7 +26,7 @@ using kvi::ReportArguments;
 constexpr int kFailed = 1;
 constexpr int kBadArguments = 2;
 
-constexpr int kPathNotFound = 76, kPrinterError = 482;
+constexpr int kPathNotFound = 76, kPrinterError = 482, kNoRecord = 3021;
 
 constexpr const char* kUsage =
     "Usage: kvi-report FOLDER REPORT [options] --pdf FILE | --xlsx FILE | --print | --text\n";
@@ -40,6 +40,8 @@ constexpr const char* kHelp =
     "  --vendor NAME   for the reports by vendor; --slot N, which of a part's vendors (1 to 3)\n"
     "  --levels yes|no system levels on count sheets\n"
     "  --renew         works the valuations out anew first, and writes them\n"
+    "  --sheet NAME, --first N, --qr\n"
+    "                  of labels: the sheet, the place of the first one on it, a QR code as well\n"
     "Reports:\n";
 
 // Nobody is there: a question of the reports has its answer among the options, anything else is
@@ -66,6 +68,9 @@ void PrintHelp() {
   std::printf("%s%s", kUsage, kHelp);
   for (const kvi::ReportKind& kind : kvi::Reports())
     std::printf("  %-4s %-24s%s\n", kind.box, kind.name, kind.caption);
+  std::printf("       %-24s%s\nLabel sheets:\n", "labels", "Bin labels, with --pdf or --print");
+  for (const kvi::LabelSheet& sheet : kvi::LabelSheets())
+    std::printf("       %-24s%s\n", sheet.name, sheet.caption);
 }
 
 // Without the files of a program folder their reading would make new ones.
@@ -76,21 +81,24 @@ void RequireProgramFolder(const std::string& folder) {
                             folder + " is no program folder: KVI.INI or TARNWK.INI is missing.");
 }
 
+void SetOutput(ReportDesktop& desktop, const ReportArguments& arguments) {
+  if (arguments.output == ReportArguments::Output::Pdf) desktop.PrintInto(arguments.file);
+  if (arguments.output == ReportArguments::Output::Printer && !kvi::QtDesktop::HasPrinter())
+    throw kvi::RunTimeError(kPrinterError, "There is no printer on this machine.");
+}
+
 std::unique_ptr<kvi::PrintRun> NewRun(ReportDesktop& desktop, const ReportArguments& arguments) {
-  switch (*arguments.output) {
-    case ReportArguments::Output::Text:
-      return std::make_unique<kvi::TextPages>(desktop.Measure());
-    case ReportArguments::Output::Pdf:
-      desktop.PrintInto(arguments.file);
-      break;
-    case ReportArguments::Output::Workbook:  // is no paper
-      break;
-    case ReportArguments::Output::Printer:
-      if (!kvi::QtDesktop::HasPrinter())
-        throw kvi::RunTimeError(kPrinterError, "There is no printer on this machine.");
-      break;
-  }
+  SetOutput(desktop, arguments);
+  if (arguments.output == ReportArguments::Output::Text)
+    return std::make_unique<kvi::TextPages>(desktop.Measure());
   return desktop.NewPrintRun(arguments.kind->caption);
+}
+
+void MakeLabels(ReportDesktop& desktop, kvi::Application& app, const ReportArguments& arguments) {
+  const auto labels = kvi::ReadBinLabels(app.CurrentDatabase, kvi::PartsQuery(arguments.with));
+  if (labels.empty()) throw kvi::RunTimeError(kNoRecord, "No part has a label to print.");
+  SetOutput(desktop, arguments);
+  kvi::PrintBinLabels(desktop, labels, *arguments.labels);
 }
 
 void Make(ReportDesktop& desktop, ReportArguments arguments) {
@@ -108,6 +116,7 @@ void Make(ReportDesktop& desktop, ReportArguments arguments) {
   with.method = app.settings.Valuation;
   if (arguments.renew)
     kvi::UpdateAllValuations(app.CurrentDatabase, with.method, desktop, with.profitCenter);
+  if (arguments.labels) return MakeLabels(desktop, app, arguments);
   const auto report = arguments.kind->make(with);
   if (desktop.Failed() || !report->Ask(desktop)) return;
   report->Open(app.CurrentDatabase);

@@ -1,4 +1,4 @@
-// Sets up a folder for the program: kvi-setup FOLDER [--sample] [--parts N].
+// Sets up a folder for the program: kvi-setup FOLDER [--sample | --parts N | --shared PLACE].
 
 #include <cstdio>
 #include <cstdlib>
@@ -19,16 +19,19 @@ constexpr int kMostParts = 200000;
 // A larger stockroom is for measuring, with a longer history behind each part.
 constexpr int kPurchasesInLargeSample = 10;
 
-constexpr const char* kUsage = "Usage: kvi-setup FOLDER [--sample] [--parts N]\n";
+constexpr const char* kUsage = "Usage: kvi-setup FOLDER [--sample | --parts N | --shared PLACE]\n";
 constexpr const char* kHelp =
     "Makes what Kestvar Inventory needs in FOLDER: TARNWK.INI, KVI.INI, files/master.txt and\n"
     "KV_Inventory.mdb. Files that stand there already are kept as they are.\n"
     "  --sample   fills a new database with a sample stockroom of 1,500 parts\n"
-    "  --parts N  the same with N parts (1 to 200000)\n";
+    "  --parts N  the same with N parts (1 to 200000)\n"
+    "  --shared PLACE\n"
+    "             makes no database: the desk works on the one in the folder PLACE\n";
 
 struct Arguments {
   std::string Folder;
   std::optional<kvi::SampleOptions> Sample;
+  std::string Shared;
 };
 
 struct BadArgument {
@@ -54,6 +57,10 @@ Arguments Read(int argc, char** argv) {
       arguments.Sample =
           kvi::SampleOptions{PartsIn(i + 1 < argc ? argv[i + 1] : ""), kPurchasesInLargeSample};
       ++i;
+    } else if (argument == "--shared") {
+      arguments.Shared = i + 1 < argc ? argv[i + 1] : "";
+      if (arguments.Shared.empty()) throw BadArgument{"--shared needs a folder."};
+      ++i;
     } else if (argument.starts_with("-")) {
       throw BadArgument{"Unknown option " + std::string(argument) + "."};
     } else if (!arguments.Folder.empty()) {
@@ -63,6 +70,8 @@ Arguments Read(int argc, char** argv) {
     }
   }
   if (arguments.Folder.empty()) throw BadArgument{"The folder is missing."};
+  if (arguments.Sample && !arguments.Shared.empty())
+    throw BadArgument{"A sample goes into a database of its own, and not into a shared one."};
   return arguments;
 }
 
@@ -75,7 +84,10 @@ void SetUp(const Arguments& arguments) {
     fill = [&](kvi::jet::Database& database) {
       kvi::FillSampleStockroom(database, *arguments.Sample);
     };
-  for (const auto& file : kvi::SetUpFolder(arguments.Folder, spreadsheet, fill))
+  const auto files = arguments.Shared.empty()
+                         ? kvi::SetUpFolder(arguments.Folder, spreadsheet, fill)
+                         : kvi::SetUpDesk(arguments.Folder, spreadsheet, arguments.Shared);
+  for (const auto& file : files)
     std::printf("%s %s\n", file.Made ? "made" : "kept", file.Path.c_str());
   if (spreadsheet.empty())
     std::puts("No spreadsheet program was found: choose one in Utilities before exporting.");

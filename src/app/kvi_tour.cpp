@@ -15,6 +15,7 @@
 #include "items/KVI_InventoryDetail.h"
 #include "items/KVI_InventoryDetail1Screen.h"
 #include "items/KVI_InventorySummary.h"
+#include "labels/KVI_Labels.h"
 #include "ordering/KVI_OrderSystem.h"
 #include "partgroups/KVI_PGDetail.h"
 #include "partgroups/KVI_PGSummary.h"
@@ -23,6 +24,7 @@
 #include "reports/preview.h"
 #include "security/KVI_SecurityCheckpoint.h"
 #include "start/Main.h"
+#include "start/Welcome.h"
 #include "stock/KVI_Invoice.h"
 #include "stock/KVI_UpdateInventory.h"
 #include "usage/KVI_UsageAnalysis.h"
@@ -119,6 +121,16 @@ class Tour {
     VisitTabs<kvi::KVI_InventoryDetail>();
     app_.Get<kvi::KVI_InventoryDetail1Screen>().i_num.Text = number;
     Visit<kvi::KVI_InventoryDetail1Screen>();
+  }
+
+  void VisitLabels() {
+    const kvi::Spread& grid = app_.Get<kvi::KVI_InventorySummary>().Spread1;
+    std::vector<std::string> numbers;
+    for (int row = 1; row <= std::min(30, grid.MaxRows()); ++row)
+      numbers.push_back(grid.Text(row, kvi::KVI_InventorySummary::kNumberColumn));
+    app_.Get<kvi::KVI_Labels>().Take(numbers);
+    app_.Get<kvi::KVI_Labels>().with_qr.Value = true;
+    Visit<kvi::KVI_Labels>();
   }
 
   // A count with some variances, and the purchases' tab.
@@ -242,8 +254,10 @@ int main(int argc, char** argv) {
     auto& main = app.Get<kvi::Main>();
     app.screens.Load(main);
     tour.Picture(main);
+    tour.Visit<kvi::Welcome>();
     tour.Visit<kvi::KVI_InventorySummary>();
     tour.VisitPart();
+    tour.VisitLabels();
     tour.VisitUpdate();
     tour.VisitOrders();
     tour.VisitGroups();

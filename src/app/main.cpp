@@ -4,7 +4,10 @@
 #include "base/RunTimeError.h"
 #include "desktop/window/QtDesktop.h"
 #include "frame/Application.h"
+#include "sample/SampleStockroom.h"
 #include "start/Main.h"
+#include "start/Welcome.h"
+#include "store/SetUpFolder.h"
 
 namespace {
 
@@ -19,6 +22,9 @@ std::string CommandLine(int argc, char** argv) {
 // it: nobody works on a half-started program.
 bool Start(kvi::Application& app) {
   try {
+    auto& welcome = app.Get<kvi::Welcome>();
+    const auto fill = [](kvi::jet::Database& database) { kvi::FillSampleStockroom(database, {}); };
+    if (kvi::IsNewFolder(app.ProgramFolder) && !welcome.AskHowToStart(fill)) return false;
     app.screens.Load(app.Get<kvi::Main>());
     return true;
   } catch (const kvi::RunTimeError& error) {

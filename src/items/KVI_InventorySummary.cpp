@@ -101,6 +101,7 @@ void KVI_InventorySummary::HandleEvents() {
   remove.Click = [this] { RemoveActive(); };
   find_lab.Click = [this] { FindItem(); };
   print_lab.Click = [this] { PrintList(); };
+  labels_lab.Click = [this] { PrintLabels(); };
   exit_lab.Click = [this] { exit_is(); };
   m_export.Click = [this] {
     ExportGridToSpreadsheet(Spread1, app_.SpreadsheetPath, app_.ProgramFolder, app_.desktop);
@@ -289,7 +290,8 @@ void KVI_InventorySummary::Unload() {
 Layout KVI_InventorySummary::Arrange() {
   return Column(
       {BannerLayout(),
-       Actions({&new_lab, &duplicate, &remove, &find_lab, &refresh_lab, &print_lab, &exit_lab}),
+       Actions({&new_lab, &duplicate, &remove, &find_lab, &refresh_lab, &print_lab, &labels_lab,
+                &exit_lab}),
        Row({Field("&Category filter:", CatCombo, 2), Field("&Vendor filter:", VendorCombo, 2),
             Field("&Sort by:", SortCombo, 1.2), Of(AutoRefresh), Of(ManualRefresh), Gap()}),
        Row({Field("S&earch:", search.Search, 2.5), Field("Sc&an:", scan.Scan, 1.6), Of(Label2),

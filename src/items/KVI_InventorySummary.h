@@ -43,6 +43,7 @@ class KVI_InventorySummary : public KviScreen {
   ActionLabel remove{*this, "remove", "&Remove"};
   ActionLabel find_lab{*this, "find_lab", "F&ind"};
   ActionLabel print_lab{*this, "print_lab", "&Print"};
+  ActionLabel labels_lab{*this, "labels_lab", "&Labels"};
   ActionLabel exit_lab{*this, "exit_lab", "E&xit"};
   Label Label2{*this, "Label2"};
   Spread Spread1{*this, "Spread1"};
@@ -73,6 +74,8 @@ class KVI_InventorySummary : public KviScreen {
   void ShowEmptyText();
   void FindItem();
   void PrintList();
+  // Of the selected rows, or of all where none are.
+  void PrintLabels();
   // The layout of the detail screen that the preferences choose.
   ItemDetailScreen& DetailScreen();
   void OpenItem(int row);

@@ -8,6 +8,7 @@
 #include "items/KVI_InventoryDetail.h"
 #include "items/KVI_InventoryDetail1Screen.h"
 #include "items/KVI_InventorySummary.h"
+#include "labels/KVI_Labels.h"
 #include "security/CheckAccess.h"
 #include "store/RepairItemDefaults.h"
 #include "store/SaveRecord.h"
@@ -51,6 +52,16 @@ void KVI_InventorySummary::NewItem() {
 void KVI_InventorySummary::GoToPart(const std::string& number) {
   for (int row = 1; !number.empty() && row <= Spread1.MaxRows(); ++row)
     if (Trim(Spread1.Text(row, kNumberColumn)) == number) return GoToRow(Spread1, row);
+}
+
+void KVI_InventorySummary::PrintLabels() {
+  std::vector<Block> blocks = Spread1.SelectedBlocks();
+  if (blocks.empty()) blocks.push_back({1, 1, Spread1.MaxRows(), 1});
+  std::vector<std::string> numbers;
+  for (const Block& block : blocks)
+    for (int row = std::max(1, block.row); row <= block.row2; ++row)
+      numbers.push_back(Spread1.Text(row, kNumberColumn));
+  if (!numbers.empty()) app_.Get<KVI_Labels>().ShowLabels(numbers);
 }
 
 // The name tells a duplicate here, while the number tells whether one stands already.

@@ -17,7 +17,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kPathFileAccess = 75;
+constexpr int kPathFileAccess = 75, kFileNotFound = 53;
+constexpr const char* kDatabaseFile = "KV_Inventory.mdb";
+constexpr const char* kOwnFile = "KVI.INI";
+constexpr const char* kSuiteFile = "TARNWK.INI";
 constexpr const char* kSpreadsheetPrograms[] = {"localc", "libreoffice", "gnumeric", "xdg-open"};
 
 [[noreturn]] void RaiseFor(const fs::path& path, const std::error_code& error) {
@@ -74,30 +77,57 @@ void MakeOwnSettings(const fs::path& path, const std::string& spreadsheetProgram
   IniFile(path).Write(kOwnSection, keys);
 }
 
-void MakeSuiteSettings(const fs::path& path) {
-  IniFile(path).Write(kSuiteSection,
-                      {{"DatabasePath", ""}, {"BrowserPath", ""}, {"ColorScheme", ""}});
-}
+// The files of one folder, each made unless it stands there.
+class SetUp {
+ public:
+  explicit SetUp(const fs::path& folder) : home_(fs::absolute(folder).lexically_normal()) {
+    MakeFolder(home_);
+  }
+
+  void Make(const fs::path& name, const std::function<void(const fs::path&)>& make) {
+    const fs::path path = home_ / name;
+    const bool stands = Stands(path);
+    if (!stands) make(path);
+    files_.push_back({path, !stands});
+  }
+  // The suite's file comes last: it marks the folder.
+  std::vector<SetUpFile> MakeSettings(const std::string& spreadsheetProgram,
+                                      const std::string& databaseFolder) {
+    Make(fs::path("files") / "master.txt", MakeMasterText);
+    Make(kOwnFile, [&](const fs::path& path) { MakeOwnSettings(path, spreadsheetProgram); });
+    Make(kSuiteFile, [&](const fs::path& path) {
+      IniFile(path).Write(
+          kSuiteSection,
+          {{"DatabasePath", databaseFolder}, {"BrowserPath", ""}, {"ColorScheme", ""}});
+    });
+    return std::move(files_);
+  }
+
+ private:
+  const fs::path home_;
+  std::vector<SetUpFile> files_;
+};
 
 }  // namespace
 
 std::vector<SetUpFile> SetUpFolder(const fs::path& folder, const std::string& spreadsheetProgram,
                                    const std::function<void(jet::Database&)>& fill) {
-  const fs::path home = fs::absolute(folder).lexically_normal();
-  MakeFolder(home);
-  std::vector<SetUpFile> files;
-  const auto unlessStanding = [&](const fs::path& path, const auto& make) {
-    const bool stands = Stands(path);
-    if (!stands) make(path);
-    files.push_back({path, !stands});
-  };
-  unlessStanding(home / "KV_Inventory.mdb",
-                 [&](const fs::path& path) { MakeDatabase(path, fill); });
-  unlessStanding(home / "files" / "master.txt", MakeMasterText);
-  unlessStanding(home / "KVI.INI",
-                 [&](const fs::path& path) { MakeOwnSettings(path, spreadsheetProgram); });
-  unlessStanding(home / "TARNWK.INI", MakeSuiteSettings);
-  return files;
+  SetUp setUp(folder);
+  setUp.Make(kDatabaseFile, [&](const fs::path& path) { MakeDatabase(path, fill); });
+  return setUp.MakeSettings(spreadsheetProgram, "");
+}
+
+std::vector<SetUpFile> SetUpDesk(const fs::path& folder, const std::string& spreadsheetProgram,
+                                 const fs::path& databaseFolder) {
+  const fs::path place = fs::absolute(databaseFolder).lexically_normal();
+  if (!Stands(place / kDatabaseFile))
+    throw RunTimeError(kFileNotFound,
+                       "There is no " + std::string(kDatabaseFile) + " in " + place.string() + ".");
+  return SetUp(folder).MakeSettings(spreadsheetProgram, place.string());
+}
+
+bool IsNewFolder(const fs::path& folder) {
+  return !Stands(folder / kOwnFile) && !Stands(folder / kSuiteFile);
 }
 
 std::string FindSpreadsheetProgram(const std::string& searchPath) {

@@ -24,6 +24,15 @@ std::vector<SetUpFile> SetUpFolder(const std::filesystem::path& folder,
                                    const std::string& spreadsheetProgram,
                                    const std::function<void(jet::Database&)>& fill = {});
 
+// The same for a desk that works on the database in another folder: none is made here. Raises 53
+// where there is no KV_Inventory.mdb in it.
+std::vector<SetUpFile> SetUpDesk(const std::filesystem::path& folder,
+                                 const std::string& spreadsheetProgram,
+                                 const std::filesystem::path& databaseFolder);
+
+// Whether the folder has never been a program's: neither of its INI files is there.
+bool IsNewFolder(const std::filesystem::path& folder);
+
 // The first program of the list localc, libreoffice, gnumeric, xdg-open in the folders of a search
 // path ("/usr/bin:/bin"), with its whole path; empty when there is none.
 std::string FindSpreadsheetProgram(const std::string& searchPath);

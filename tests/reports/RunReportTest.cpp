@@ -16,6 +16,7 @@ class Slabs : public Report {
   Slabs(int rows, std::string drawn = "") : Report({}), rows_(rows), drawn_(std::move(drawn)) {}
 
   void Open(jet::Database&) override {}
+  WorkbookTable Table() override { return {}; }
   int Rows() const override { return rows_; }
   bool Draws(int row) override {
     return drawn_.empty() || drawn_.find(Str(row)) != std::string::npos;

@@ -6,6 +6,7 @@
 #include "items/KVI_InventoryDetail.h"
 #include "items/KVI_InventoryDetail1Screen.h"
 #include "items/KVI_InventorySummary.h"
+#include "labels/KVI_Labels.h"
 #include "ordering/KVI_OrderSystem.h"
 #include "partgroups/KVI_PGDetail.h"
 #include "partgroups/KVI_PGSummary.h"
@@ -14,6 +15,7 @@
 #include "reports/preview.h"
 #include "security/KVI_SecurityCheckpoint.h"
 #include "start/Main.h"
+#include "start/Welcome.h"
 #include "stock/KVI_Invoice.h"
 #include "stock/KVI_UpdateInventory.h"
 #include "usage/KVI_UsageAnalysis.h"
@@ -44,6 +46,7 @@ std::vector<Screen*> AllScreens(Application& app) {
           &app.Get<KVI_InventoryDetail1Screen>(),
           &app.Get<KVI_InventorySummary>(),
           &app.Get<KVI_Invoice>(),
+          &app.Get<KVI_Labels>(),
           &app.Get<KVI_ManageDropLIsts>(),
           &app.Get<KVI_OrderSystem>(),
           &app.Get<KVI_PGDetail>(),
@@ -57,6 +60,7 @@ std::vector<Screen*> AllScreens(Application& app) {
           &app.Get<KVI_Utilities>(),
           &app.Get<KVI_VendorDetail>(),
           &app.Get<KVI_VendorSummary>(),
+          &app.Get<Welcome>(),
           &app.Get<preview>()};
 }
 
