@@ -54,6 +54,7 @@ std::string SizeText(const std::filesystem::path& copy) {
 
 KVI_Backups::KVI_Backups(Application& app)
     : KviScreen(app, "KVI_Backups", kTitle, "Inventory - Copies of the Database") {
+  Spread1.SpokenName = "Copies of the database";
   back_up.Click = [this] {
     BackUpNow();
     FillList();

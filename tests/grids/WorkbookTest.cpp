@@ -39,7 +39,7 @@ TEST(WorkbookTest, TextsStayTextsAndFiguresAreNumbers) {
 
 TEST(WorkbookTest, AScreenAsksForThePlaceAndTellsIt) {
   TestStockroom stockroom;
-  stockroom.Fill("Vendor_Info", "Name | ZipCode\n Acme | 01234");
+  stockroom.Fill("Vendor_Info", "Name | Zip\n Acme | 01234");
   ASSERT_TRUE(stockroom.Start());
   const std::string file = stockroom.folder / "vendors";
   auto& vendors = stockroom.App().Get<KVI_VendorSummary>();

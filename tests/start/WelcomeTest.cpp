@@ -14,8 +14,8 @@ namespace {
 // A desk on which the program was never started, beside one that works.
 class WelcomeTest : public testing::Test {
  protected:
-  bool Ask(const std::function<void()>& user) {
-    desktop.ExpectScreen("Welcome", user);
+  bool Ask(const std::function<void()>& acts) {
+    desktop.ExpectScreen("Welcome", acts);
     const bool chosen = app.Get<Welcome>().AskHowToStart([this](jet::Database&) { filled = true; });
     desktop.AllCame();
     return chosen;
