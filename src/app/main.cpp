@@ -4,6 +4,7 @@
 #include "base/RunTimeError.h"
 #include "desktop/window/QtDesktop.h"
 #include "frame/Application.h"
+#include "frame/Manual.h"
 #include "sample/SampleStockroom.h"
 #include "start/Main.h"
 #include "start/Welcome.h"
@@ -45,6 +46,9 @@ int main(int argc, char** argv) {
   kvi::Application app({desktop, clock, chance, kvi::ProgramFolder(), commandLine});
   desktop.SetProgramFolder(app.ProgramFolder);
   desktop.SetStack(app.screens);
+  desktop.HelpWanted = [&app](const kvi::Screen& screen) {
+    app.screens.Guard([&] { kvi::OpenHelpOn(app, screen.Name()); });
+  };
   const int result = Start(app) ? desktop.RunEventLoop() : 1;
   desktop.CloseAllWindows();
   return result;

@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "frame/ApplyColorScheme.h"
 #include "frame/INI_SUBS.h"
+#include "frame/Manual.h"
 #include "frame/Wording.h"
 #include "items/KVI_ChooseVendors.h"
 #include "items/KVI_InventoryDetail.h"
@@ -58,7 +59,7 @@ Main::Main(Application& app) : Screen("Main", "Kestvar Inventory"), app_(app) {
   };
   vendors.Click = [this] { app_.screens.ShowModal(app_.Get<KVI_VendorSummary>()); };
   Label9.Click = m_f_exit.Click = [this] { Exit(); };
-  m_help_sm.Click = [this] { OpenHelp(); };
+  m_help_sm.Click = [this] { OpenHelp(app_); };
 }
 
 // The order counts: later steps read what earlier ones left, and the user can touch nothing before
@@ -140,14 +141,6 @@ void Main::StartNewDatabase() {
   if (!HasFullAccess(app_) || !NewDatabaseWipe(app_)) return;
   app_.desktop.MsgBox({.text = "A new database has been created. Please restart the program."});
   throw EndOfProcess{};
-}
-
-void Main::OpenHelp() {
-  if (app_.desktop.OpenHelp(app_.InProgramFolder("manual.chm"))) return;
-  app_.desktop.MsgBox(
-      {.text = "There is a problem locating the help file OR you have not properly setup your "
-               "'browser'.  Go to 'Utilities' from the main screen, click on 'KV Settings' and "
-               "make sure your browser is properly selected. "});
 }
 
 void Main::Unload() {

@@ -57,7 +57,6 @@ class Main : public Screen {
   bool MayOpenWithItems(int module);
   void OpenReports();
   void StartNewDatabase();
-  void OpenHelp();
 };
 
 }  // namespace kvi

@@ -180,6 +180,24 @@ TEST_F(WindowTest, EnterAndEscapeInAFieldPressTheButtonsMadeForThem) {
   EXPECT_EQ(sample.TakeLog(), "remove");
 }
 
+TEST_F(WindowTest, F1AsksForTheManualOfTheScreenInFrontAndLeavesWhatIsTyped) {
+  std::string asked;
+  desktop.HelpWanted = [&](const Screen& screen) { asked += screen.Name() + "."; };
+  ShowSample();
+  Widget(sample.name).setFocus();
+  QTest::keyClicks(&Widget(sample.name), "Bo");
+  QTest::keyClick(&Widget(sample.name), Qt::Key_F1);
+  QTest::keyClicks(&Widget(sample.name), "lt");
+  EXPECT_EQ(sample.name.Text(), "Bolt");
+  Question question("Question");
+  Later([&] {
+    QTest::keyClick(&Widget(question.number), Qt::Key_F1);
+    QTest::keyClick(&Widget(question.number), Qt::Key_Escape);
+  });
+  stack.ShowModal(question);
+  EXPECT_EQ(asked, "Sample.Question.");
+}
+
 TEST_F(WindowTest, AccessKeysAreGivenOutOnceInAWindow) {
   ShowSample();
   EXPECT_EQ(Button(sample.save).text(), "&Save");

@@ -1,4 +1,5 @@
 #include "base/RunTimeError.h"
+#include "frame/Manual.h"
 #include "support/Story.h"
 
 namespace kvi::test {
@@ -175,6 +176,7 @@ TEST_F(StartUpTest, TilesThatNeedPartsAskForThem) {
   Click(main.m_f_print);
 }
 
+// A compiled help file first, then the manual here, then the installed one.
 TEST_F(StartUpTest, AMissingManualIsSaid) {
   stockroom.desktop.helpOpens = false;
   ExpectBox(
@@ -182,6 +184,14 @@ TEST_F(StartUpTest, AMissingManualIsSaid) {
       "Go to 'Utilities' from the main screen, click on 'KV Settings' and make sure your browser "
       "is properly selected. ");
   Click(stockroom.MainScreen().m_help_sm);
+  const std::string installed = "/usr/share/doc/kestvar-inventory/manual/";
+  EXPECT_EQ(
+      stockroom.desktop.helpOpened,
+      (std::vector<std::string>{stockroom.folder / "manual.chm",
+                                stockroom.folder / "manual/index.html", installed + "index.html"}));
+  stockroom.desktop.helpOpens = true;
+  OpenHelpOn(stockroom.App(), "KVI_Find");
+  EXPECT_EQ(stockroom.desktop.helpOpened.back(), stockroom.folder / "manual/kvi_find.html");
 }
 
 TEST_F(StartUpTest, ASettingsFileThatCannotBeWrittenEndsTheProcess) {

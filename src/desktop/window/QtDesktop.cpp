@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QProcess>
+#include <QShortcut>
 #include <QStandardPaths>
 #include <QUrl>
 #include <algorithm>
@@ -131,6 +132,10 @@ void QtDesktop::OpenWindow(Screen& screen, bool modal) {
   auto* window = new ScreenWindow(screen, *gestures_, modal);
   shown_.push_back({&screen, window, nullptr});
   if (modal && below != nullptr) window->StayAbove(*below);
+  auto* help = new QShortcut(QKeySequence::HelpContents, window);
+  QObject::connect(help, &QShortcut::activated, window, [this, &screen] {
+    if (HelpWanted) HelpWanted(screen);
+  });
   window->show();
   window->activateWindow();
 }
@@ -213,7 +218,8 @@ bool QtDesktop::CanShowPicture(const std::string& path) {
 
 bool QtDesktop::OpenHelp(const std::string& path) {
   if (!QFileInfo(ToQt(path)).isFile()) return false;
-  const QString viewer = QStandardPaths::findExecutable("xchm");
+  const bool isCompiled = ToQt(path).endsWith(".chm");
+  const QString viewer = isCompiled ? QStandardPaths::findExecutable("xchm") : QString();
   if (!viewer.isEmpty()) return QProcess::startDetached(viewer, {ToQt(path)});
   return QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(path)));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -37,6 +38,9 @@ class QtDesktop : public Desktop {
   // What is printed goes into this PDF from here on.
   void PrintInto(const std::string& pdf);
   static bool HasPrinter();
+
+  // F1 on a shown screen.
+  std::function<void(const Screen& screen)> HelpWanted;
 
   // Runs until EndAllLoops or until no window is open, then takes all windows away.
   int RunEventLoop();
