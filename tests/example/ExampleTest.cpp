@@ -21,7 +21,7 @@ TEST(ExampleTest, TheNameIsSavedAndAnEmployeeWhoIsGoneIsTold) {
     stockroom.user().Click(screen.exit_lab);
   });
   screen.OpenEmployee("7");
-  EXPECT_EQ(stockroom.Rows("SELECT E_Code, E_Name FROM EmployeeDB"), "7|Ines Ortega");
+  EXPECT_EQ(stockroom.Rows("SELECT E_Code, E_Name FROM EmployeeDB"), "7|Ines Ortega\n");
 
   stockroom.desktop.ExpectScreen("KVI_Example", [&] {
     stockroom.desktop.ExpectBox("Employee record not found", Answer::Ok);
