@@ -23,14 +23,16 @@ struct Conversion {
   std::vector<std::string> Losses;  // of the file as a whole, such as tables in another file
   std::vector<std::string> Notes;   // what is not as it was, with nothing lost
 
-  bool IsWhole() const;
+  bool IsWhole() const { return AllLosses().empty(); }
+  bool HasTable(const std::string& name) const;
   // All that is missing, a line each, with the table's name.
   std::vector<std::string> AllLosses() const;
 };
 
-// What is to be converted. Tables that the schema has too get those of its fields that they lack,
-// and its indexes; tables that they lack are made, without rows. An index that cannot be unique,
-// as rows of the file share its key, is made a plain one.
+// What is to be converted. The schema counts for a file that has its first table: then tables that
+// it has too get those of its fields that they lack, and its indexes; tables that the file lacks
+// are made, without rows. An index that cannot be unique, as rows of the file share its key, is
+// made a plain one.
 struct ConversionOrder {
   std::string From;
   std::string Password = {};
@@ -39,9 +41,14 @@ struct ConversionOrder {
   std::function<void(const std::string& table, int done, int total)> Progress = {};
 };
 
+// Whether a Jet 3 or Jet 4 file asks for a password. Raises why no password would help: 3024, 3051,
+// 3343, 3049.
+bool AsksForPassword(const std::string& path);
+
 // Reads a Jet 3 or Jet 4 file to its end and writes nothing. Raises, as ConvertOldFile, why it
 // cannot be read: 3024, 3051, 3343, 3031 for a password that is missing or wrong, 3049 for damage
-// that leaves nothing to read. Any other damage is a loss in the protocol.
+// that leaves nothing to read, 3051 as well where somebody wrote to the file meanwhile. Any other
+// damage is a loss in the protocol.
 Conversion CheckOldFile(const ConversionOrder& order);
 // The same, and makes a new database file of all that can be read, safe on the disk when it
 // returns. Raises 3204 when a file stands there already, and leaves none when it fails.

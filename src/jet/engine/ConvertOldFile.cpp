@@ -34,6 +34,10 @@ class Converter {
     result_.Format = file_.VersionName();
     for (const std::string& line : file_.Damage())
       result_.Losses.push_back("The list of tables: " + line);
+    for (const jetfile::Object& object : file_.Objects())
+      if (object.kind == jetfile::Object::Kind::Table && !order.Schema.empty() &&
+          EqualsNoCase(object.Name, order.Schema.front().Name))
+        schema_ = order.Schema;
   }
 
   Conversion Run() {
@@ -46,6 +50,9 @@ class Converter {
         result_.Notes.push_back(object.Name + " is a query and was not taken");
     }
     if (to_ != nullptr) MakeMissingTables();
+    if (file_.Pages().WasWritten())
+      throw jetfile::FileError(jetfile::Fault::CannotRead,
+                               "'" + order_.From + "' was written to while it was read.");
     return std::move(result_);
   }
 
@@ -69,7 +76,7 @@ class Converter {
     table.Declared = old.Declared();
     std::optional<NewTable> made;
     if (to_ != nullptr) {
-      made.emplace(*to_, old.Design(), Find(order_.Schema, object.Name));
+      made.emplace(*to_, old.Design(), Find(schema_, object.Name));
       made_.push_back(object.Name);
     }
     for (std::vector<Value> row; old.Next(row);) {
@@ -87,7 +94,7 @@ class Converter {
   }
 
   void MakeMissingTables() {
-    for (const TableDef& ours : order_.Schema)
+    for (const TableDef& ours : schema_)
       if (std::ranges::none_of(
               made_, [&](const std::string& name) { return EqualsNoCase(name, ours.Name); }))
         TableCatalog::CreateTable(*to_, ours);
@@ -100,6 +107,7 @@ class Converter {
   const ConversionOrder& order_;
   Connection* to_;
   jetfile::OldFile file_;
+  std::vector<TableDef> schema_;  // none for a file of another product
   std::vector<std::string> made_;
   Conversion result_;
 };
@@ -127,8 +135,9 @@ Conversion ConvertInto(const ConversionOrder& order, const std::string& to) {
 
 }  // namespace
 
-bool Conversion::IsWhole() const {
-  return AllLosses().empty();
+bool Conversion::HasTable(const std::string& name) const {
+  return std::ranges::any_of(
+      Tables, [&](const ConvertedTable& table) { return EqualsNoCase(table.Name, name); });
 }
 
 std::vector<std::string> Conversion::AllLosses() const {
@@ -137,6 +146,16 @@ std::vector<std::string> Conversion::AllLosses() const {
     for (const auto* some : {&table.Losses, &table.LeftOut})
       for (const std::string& line : *some) lines.push_back("Table " + table.Name + ": " + line);
   return lines;
+}
+
+bool AsksForPassword(const std::string& path) {
+  try {
+    jetfile::PageFile(path, "");
+    return false;
+  } catch (const jetfile::FileError& error) {
+    if (error.Kind != jetfile::Fault::Password) throw;
+    return true;
+  }
 }
 
 Conversion CheckOldFile(const ConversionOrder& order) {

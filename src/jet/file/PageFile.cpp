@@ -26,6 +26,10 @@ std::string_view UpToZero(std::string_view text) {
   return text.substr(0, text.find('\0'));
 }
 
+std::int64_t WrittenAt(const struct stat& info) {
+  return std::int64_t{info.st_mtim.tv_sec} * 1'000'000'000 + info.st_mtim.tv_nsec;
+}
+
 // In Jet 4 the password stands under the day on which the file was made.
 std::string Jet4Password(Bytes header, const TextDecoder& text) {
   const auto created = std::bit_cast<double>(header.U64(kCreatedAt));
@@ -74,6 +78,13 @@ void PageFile::OpenFile(const std::string& path) {
     throw FileError(Fault::CannotRead, "'" + path + "' is not a file that can be read.");
   }
   size_ = static_cast<std::uint64_t>(info.st_size);
+  written_ = WrittenAt(info);
+}
+
+bool PageFile::WasWritten() const {
+  struct stat info {};
+  return fstat(file_, &info) != 0 || static_cast<std::uint64_t>(info.st_size) != size_ ||
+         WrittenAt(info) != written_;
 }
 
 void PageFile::Recognise(const Buffer& start) {

@@ -39,6 +39,9 @@ class PageFile {
   // less than its size promised.
   Page Read(std::uint32_t number);
 
+  // Whether somebody wrote to the file since its opening: what was read may not fit together.
+  bool WasWritten() const;
+
   const Layout& Fields() const { return *layout_; }
   jetfile::Version Version() const { return version_; }
   const TextDecoder& Text() const { return *text_; }
@@ -55,6 +58,7 @@ class PageFile {
 
   const std::string path_;
   int file_ = -1;
+  std::int64_t written_ = 0;  // when it was, in nanoseconds
   std::uint64_t size_ = 0;
   std::uint32_t pageCount_ = 0;
   std::uint32_t key_ = 0;  // of the pages' encoding, 0 for none
