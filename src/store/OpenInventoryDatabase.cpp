@@ -7,6 +7,7 @@
 #include "frame/Application.h"
 #include "platform/Hourglass.h"
 #include "store/BackUp.h"
+#include "store/ConvertAtOpening.h"
 #include "store/DropDown.h"
 #include "store/RepairItemDefaults.h"
 #include "store/Schema.h"
@@ -55,6 +56,7 @@ void OpenInventoryDatabase(Application& app) {
     throw EndOfProcess{};
   }
   try {
+    ConvertAtOpening(app, path);
     app.CurrentDatabase = jet::Database::Open(path, !app.settings.NetworkVisible);
     app.CurrentDatabase.UseDefaultsOf(Schema());
     BackUpOfTheDay(app);

@@ -167,6 +167,7 @@ void FillColumnWidths(jet::Database& database) {
   jet::WriteBatch batch(database);
   for (const WidthTable& table : kWidthTables) {
     auto rows = database.OpenRecordset("SELECT * FROM " + std::string(table.Name) + ";");
+    if (!rows.Eof()) continue;
     int ordinal = 0;
     for (const int width : table.Widths) {
       rows.AddNew();

@@ -12,8 +12,8 @@ namespace kvi {
 // the one place from which a new database is made. The defaults hold for files made before, too.
 const std::vector<jet::TableDef>& Schema();
 
-// Fills the empty CW_ tables of a new database: one row per grid column, in twips, so that the
-// columns a person needs most stand on a desk of 1366 pixels without scrolling.
+// Fills those CW_ tables of a new database that are empty: one row per grid column, in twips, so
+// that the columns a person needs most stand on a desk of 1366 pixels without scrolling.
 void FillColumnWidths(jet::Database& database);
 
 // Makes a database with all tables and the column widths, and nothing else: the first start adds

@@ -76,6 +76,18 @@ TEST_P(ConversionTest, AnInventoryKeepsWhatItHasAndGetsWhatItLacks) {
   EXPECT_EQ(ErrorOf([&] { parts.Update(); }), 3022);
 }
 
+TEST_P(ConversionTest, AFileThatGrowsWhileItIsReadGivesNothing) {
+  JetFileWriter writer(GetParam());
+  AddInventory(writer);
+  const std::string path = Write(writer);
+  const auto grow = [&](const std::string&, int, int) {
+    test::WriteFile(path, test::ReadFile(path) + "more");
+  };
+  EXPECT_EQ(ErrorOf([&] { ConvertOldFile({path, "", {}, grow}, folder_ / "NEW.MDB"); }), 3051);
+  for (const char* name : {"NEW.MDB", "NEW.MDB.new"})
+    EXPECT_FALSE(std::filesystem::exists(folder_ / name)) << name;
+}
+
 TEST_P(ConversionTest, AForeignFileIsReadByStatementsAndNeverWritten) {
   JetFileWriter writer(GetParam(), "secret");
   AddInventory(writer);

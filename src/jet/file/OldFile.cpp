@@ -1,5 +1,7 @@
 #include "jet/file/OldFile.h"
 
+#include <set>
+
 #include "base/Text.h"
 #include "jet/file/TableReader.h"
 
@@ -79,11 +81,17 @@ OldFile::OldFile(const std::string& path, const std::string& password) : pages_(
 void OldFile::ReadCatalogue() {
   TableReader rows(pages_, kCataloguePage);
   CatalogueRow row(rows.Definition());
+  std::set<std::uint32_t> definitions;
+  std::vector<std::string> damage;
   while (rows.Next(row.values)) {
     if (!row.IsWhole() || row.IsSystem()) continue;
     switch (row.Type()) {
       case kTable:
-        objects_.push_back({Object::Kind::Table, row.Name(), row.Page(), "", ""});
+        // Two tables on one definition: one of them is not what it says.
+        if (!definitions.insert(row.Page()).second)
+          damage.push_back(row.Name() + " has the definition of another table");
+        else
+          objects_.push_back({Object::Kind::Table, row.Name(), row.Page(), "", ""});
         break;
       case kLink:
       case kOdbcLink:
@@ -97,6 +105,7 @@ void OldFile::ReadCatalogue() {
     }
   }
   damage_ = rows.Damage();
+  damage_.insert(damage_.end(), damage.begin(), damage.end());
 }
 
 std::string OldFile::VersionName() const {
