@@ -6,8 +6,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/RunTimeError.h"
+#include "sample/OldProducts.h"
 #include "sample/SampleStockroom.h"
 #include "store/SetUpFolder.h"
 
@@ -23,7 +25,8 @@ constexpr const char* kUsage = "Usage: kvi-setup FOLDER [--sample | --parts N | 
 constexpr const char* kHelp =
     "Makes what Kestvar Inventory needs in FOLDER: TARNWK.INI, KVI.INI, files/master.txt and\n"
     "KV_Inventory.mdb. Files that stand there already are kept as they are.\n"
-    "  --sample   fills a new database with a sample stockroom of 1,500 parts\n"
+    "  --sample   fills a new database with a sample stockroom of 1,500 parts, and lays a small\n"
+    "             database of each of the two older products beside it, to try the import with\n"
     "  --parts N  the same with N parts (1 to 200000)\n"
     "  --shared PLACE\n"
     "             makes no database: the desk works on the one in the folder PLACE\n";
@@ -84,9 +87,11 @@ void SetUp(const Arguments& arguments) {
     fill = [&](kvi::jet::Database& database) {
       kvi::FillSampleStockroom(database, *arguments.Sample);
     };
-  const auto files = arguments.Shared.empty()
-                         ? kvi::SetUpFolder(arguments.Folder, spreadsheet, fill)
-                         : kvi::SetUpDesk(arguments.Folder, spreadsheet, arguments.Shared);
+  auto files = arguments.Shared.empty()
+                   ? kvi::SetUpFolder(arguments.Folder, spreadsheet, fill)
+                   : kvi::SetUpDesk(arguments.Folder, spreadsheet, arguments.Shared);
+  if (arguments.Sample)
+    for (const auto& file : kvi::LayOldProducts(arguments.Folder)) files.push_back(file);
   for (const auto& file : files)
     std::printf("%s %s\n", file.Made ? "made" : "kept", file.Path.c_str());
   if (spreadsheet.empty())
