@@ -1,7 +1,7 @@
 # What is installed where, and the Debian package of it: scripts/package builds that.
 include(GNUInstallDirs)
 
-set(programs kestvar-inventory kvi-setup kvi-report)
+set(programs kestvar-inventory kvi-setup kvi-report kvi-backup kvi-convert)
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/kestvar-inventory)
 install(TARGETS ${programs})
 install(FILES packaging/kestvar-inventory.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
@@ -10,6 +10,9 @@ install(FILES packaging/kestvar-inventory.svg
 install(FILES packaging/org.kestvar.inventory.metainfo.xml
   DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES packaging/copyright DESTINATION ${documents})
+
+# scripts/package has built it before.
+install(DIRECTORY build/manual DESTINATION ${documents} OPTIONAL)
 
 # Compressed without a time, so that two builds are the same.
 set(compressed)

@@ -9,6 +9,7 @@
 #include "start/Main.h"
 #include "start/Welcome.h"
 #include "store/SetUpFolder.h"
+#include "utilities/KVI_ImportPBI.h"
 
 namespace {
 
@@ -27,6 +28,7 @@ bool Start(kvi::Application& app) {
     const auto fill = [](kvi::jet::Database& database) { kvi::FillSampleStockroom(database, {}); };
     if (kvi::IsNewFolder(app.ProgramFolder) && !welcome.AskHowToStart(fill)) return false;
     app.screens.Load(app.Get<kvi::Main>());
+    if (welcome.HasOldData()) app.screens.ShowModal(app.Get<kvi::KVI_ImportPBI>());
     return true;
   } catch (const kvi::RunTimeError& error) {
     app.desktop.MsgBox(
