@@ -1,6 +1,5 @@
 #include "labels/KVI_Labels.h"
 
-#include "base/Flag.h"
 #include "base/Number.h"
 #include "base/Text.h"
 #include "platform/Hourglass.h"
@@ -22,10 +21,9 @@ std::string Count(std::size_t count, const std::string& word) {
 KVI_Labels::KVI_Labels(Application& app)
     : KviScreen(app, "KVI_Labels", "Labels", "Inventory - Bin Labels") {
   for (const LabelSheet& kind : LabelSheets()) SheetCombo.AddItem(kind.caption);
+  SheetCombo.SetListIndex(0);
   first_place.Tip = "Where the labels begin on a sheet of which some are used: 1 is the upper left";
-  SheetCombo.Click = [this] {
-    if (!settingUp_) TakePlace();
-  };
+  SheetCombo.Click = [this] { TakePlace(); };
   first_place.LostFocus = [this] { TakePlace(); };
   with_qr.Click = [this] { ShowSheet(); };
   print_lab.Click = [this] { Print(); };
@@ -34,8 +32,6 @@ KVI_Labels::KVI_Labels(Application& app)
 }
 
 void KVI_Labels::Prepare() {
-  const Flag settingUp(settingUp_);
-  if (SheetCombo.ListIndex() < 0) SheetCombo.SetListIndex(0);
   first_place.Text = "1";
 }
 
@@ -74,11 +70,14 @@ void KVI_Labels::ShowSheet() {
   StatusBar1.SetPanelText(
       1, Count(labels_.size(), "label") + " on " +
              Count(static_cast<std::size_t>(SheetsFor(labels_.size(), choice)), "sheet"));
-  const std::vector<std::string> unreadable = UnreadableCodes(labels_, choice);
-  if (!unreadable.empty())
-    Say("Without bars, since they would be too fine to be read: " + unreadable.front() +
-        (unreadable.size() > 1 ? " and " + Str(static_cast<int>(unreadable.size()) - 1) + " more"
-                               : ""));
+  SayUnreadable(UnreadableCodes(labels_, choice));
+}
+
+void KVI_Labels::SayUnreadable(const std::vector<std::string>& codes) {
+  if (codes.empty()) return Say("");
+  const int more = static_cast<int>(codes.size()) - 1;
+  Say("Without bars, since they would be too fine to be read: " + codes.front() +
+      (more > 0 ? " and " + Str(more) + " more" : ""));
 }
 
 void KVI_Labels::Print() {

@@ -41,6 +41,7 @@ class KVI_Labels : public KviScreen {
   void TakePlace();
   LabelChoice Choice() const;
   void ShowSheet();
+  void SayUnreadable(const std::vector<std::string>& codes);
   void Print();
 
   std::vector<BinLabel> labels_;

@@ -73,7 +73,10 @@ TEST(LabelsTest, TheRowsOfTheListGoOnTheSheetFromItsFirstFreePlace) {
       EXPECT_EQ(second.find("any label"), std::string::npos) << "shortened";
     });
     summary.Spread1.SetSelectedBlocks({Block::Row(3), {5, 1, 6, 4}});
-    atLabels([&] { EXPECT_EQ(labels.StatusBar1.PanelText(1), "3 labels on 1 sheet"); });
+    atLabels([&] {
+      EXPECT_EQ(labels.StatusBar1.PanelText(1), "3 labels on 1 sheet");
+      EXPECT_EQ(labels.StatusBar1.PanelText(2), "") << "all codes of these can be read";
+    });
     stockroom.user().Click(summary.exit_lab);
   });
   stockroom.user().Click(stockroom.MainScreen().Label1);
