@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "ConsoleProgram.h"
 #include "labels/BinLabels.h"
 #include "reports/ReportCatalogue.h"
 
@@ -20,10 +21,6 @@ struct ReportArguments {
   bool renew = false;
   std::optional<Output> output;
   std::string file;  // of a PDF or workbook
-};
-
-struct BadArgument {
-  std::string message;
 };
 
 // Raises BadArgument.

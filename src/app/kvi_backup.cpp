@@ -2,12 +2,12 @@
 // kvi-backup FOLDER [--restore FILE | --list].
 
 #include <cstdio>
-#include <exception>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "ConsoleProgram.h"
 #include "base/RunTimeError.h"
 #include "frame/INI_SUBS.h"
 #include "platform/Clock.h"
@@ -21,8 +21,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kFailed = 1;
-constexpr int kBadArguments = 2;
 constexpr int kPathNotFound = 76;
 
 constexpr const char* kUsage = "Usage: kvi-backup FOLDER [--restore FILE | --list]\n";
@@ -42,10 +40,6 @@ struct Arguments {
   bool list = false;
 };
 
-struct BadArgument {
-  std::string message;
-};
-
 Arguments Read(int argc, char** argv) {
   Arguments arguments;
   for (int i = 1; i < argc; ++i) {
@@ -53,19 +47,19 @@ Arguments Read(int argc, char** argv) {
     if (argument == "--list") {
       arguments.list = true;
     } else if (argument == "--restore") {
-      if (++i == argc) throw BadArgument{"--restore needs a file."};
+      if (++i == argc) throw kvi::BadArgument{"--restore needs a file."};
       arguments.restore = argv[i];
     } else if (argument.starts_with("-")) {
-      throw BadArgument{"Unknown option " + argument + "."};
+      throw kvi::BadArgument{"Unknown option " + argument + "."};
     } else if (!arguments.folder.empty()) {
-      throw BadArgument{"There can be one folder only."};
+      throw kvi::BadArgument{"There can be one folder only."};
     } else {
       arguments.folder = argument;
     }
   }
-  if (arguments.folder.empty()) throw BadArgument{"The folder is missing."};
+  if (arguments.folder.empty()) throw kvi::BadArgument{"The folder is missing."};
   if (arguments.restore && arguments.list)
-    throw BadArgument{"Only one of --restore and --list can be."};
+    throw kvi::BadArgument{"Only one of --restore and --list can be."};
   return arguments;
 }
 
@@ -100,18 +94,8 @@ void Run(const Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 2 && (std::string_view(argv[1]) == "--help" || std::string_view(argv[1]) == "-h")) {
-    std::printf("%s%s", kUsage, kHelp);
-    return 0;
-  }
-  try {
+  return kvi::RunConsoleProgram({"kvi-backup", kUsage, kHelp}, argc, argv, [&] {
     Run(Read(argc, argv));
     return 0;
-  } catch (const BadArgument& bad) {
-    std::fprintf(stderr, "kvi-backup: %s\n%s", bad.message.c_str(), kUsage);
-    return kBadArguments;
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "kvi-backup: %s\n", error.what());
-    return kFailed;
-  }
+  });
 }

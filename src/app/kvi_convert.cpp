@@ -1,17 +1,15 @@
 // Makes a database of this program out of an older program's file: kvi-convert OLD.mdb NEW.mdb.
 
 #include <cstdio>
-#include <exception>
 #include <string>
 #include <string_view>
 
+#include "ConsoleProgram.h"
 #include "base/RunTimeError.h"
 #include "store/ConvertInventory.h"
 
 namespace {
 
-constexpr int kRefused = 1;
-constexpr int kBadArguments = 2;
 constexpr int kWithLosses = 3;
 
 constexpr const char* kUsage = "Usage: kvi-convert OLD.mdb NEW.mdb [--check] [--password TEXT]\n";
@@ -30,10 +28,6 @@ struct Arguments {
   bool check = false;
 };
 
-struct BadArgument {
-  std::string message;
-};
-
 Arguments Read(int argc, char** argv) {
   Arguments arguments;
   for (int i = 1; i < argc; ++i) {
@@ -41,20 +35,20 @@ Arguments Read(int argc, char** argv) {
     if (argument == "--check") {
       arguments.check = true;
     } else if (argument == "--password") {
-      if (++i == argc) throw BadArgument{"--password needs a value."};
+      if (++i == argc) throw kvi::BadArgument{"--password needs a value."};
       arguments.password = argv[i];
     } else if (argument.starts_with("-")) {
-      throw BadArgument{"Unknown option " + argument + "."};
+      throw kvi::BadArgument{"Unknown option " + argument + "."};
     } else if (arguments.from.empty()) {
       arguments.from = argument;
     } else if (arguments.to.empty()) {
       arguments.to = argument;
     } else {
-      throw BadArgument{"\"" + argument + "\" is one file too many."};
+      throw kvi::BadArgument{"\"" + argument + "\" is one file too many."};
     }
   }
-  if (arguments.from.empty()) throw BadArgument{"The old file is missing."};
-  if (arguments.to.empty() && !arguments.check) throw BadArgument{"The new file is missing."};
+  if (arguments.from.empty()) throw kvi::BadArgument{"The old file is missing."};
+  if (arguments.to.empty() && !arguments.check) throw kvi::BadArgument{"The new file is missing."};
   return arguments;
 }
 
@@ -73,17 +67,6 @@ int Convert(const Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 2 && (std::string_view(argv[1]) == "--help" || std::string_view(argv[1]) == "-h")) {
-    std::printf("%s%s", kUsage, kHelp);
-    return 0;
-  }
-  try {
-    return Convert(Read(argc, argv));
-  } catch (const BadArgument& bad) {
-    std::fprintf(stderr, "kvi-convert: %s\n%s", bad.message.c_str(), kUsage);
-    return kBadArguments;
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "kvi-convert: %s\n", error.what());
-    return kRefused;
-  }
+  return kvi::RunConsoleProgram({"kvi-convert", kUsage, kHelp}, argc, argv,
+                                [&] { return Convert(Read(argc, argv)); });
 }

@@ -4,9 +4,7 @@
 #include <QtGlobal>
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <string>
-#include <string_view>
 
 #include "ReportArguments.h"
 #include "TextPages.h"
@@ -22,9 +20,6 @@
 namespace {
 
 using kvi::ReportArguments;
-
-constexpr int kFailed = 1;
-constexpr int kBadArguments = 2;
 
 constexpr int kPathNotFound = 76, kPrinterError = 482, kNoRecord = 3021;
 
@@ -64,13 +59,20 @@ class ReportDesktop : public kvi::QtDesktop {
   bool failed_ = false;
 };
 
-void PrintHelp() {
-  std::printf("%s%s", kUsage, kHelp);
+std::string Line(const char* box, const char* name, const char* caption) {
+  char line[160];
+  std::snprintf(line, sizeof line, "  %-4s %-24s%s\n", box, name, caption);
+  return line;
+}
+
+std::string Help() {
+  std::string help = kHelp;
   for (const kvi::ReportKind& kind : kvi::Reports())
-    std::printf("  %-4s %-24s%s\n", kind.box, kind.name, kind.caption);
-  std::printf("       %-24s%s\nLabel sheets:\n", "labels", "Bin labels, with --pdf or --print");
+    help += Line(kind.box, kind.name, kind.caption);
+  help += Line("", "labels", "Bin labels, with --pdf or --print") + "Label sheets:\n";
   for (const kvi::LabelSheet& sheet : kvi::LabelSheets())
-    std::printf("       %-24s%s\n", sheet.name, sheet.caption);
+    help += Line("", sheet.name, sheet.caption);
+  return help;
 }
 
 // Without the files of a program folder their reading would make new ones.
@@ -130,26 +132,18 @@ void Make(ReportDesktop& desktop, ReportArguments arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 2 && (std::string_view(argv[1]) == "--help" || std::string_view(argv[1]) == "-h")) {
-    PrintHelp();
-    return 0;
-  }
-  try {
+  return kvi::RunConsoleProgram({"kvi-report", kUsage, Help()}, argc, argv, [&] {
     const ReportArguments arguments = kvi::ReadReportArguments(argc, argv);
     // A nightly job has no display, or one that nobody looks at, and no use for what the toolkit
     // has to say of that.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     ReportDesktop desktop(argc, argv, arguments.with.SystemLevelsAnswer);
-    Make(desktop, arguments);
-    return desktop.Failed() ? kFailed : 0;
-  } catch (const kvi::BadArgument& bad) {
-    std::fprintf(stderr, "kvi-report: %s\n%s", bad.message.c_str(), kUsage);
-    return kBadArguments;
-  } catch (const kvi::EndOfProcess&) {
-    return kFailed;
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "kvi-report: %s\n", error.what());
-    return kFailed;
-  }
+    try {
+      Make(desktop, arguments);
+    } catch (const kvi::EndOfProcess&) {
+      return kvi::kFailed;
+    }
+    return desktop.Failed() ? kvi::kFailed : 0;
+  });
 }

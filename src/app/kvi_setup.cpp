@@ -2,12 +2,12 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "ConsoleProgram.h"
 #include "base/RunTimeError.h"
 #include "sample/OldProducts.h"
 #include "sample/SampleStockroom.h"
@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr int kFailed = 1;
-constexpr int kBadArguments = 2;
 constexpr int kMostParts = 200000;
 // A larger stockroom is for measuring, with a longer history behind each part.
 constexpr int kPurchasesInLargeSample = 10;
@@ -37,16 +35,12 @@ struct Arguments {
   std::string Shared;
 };
 
-struct BadArgument {
-  std::string Message;
-};
-
 int PartsIn(std::string_view text) {
   const bool digits = !text.empty() && text.size() <= 6 &&
                       text.find_first_not_of("0123456789") == std::string_view::npos;
   const int parts = digits ? std::atoi(std::string(text).c_str()) : 0;
   if (parts < 1 || parts > kMostParts)
-    throw BadArgument{"--parts needs a whole number from 1 to 200000."};
+    throw kvi::BadArgument{"--parts needs a whole number from 1 to 200000."};
   return parts;
 }
 
@@ -62,26 +56,24 @@ Arguments Read(int argc, char** argv) {
       ++i;
     } else if (argument == "--shared") {
       arguments.Shared = i + 1 < argc ? argv[i + 1] : "";
-      if (arguments.Shared.empty()) throw BadArgument{"--shared needs a folder."};
+      if (arguments.Shared.empty()) throw kvi::BadArgument{"--shared needs a folder."};
       ++i;
     } else if (argument.starts_with("-")) {
-      throw BadArgument{"Unknown option " + std::string(argument) + "."};
+      throw kvi::BadArgument{"Unknown option " + std::string(argument) + "."};
     } else if (!arguments.Folder.empty()) {
-      throw BadArgument{"Only one folder can be set up."};
+      throw kvi::BadArgument{"Only one folder can be set up."};
     } else {
       arguments.Folder = argument;
     }
   }
-  if (arguments.Folder.empty()) throw BadArgument{"The folder is missing."};
+  if (arguments.Folder.empty()) throw kvi::BadArgument{"The folder is missing."};
   if (arguments.Sample && !arguments.Shared.empty())
-    throw BadArgument{"A sample goes into a database of its own, and not into a shared one."};
+    throw kvi::BadArgument{"A sample goes into a database of its own, and not into a shared one."};
   return arguments;
 }
 
 void SetUp(const Arguments& arguments) {
-  const char* searchPath = std::getenv("PATH");
-  const std::string spreadsheet =
-      kvi::FindSpreadsheetProgram(searchPath == nullptr ? "" : searchPath);
+  const std::string spreadsheet = kvi::FindSpreadsheetProgram();
   std::function<void(kvi::jet::Database&)> fill;
   if (arguments.Sample)
     fill = [&](kvi::jet::Database& database) {
@@ -101,18 +93,8 @@ void SetUp(const Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 2 && (std::string_view(argv[1]) == "--help" || std::string_view(argv[1]) == "-h")) {
-    std::printf("%s%s", kUsage, kHelp);
-    return 0;
-  }
-  try {
+  return kvi::RunConsoleProgram({"kvi-setup", kUsage, kHelp}, argc, argv, [&] {
     SetUp(Read(argc, argv));
     return 0;
-  } catch (const BadArgument& bad) {
-    std::fprintf(stderr, "kvi-setup: %s\n%s", bad.Message.c_str(), kUsage);
-    return kBadArguments;
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "kvi-setup: %s\n", error.what());
-    return kFailed;
-  }
+  });
 }

@@ -1,21 +1,11 @@
 #include "start/Welcome.h"
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "platform/Hourglass.h"
 #include "store/SetUpFolder.h"
 
 namespace kvi {
-
-namespace {
-
-std::string SpreadsheetProgram() {
-  const char* searchPath = std::getenv("PATH");
-  return FindSpreadsheetProgram(searchPath == nullptr ? "" : searchPath);
-}
-
-}  // namespace
 
 Welcome::Welcome(Application& app) : Screen("Welcome", "Kestvar Inventory"), app_(app) {
   empty.Default = true;
@@ -39,7 +29,7 @@ bool Welcome::AskHowToStart(std::function<void(jet::Database&)> fill) {
 void Welcome::SetUp(const std::function<void(jet::Database&)>& fill) {
   {
     const Hourglass busy(app_.desktop);
-    SetUpFolder(app_.ProgramFolder, SpreadsheetProgram(), fill);
+    SetUpFolder(app_.ProgramFolder, FindSpreadsheetProgram(), fill);
   }
   isSetUp_ = true;
   CloseScreen();
@@ -49,7 +39,8 @@ void Welcome::OpenShared() {
   const auto file = app_.desktop.OpenFileDialog(
       {"Where is the stockroom?", {{"Stockroom (KV_Inventory.mdb)", "KV_Inventory.mdb"}}, ""});
   if (!file) return;
-  SetUpDesk(app_.ProgramFolder, SpreadsheetProgram(), std::filesystem::path(*file).parent_path());
+  SetUpDesk(app_.ProgramFolder, FindSpreadsheetProgram(),
+            std::filesystem::path(*file).parent_path());
   isSetUp_ = true;
   CloseScreen();
 }

@@ -17,6 +17,12 @@ namespace {
 constexpr int kPathFileAccess = 75;
 constexpr int kExists = 3204;
 
+std::string Told(const RunTimeError& error) {
+  return Str(error.Number) + " " + error.Description;
+}
+
+}  // namespace
+
 void CopyAndCheck(jet::Database& database, const fs::path& path) {
   std::error_code error;
   fs::create_directories(path.parent_path(), error);
@@ -30,12 +36,6 @@ void CopyAndCheck(jet::Database& database, const fs::path& path) {
     throw;
   }
 }
-
-std::string Told(const RunTimeError& error) {
-  return Str(error.Number) + " " + error.Description;
-}
-
-}  // namespace
 
 fs::path MakeBackUp(jet::Database& database, const Date& now, const std::string& reason) {
   const fs::path path = FreeName(BackUpFolder(database.Path()), now, reason);

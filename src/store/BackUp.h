@@ -10,9 +10,10 @@ namespace kvi {
 
 class Application;
 
-// Copies the database under a free name of the reason, and looks through the copy; its path. Raises
-// as Database::CopyTo, 75 where the folder cannot be made, and 3343 for a copy that is damaged,
-// which is not kept.
+// Copies the database and looks through the copy. Raises as Database::CopyTo, 75 where the folder
+// cannot be made, and 3343 for a copy that is damaged, which is not kept.
+void CopyAndCheck(jet::Database& database, const std::filesystem::path& path);
+// The same under a free name of the reason; its path.
 std::filesystem::path MakeBackUp(jet::Database& database, const Date& now,
                                  const std::string& reason);
 // The copy of a day: none where it stands already, also when another desk was quicker.

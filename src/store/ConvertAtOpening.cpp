@@ -7,7 +7,6 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <utility>
 
 #include "base/Number.h"
 #include "base/RunTimeError.h"
@@ -180,11 +179,7 @@ class Opening {
   jet::Conversion ConvertShown(jet::ConversionOrder& order) {
     const Hourglass busy(app_.desktop);
     const auto progress = app_.desktop.NewProgress("Convert", false);
-    std::string table;
-    order.Progress = [&](const std::string& name, int done, int total) {
-      if (std::exchange(table, name) != name) progress->Begin("Converting " + name, total);
-      progress->Done(done);
-    };
+    order.Progress = TablesOn(*progress, "Converting");
     return ConvertInventory(order, new_.string());
   }
 

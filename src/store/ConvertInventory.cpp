@@ -1,9 +1,11 @@
 #include "store/ConvertInventory.h"
 
 #include <filesystem>
+#include <utility>
 
 #include "base/Number.h"
 #include "base/Text.h"
+#include "platform/Progress.h"
 #include "store/Schema.h"
 
 namespace kvi {
@@ -19,6 +21,15 @@ jet::Conversion ConvertInventory(jet::ConversionOrder order, const std::string& 
     std::filesystem::remove(to + "-journal", ignored);
   }
   return protocol;
+}
+
+std::function<void(const std::string&, int, int)> TablesOn(Progress& progress,
+                                                           const std::string& doing) {
+  return [&progress, doing, begun = std::string()](const std::string& table, int done,
+                                                   int total) mutable {
+    if (std::exchange(begun, table) != table) progress.Begin(doing + " " + table, total);
+    progress.Done(done);
+  };
 }
 
 std::string ProtocolText(const jet::Conversion& protocol) {

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
@@ -10,6 +11,7 @@
 #include "base/TakeName.h"
 #include "frame/INI_SUBS.h"
 #include "platform/IniFile.h"
+#include "store/OpenInventoryDatabase.h"
 #include "store/Schema.h"
 
 namespace kvi {
@@ -18,7 +20,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kPathFileAccess = 75, kFileNotFound = 53;
-constexpr const char* kDatabaseFile = "KV_Inventory.mdb";
 constexpr const char* kOwnFile = "KVI.INI";
 constexpr const char* kSuiteFile = "TARNWK.INI";
 constexpr const char* kSpreadsheetPrograms[] = {"localc", "libreoffice", "gnumeric", "xdg-open"};
@@ -142,6 +143,11 @@ std::string FindSpreadsheetProgram(const std::string& searchPath) {
     }
   }
   return "";
+}
+
+std::string FindSpreadsheetProgram() {
+  const char* searchPath = std::getenv("PATH");
+  return FindSpreadsheetProgram(searchPath == nullptr ? "" : searchPath);
 }
 
 }  // namespace kvi

@@ -36,5 +36,7 @@ bool IsNewFolder(const std::filesystem::path& folder);
 // The first program of the list localc, libreoffice, gnumeric, xdg-open in the folders of a search
 // path ("/usr/bin:/bin"), with its whole path; empty when there is none.
 std::string FindSpreadsheetProgram(const std::string& searchPath);
+// The same in this process's own search path.
+std::string FindSpreadsheetProgram();
 
 }  // namespace kvi

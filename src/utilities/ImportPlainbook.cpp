@@ -1,11 +1,10 @@
 #include "utilities/ImportPlainbook.h"
 
-#include <algorithm>
 #include <filesystem>
-#include <utility>
 
 #include "base/RunTimeError.h"
-#include "base/Text.h"
+#include "store/BackUp.h"
+#include "store/ConvertInventory.h"
 #include "store/Restore.h"
 #include "store/Schema.h"
 
@@ -39,16 +38,10 @@ void CutToDays(jet::Database& database, const std::string& table) {
 
 jet::Conversion ConvertJetFile(const std::string& from, const std::string& password,
                                const std::string& to, Progress& progress) {
-  std::string begun;
-  const auto tell = [&](const std::string& table, int done, int total) {
-    if (std::exchange(begun, table) != table) progress.Begin("Reading " + table, total);
-    progress.Done(done);
-  };
   const std::string& parts = Schema().front().Name;
-  jet::Conversion protocol = jet::ConvertOldFile({from, password, Schema(), tell}, to);
-  if (std::ranges::none_of(protocol.Tables, [&](const jet::ConvertedTable& table) {
-        return EqualsNoCase(table.Name, parts);
-      }))
+  jet::Conversion protocol = ConvertInventory(
+      {.From = from, .Password = password, .Progress = TablesOn(progress, "Reading")}, to);
+  if (!protocol.HasTable(parts))
     throw RunTimeError(kNoSuchDatabase, "This is no Plainbook Inventory database: the table " +
                                             parts + " is missing.");
   return protocol;
@@ -77,8 +70,7 @@ void BackUpForPlainbook(jet::Database& database) {
   const fs::path unfinished = path.string() + ".new";
   std::error_code error;
   fs::remove(unfinished, error);
-  database.CopyTo(unfinished.string());
-  jet::Database::Open(unfinished.string(), false).Check();
+  CopyAndCheck(database, unfinished);
   fs::rename(unfinished, path, error);
   if (error) throw RunTimeError(kPathFileAccess, path.string() + ": " + error.message());
 }
