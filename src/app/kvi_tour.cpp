@@ -1,5 +1,5 @@
 // Makes the picture tour: each screen of the stockroom in the program's folder as a PNG, as on a
-// common small display or on one of the size given.
+// common small display or on one of the size given. One stockroom gives the same bytes each time.
 
 #include <algorithm>
 #include <cstdio>
@@ -71,6 +71,17 @@ class TourDesktop : public kvi::QtDesktop {
     asked_ = true;
   }
   bool asked_ = false;
+};
+
+// The Monday morning after the sample's last delivery, so that no picture tells when it was made.
+class TourClock : public kvi::Clock {
+ public:
+  kvi::Date Now() const override { return {2026, 11, 2, 8, 30, 0}; }
+};
+
+class TourChance : public kvi::Chance {
+ public:
+  double Next() override { return 0.5; }
 };
 
 struct DisplaySize {
@@ -221,6 +232,15 @@ class Tour {
     Visit<kvi::KVI_ReportPages>();
   }
 
+  // The list with a copy of that morning, as it looks where desks share a folder.
+  void VisitBackups() {
+    auto& screen = app_.Get<kvi::KVI_Backups>();
+    app_.screens.Show(screen);
+    screen.Label1.Caption = "They lie in /srv/stock/backups";
+    Picture(screen);
+    app_.screens.Hide(screen);
+  }
+
   bool Failed() const { return failed_; }
 
  private:
@@ -244,8 +264,8 @@ int main(int argc, char** argv) {
   const std::filesystem::path folder = argv[1];
   std::filesystem::create_directories(folder);
   TourDesktop desktop(argc, argv);
-  kvi::SystemClock clock;
-  kvi::SystemChance chance;
+  TourClock clock;
+  TourChance chance;
   kvi::Application app({desktop, clock, chance, kvi::ProgramFolder(), ""});
   desktop.SetProgramFolder(app.ProgramFolder);
   desktop.SetStack(app.screens);
@@ -268,7 +288,7 @@ int main(int argc, char** argv) {
     tour.Visit<kvi::KVI_Invoice>();
     tour.VisitTabs<kvi::KVI_Utilities>();
     tour.Visit<kvi::KVI_DeleteInventory>();
-    tour.Visit<kvi::KVI_Backups>();
+    tour.VisitBackups();
     tour.Visit<kvi::KVI_ImportPBI>();
     tour.Visit<kvi::KVI_ManageDropLIsts>();
     tour.Visit<kvi::KVI_EmployeeSetup>();
