@@ -30,7 +30,7 @@ std::string Number(double number) {
 class ServerFunctionsTest : public testing::Test {
  protected:
   void SetUp() override {
-    if (test::TestServer().empty()) GTEST_SKIP() << "no server: see scripts/test-server";
+    if (test::TestServer().empty()) GTEST_SKIP() << "no test server";
     database_.emplace();
     server_.reset(PQconnectdb(database_->Conninfo().c_str()));
     Server("SET search_path = kvi, pg_catalog, public", {});

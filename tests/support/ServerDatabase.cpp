@@ -65,6 +65,7 @@ std::string TestServer() {
 }
 
 ServerDatabase::ServerDatabase() {
+  if (TestServer().empty()) throw std::runtime_error("no test server");
   static int number = 0;
   name_ = "kvi_" + std::to_string(getpid()) + "_" + std::to_string(++number);
   const std::string from = Template();

@@ -4,13 +4,35 @@
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
+#include <string_view>
+
+#include "support/ServerDatabase.h"
 
 namespace kvi::test {
+#ifdef KVI_SERVER
+namespace {
+
+bool IsOnServer() {
+  const char* engine = std::getenv("KVI_ENGINE");
+  return engine != nullptr && std::string_view(engine) == "server";
+}
+
+}  // namespace
+#endif
 
 TemporaryFolder::TemporaryFolder() {
+#ifdef KVI_SERVER
+  std::shared_ptr<ServerDatabase> database;
+  if (IsOnServer()) database_ = database = std::make_shared<ServerDatabase>();
+#endif
   std::string pattern = (std::filesystem::temp_directory_path() / "kvi-test-XXXXXX").string();
   if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
   path_ = pattern;
+#ifdef KVI_SERVER
+  if (database)
+    WriteFile(*this / "KV_Inventory.mdb",
+              "Kestvar Inventory server database\n" + database->Conninfo() + "\n");
+#endif
 }
 
 TemporaryFolder::~TemporaryFolder() {

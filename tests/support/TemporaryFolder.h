@@ -1,11 +1,13 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 
 namespace kvi::test {
 
-// A folder of its own for one test, gone with it.
+// A folder of its own for one test, gone with it. Where KVI_ENGINE is "server" there stands a
+// KV_Inventory.mdb in it that names a database of its own on the tests' server.
 class TemporaryFolder {
  public:
   TemporaryFolder();
@@ -18,6 +20,7 @@ class TemporaryFolder {
 
  private:
   std::filesystem::path path_;
+  std::shared_ptr<void> database_;
 };
 
 std::string ReadFile(const std::string& path);
