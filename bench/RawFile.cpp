@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "jet/functions/JetFunctions.h"
+#include "jet/sqlite/JetFunctions.h"
 
 namespace kvi::bench {
 namespace {

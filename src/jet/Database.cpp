@@ -1,20 +1,16 @@
 #include "jet/Database.h"
 
-#include <sqlite3.h>
-
 #include <cstdlib>
 #include <filesystem>
 
 #include "base/HiddenFolder.h"
 #include "base/RunTimeError.h"
-#include "jet/engine/CopyDatabase.h"
 #include "jet/engine/FieldRules.h"
-#include "jet/engine/ReplaceContent.h"
 #include "jet/engine/StatementRun.h"
-#include "jet/functions/JetFunctions.h"
 #include "jet/sets/Dynaset.h"
 #include "jet/sets/QueryCache.h"
 #include "jet/sets/Snapshot.h"
+#include "jet/sqlite/SqliteTables.h"
 
 namespace kvi::jet {
 namespace {
@@ -26,9 +22,9 @@ OpenFile& Required(const std::shared_ptr<OpenFile>& engine) {
 }
 
 void MakeTables(const std::string& path, const std::vector<TableDef>& tables) {
-  Connection connection(path);
+  SqliteConnection connection(path);
   connection.Run("PRAGMA page_size=16384;BEGIN");
-  for (const TableDef& table : tables) TableCatalog::CreateTable(connection, table);
+  for (const TableDef& table : tables) CreateTable(connection, table);
   connection.Run("COMMIT");
 }
 
@@ -49,7 +45,7 @@ Database& Database::operator=(Database&& other) noexcept {
 }
 
 Database Database::Open(const std::string& path, bool exclusive) {
-  return Database(std::make_shared<OpenFile>(path, exclusive));
+  return Database(std::make_shared<OpenFile>(OpenConnection(path, exclusive)));
 }
 
 Database Database::Create(const std::string& path, const std::vector<TableDef>& tables) {
@@ -82,12 +78,14 @@ ForeignDatabase Database::OpenForeign(const std::string& path, const std::string
     foreign.Protocol = ConvertOldFile({path, password}, copy);
   else
     Open(path, false).CopyTo(copy);
-  const auto engine = std::make_shared<OpenFile>(copy, true);
+  auto opened = std::make_unique<SqliteConnection>(copy, true);
+  SqliteConnection& connection = *opened;
+  const auto engine = std::make_shared<OpenFile>(std::move(opened));
   for (const ConvertedTable& table : foreign.Protocol.Tables)
     if (!table.Losses.empty() && engine->tables.Find(table.Name))
-      engine->connection.Run("DROP TABLE " + Bracketed(table.Name));
+      connection.Run("DROP TABLE " + Bracketed(table.Name));
   engine->tables.Forget();
-  engine->connection.Run("PRAGMA query_only=ON");
+  connection.Run("PRAGMA query_only=ON");
   foreign.Content = Database(engine);
   return foreign;
 }
@@ -126,11 +124,11 @@ long Database::Execute(std::string_view sql) {
   const auto query = engine.queries.Find(sql);
   if (query->translation.kind != Translation::Kind::Action) throw RunTimeError(3065);
   long count = 0;
-  engine.lock.Run([&] {
+  engine.lock.Run(LockScope::All, [&] {
     StatementRun run(engine.connection, query->translation.Sql);
     run.BindAll(query->translation.Parameters);
     run.Step();
-    count = sqlite3_changes(engine.connection.Handle());
+    count = engine.connection.RowsWritten();
   });
   if (count > 0) engine.watch.Distrust();
   return count;
@@ -149,29 +147,28 @@ void Database::UseDefaultsOf(const std::vector<TableDef>& tables) {
 void Database::AppendField(std::string_view table, const FieldDef& field) {
   OpenFile& engine = Required(engine_);
   engine.Look();
-  engine.lock.Run([&] { engine.tables.AppendField(table, field); });
+  engine.lock.Run(LockScope::All, [&] { engine.tables.AppendField(table, field); });
   engine.tables.Forget();
 }
 
 std::string Database::Path() const {
-  return sqlite3_db_filename(Required(engine_).connection.Handle(), "main");
+  return Required(engine_).connection.Path();
 }
 
 std::uint64_t Database::ChangeCount() {
   OpenFile& engine = Required(engine_);
   engine.Look();
-  return engine.watch.FileCounter();
+  return engine.watch.Commits();
 }
 
 void Database::CopyTo(const std::string& path) {
   OpenFile& engine = Required(engine_);
   engine.lock.GiveBack();
-  CopyDatabase(engine.connection, path);
+  engine.connection.CopyTo(path);
 }
 
 void Database::Check() {
-  StatementRun run(Required(engine_).connection, "PRAGMA main.quick_check(1)");
-  if (run.Step() && run.Text(0) != "ok") throw RunTimeError(3343, "'" + Path() + "' is damaged.");
+  Required(engine_).connection.Check();
 }
 
 void Database::ReplaceContentWith(const std::string& path) {
@@ -181,8 +178,8 @@ void Database::ReplaceContentWith(const std::string& path) {
   if (std::filesystem::equivalent(path, Path(), error))
     throw RunTimeError(3045, "'" + path + "' is the open database itself.");
   engine.lock.GiveBack();
-  const SourceFile source(engine.connection, path);
-  engine.lock.Run([&] { ReplaceContent(engine.connection, engine.watch.Generation() + 1); });
+  const auto content = engine.connection.OpenContent(path);
+  engine.lock.Run(LockScope::All, [&] { content->PutIn(engine.watch.Generation() + 1); });
   engine.watch.Look();
   engine.tables.Forget();
 }

@@ -4,7 +4,7 @@
 #include <sqlite3.h>
 
 #include "base/ErrorOf.h"
-#include "jet/functions/JetFunctions.h"
+#include "jet/sqlite/JetFunctions.h"
 
 namespace kvi::jet {
 namespace {

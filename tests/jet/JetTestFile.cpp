@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "base/RunTimeError.h"
-#include "jet/functions/JetFunctions.h"
+#include "jet/sqlite/JetFunctions.h"
 #include "support/TableText.h"
 
 namespace kvi::jet {

@@ -11,7 +11,7 @@
 
 #include "base/TextOrder.h"
 #include "base/Utf8.h"
-#include "jet/functions/JetFunctions.h"
+#include "jet/sqlite/JetFunctions.h"
 #include "jet/postgres/ServerTables.h"
 #include "support/ServerDatabase.h"
 

@@ -23,7 +23,7 @@ std::string PlanOf(jet::OpenFile& engine, const std::string& sql) {
 TEST(StatementPlans, TheFrequentStatementsUseAnIndex) {
   TemporaryFolder folder;
   CreateInventoryDatabase(folder / "KV_Inventory.mdb").Close();
-  jet::OpenFile engine(folder / "KV_Inventory.mdb", false);
+  jet::OpenFile engine(jet::OpenConnection(folder / "KV_Inventory.mdb", false));
   const char* statements[] = {
       "SELECT * FROM I_Master WHERE Trim(Inv_ID) = '9';",
       "SELECT * FROM I_Master WHERE lTrim(rtrim(Inv_ID)) = '9';",

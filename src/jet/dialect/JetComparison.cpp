@@ -53,6 +53,10 @@ void JetWriter::CompareWith(const Operand& left, std::string_view symbol) {
   if (left.kind == Kind::Number || right.kind == Kind::Number || KindOf(left) == Kind::Date ||
       KindOf(right) == Kind::Date)
     return Coerce(left, leftEnd, right);
+  CompareAlike(left, leftEnd, right);
+}
+
+void JetWriter::CompareAlike(const Operand& left, std::size_t, const Operand& right) {
   DropCase(right);
   DropCase(left);
 }
@@ -129,19 +133,29 @@ void JetWriter::In(const Operand& left, bool negated) {
   tokens_.ExpectSymbol("(");
   bool numbers = false;
   const bool dates = KindOf(left) == Kind::Date;
-  if (tokens_.Peek().Is("SELECT")) {
+  const bool select = tokens_.Peek().Is("SELECT");
+  if (select) {
+    const std::size_t start = out_.size();
     Select(false);
+    BesideSelect(left, leftEnd, start);
   } else {
     do {
       if (out_.back() != '(') out_ += ", ";
       const Operand value = Or();
-      if (dates) ReadAsDate(value, out_.size());
+      if (dates)
+        ReadAsDate(value, out_.size());
+      else
+        ValueBeside(left, value);
       numbers |= value.kind == Kind::Number;
     } while (tokens_.TakeSymbolIf(","));
   }
   tokens_.ExpectSymbol(")");
   out_ += ')';
-  if (numbers && !dates) ReadAsNumber(left, leftEnd);
+  if (!dates && !select) BesideValues(left, leftEnd, numbers);
+}
+
+void JetWriter::BesideValues(const Operand& left, std::size_t leftEnd, bool numbers) {
+  if (numbers) ReadAsNumber(left, leftEnd);
 }
 
 void JetWriter::Between(const Operand& left, bool negated) {
@@ -150,14 +164,17 @@ void JetWriter::Between(const Operand& left, bool negated) {
   const bool dates = KindOf(left) == Kind::Date;
   const auto bound = [&] {
     const Operand operand = Concatenation();
-    if (dates) ReadAsDate(operand, out_.size());
+    if (dates)
+      ReadAsDate(operand, out_.size());
+    else
+      ValueBeside(left, operand);
     return operand.kind == Kind::Number;
   };
   const bool number = bound();
   tokens_.Expect("AND");
   out_ += " AND ";
   bound();
-  if (number && !dates) ReadAsNumber(left, leftEnd);
+  if (!dates) BesideValues(left, leftEnd, number);
 }
 
 // A field's kind is looked up only where it decides something.

@@ -28,13 +28,18 @@ JetWriter::JetWriter(std::string_view sql, int firstParameter, const ShapeOfTabl
   out_.reserve(2 * sql.size() + 64);
 }
 
+void JetWriter::Collate() {
+  out_ += kCollate;
+}
+
 JetWriter::Operand JetWriter::Or() {
   if (++depth_ > kMaxDepth) tokens_.Fail("Expression too complex");
   Operand left = And();
   while (tokens_.TakeIf("OR")) {
+    AsCondition(left, out_.size());
     out_ += " OR ";
-    And();
-    left = {left.start};
+    AsCondition(And(), out_.size());
+    left = {left.start, Kind::Condition};
   }
   --depth_;
   return left;
@@ -43,9 +48,10 @@ JetWriter::Operand JetWriter::Or() {
 JetWriter::Operand JetWriter::And() {
   Operand left = Not();
   while (tokens_.TakeIf("AND")) {
+    AsCondition(left, out_.size());
     out_ += " AND ";
-    Not();
-    left = {left.start};
+    AsCondition(Not(), out_.size());
+    left = {left.start, Kind::Condition};
   }
   return left;
 }
@@ -58,12 +64,14 @@ JetWriter::Operand JetWriter::Not() {
     negated = true;
   }
   const Operand operand = Comparison();
-  return negated ? Operand{start} : operand;
+  if (!negated) return operand;
+  AsCondition(operand, out_.size());
+  return {start, Kind::Condition};
 }
 
 JetWriter::Operand JetWriter::Comparison() {
   Operand left = Concatenation();
-  while (Compare(left)) left = {left.start};
+  while (Compare(left)) left = {left.start, Kind::Condition};
   return left;
 }
 
@@ -78,7 +86,7 @@ JetWriter::Operand JetWriter::Concatenation() {
     out_ += ')';
   }
   out_ += ')';
-  out_ += kCollate;
+  Collate();
   return {left.start, Kind::Text};
 }
 
@@ -87,7 +95,7 @@ JetWriter::Operand JetWriter::Sum() {
   while (tokens_.Peek().IsSymbol("+") || tokens_.Peek().IsSymbol("-")) {
     const bool plus = tokens_.Take().text == "+";
     TruthAsNumber(left);
-    const std::size_t operatorStart = out_.size();
+    const std::size_t operatorStart = out_.size(), leftEnd = operatorStart;
     out_ += plus ? " + " : " - ";
     const Operand right = Product();
     TruthAsNumber(right);
@@ -98,6 +106,7 @@ JetWriter::Operand JetWriter::Sum() {
       out_ += ')';
       left = {left.start, Kind::Text};
     } else {
+      Calculate(left, leftEnd, right, false);
       left = {left.start, Kind::Number};
     }
   }
@@ -108,14 +117,14 @@ JetWriter::Operand JetWriter::Product() {
   Operand left = Sign();
   while (tokens_.Peek().IsSymbol("*") || tokens_.Peek().IsSymbol("/")) {
     TruthAsNumber(left);
-    if (tokens_.Take().text == "*") {
-      out_ += " * ";
-    } else {
-      // Two whole numbers divide to a number with decimals.
-      out_.insert(left.start, "1.0 * ");
-      out_ += " / ";
-    }
-    TruthAsNumber(Sign());
+    const bool divides = tokens_.Take().text == "/";
+    const std::size_t leftEnd = out_.size();
+    out_ += divides ? " / " : " * ";
+    const Operand right = Sign();
+    TruthAsNumber(right);
+    Calculate(left, leftEnd, right, divides);
+    // Two whole numbers divide to a number with decimals.
+    if (divides) out_.insert(left.start, "1.0 * ");
     left = {left.start, Kind::Number};
   }
   return left;
@@ -179,7 +188,7 @@ JetWriter::Operand JetWriter::Literal(const JetToken& token) {
     return {start, Kind::Date};
   }
   Parameter(token.Content());
-  out_ += kCollate;
+  Collate();
   return {start, Kind::Text};
 }
 
@@ -188,7 +197,8 @@ JetWriter::Operand JetWriter::NameOrCall(const JetToken& token) {
   if (token.kind == JetToken::Kind::Name && tokens_.Peek().IsSymbol("(")) {
     if (!token.Is("EXISTS")) return Call(start, token);
     out_ += "EXISTS ";
-    return Primary();
+    Primary();
+    return {start, Kind::Condition};
   }
   if (token.Is("NULL")) {
     out_ += "NULL";
@@ -239,7 +249,7 @@ JetWriter::Operand JetWriter::Call(std::size_t start, const JetToken& name) {
     out_ += ')';
   }
   // Inside of another function's brackets the collation would hide the call from its index.
-  if (function->result != JetResult::Number && !inPlainArguments_) out_ += kCollate;
+  if (function->result != JetResult::Number && !inPlainArguments_) Collate();
   const Kind kind = function->result == JetResult::Text     ? Kind::Text
                     : function->result == JetResult::Number ? Kind::Number
                                                             : Kind::Unknown;
@@ -256,6 +266,7 @@ int JetWriter::Arguments(const JetFunction& function, Operand& last) {
     do {
       if (count > 0) out_ += ", ";
       last = Or();
+      if (function.keyword == "IIF" && count == 0) AsCondition(last, out_.size());
       ++count;
     } while (tokens_.TakeSymbolIf(","));
   }

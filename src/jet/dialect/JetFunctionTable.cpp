@@ -20,7 +20,7 @@ constexpr JetFunction kFunctions[] = {
     {"MID", "Mid", 2, 3, JetResult::Text},
     {"CSTR", "CStr", 1, 1, JetResult::Text},
     {"CDBL", "CDbl", 1, 1, JetResult::Number},
-    {"INT", "Int", 1, 1, JetResult::Number},
+    {"INT", "[Int]", 1, 1, JetResult::Number},
     {"ABS", "abs", 1, 1, JetResult::Number},
     {"IIF", "iif", 3, 3, JetResult::Unknown},
     {"NZ", "Nz", 1, 2, JetResult::Unknown},

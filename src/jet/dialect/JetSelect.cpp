@@ -16,8 +16,9 @@ void JetWriter::Select(bool outermost) {
     // SQLite limits the whole, and not one side.
     if (!shape.top.empty() || !arm.top.empty()) tokens_.Fail("Syntax error in TOP");
     shape.keyed = false;
+    shape.united = true;
   }
-  std::string order = OrderBy();
+  std::string order = OrderBy(shape);
   if (!shape.top.empty()) out_.append(" LIMIT ").append(shape.top);
   if (outermost && shape.keyed) {
     result_.OrderBy = std::move(order);
@@ -35,6 +36,7 @@ void JetWriter::SelectCore(Shape& shape) {
   shape.firstTable = tables_.size();
   tokens_.Expect("SELECT");
   out_ += "SELECT ";
+  shape.listStart = out_.size();
   SelectHead(shape);
   SelectList(shape);
   if (tokens_.TakeIf("FROM")) {
@@ -55,12 +57,14 @@ void JetWriter::SelectCore(Shape& shape) {
   } else {
     ExpandStars(shape);
   }
+  FinishCore(shape);
 }
 
 void JetWriter::SelectHead(Shape& shape) {
   if (tokens_.TakeIf("DISTINCT")) {
-    out_ += "DISTINCT ";
+    shape.distinct = true;
     shape.keyed = false;
+    Distinct(shape);
   } else if (!tokens_.TakeIf("DISTINCTROW")) {
     tokens_.TakeIf("ALL");
   }
@@ -69,6 +73,10 @@ void JetWriter::SelectHead(Shape& shape) {
   if (count.kind != JetToken::Kind::Number) tokens_.Fail("Syntax error in TOP");
   shape.top = count.text;
   shape.keyed = false;
+}
+
+void JetWriter::Distinct(Shape&) {
+  out_ += "DISTINCT ";
 }
 
 void JetWriter::SelectList(Shape& shape) {
@@ -83,6 +91,7 @@ void JetWriter::SelectList(Shape& shape) {
 void JetWriter::SelectItem(Shape& shape, int ordinal) {
   if (StarItem(shape)) return;
   const Operand item = Or();
+  shape.items.push_back({item, out_.size()});
   if (item.call != nullptr && item.call->IsExtreme()) shape.extremes.emplace_back(ordinal, item);
   if (tokens_.TakeIf("AS")) {
     out_ += " AS ";
@@ -136,35 +145,44 @@ void JetWriter::Grouping(Shape& shape) {
     out_ += " GROUP BY ";
     do {
       if (out_.back() != ' ') out_ += ", ";
-      Or();
+      EndGroup(shape, Or());
     } while (tokens_.TakeSymbolIf(","));
   }
   if (tokens_.TakeIf("HAVING")) {
     shape.keyed = false;
     out_ += " HAVING ";
-    Or();
+    AsCondition(Or(), out_.size());
   }
 }
 
 // Returns the order as written, without the words.
-std::string JetWriter::OrderBy() {
-  if (!tokens_.TakeIf("ORDER")) return {};
+std::string JetWriter::OrderBy(Shape& shape) {
+  if (!tokens_.TakeIf("ORDER")) {
+    FinishOrder(shape);
+    return {};
+  }
   tokens_.Expect("BY");
   out_ += " ORDER BY ";
   const std::size_t start = out_.size();
   do {
     if (out_.size() > start) out_ += ", ";
     // A bare number is the place of a column, and would be none as a parameter.
+    Operand term{out_.size(), Kind::Number};
     if (tokens_.Peek().kind == JetToken::Kind::Number)
       out_ += tokens_.Take().text;
     else
-      Or();
-    if (tokens_.TakeIf("DESC"))
-      out_ += " DESC";
-    else
-      tokens_.TakeIf("ASC");
+      term = Or();
+    const bool descending = tokens_.TakeIf("DESC");
+    if (!descending) tokens_.TakeIf("ASC");
+    OrderTerm(shape, term, descending);
   } while (tokens_.TakeSymbolIf(","));
-  return out_.substr(start);
+  std::string order = out_.substr(start);
+  FinishOrder(shape);
+  return order;
+}
+
+void JetWriter::OrderTerm(Shape&, const Operand&, bool descending) {
+  if (descending) out_ += " DESC";
 }
 
 void JetWriter::JoinedTables(Shape& shape) {
@@ -178,7 +196,7 @@ void JetWriter::JoinedTables(Shape& shape) {
       JoinOperand(shape);
       tokens_.Expect("ON");
       out_ += " ON ";
-      Or();
+      AsCondition(Or(), out_.size());
     } else {
       break;
     }

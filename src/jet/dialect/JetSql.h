@@ -10,10 +10,13 @@
 
 namespace kvi::jet {
 
-// A Jet statement rewritten for SQLite. `Sql` is the statement's shape: every literal stands as a
-// numbered parameter (?1, ?2 ...) and in `Parameters`, so that prepared statements can be cached by
-// shape. Names stand in brackets, which SQLite never takes for a text. An UPDATE raises `_ver` in
-// each row as well.
+// Whose SQL is written.
+enum class SqlForm { Sqlite, Postgres };
+
+// A Jet statement rewritten for an engine. `Sql` is the statement's shape: every literal stands as
+// a numbered parameter (?1, ?2 ...) and in `Parameters`, so that prepared statements can be cached
+// by shape. Names stand in brackets, which SQLite never takes for a text. An UPDATE raises `_ver`
+// in each row as well.
 struct Translation {
   enum class Kind { Select, Action };
 
@@ -46,7 +49,8 @@ using ShapeOfTable = std::function<TableShape(std::string_view table)>;
 // Translates one statement. Raises 3075 for text that is no single statement (an open quote,
 // anything behind the closing semicolon, a comment), 3085 for an unknown function, 3129 for a
 // statement of an unknown kind. Only SELECT, INSERT, UPDATE and DELETE pass.
-Translation Translate(std::string_view jetSql, const ShapeOfTable& shapeOf = {});
+Translation Translate(std::string_view jetSql, const ShapeOfTable& shapeOf = {},
+                      SqlForm form = SqlForm::Sqlite);
 
 // Translates a search criterion, as FindFirst takes it, to the text of a condition over its own
 // parameters, numbered from `firstParameter` on. `fields` are those of the set searched.
@@ -55,6 +59,7 @@ struct Condition {
   std::vector<Value> Parameters;
 };
 Condition TranslateCondition(std::string_view criterion, int firstParameter,
-                             const std::vector<FieldDef>* fields = nullptr);
+                             const std::vector<FieldDef>* fields = nullptr,
+                             SqlForm form = SqlForm::Sqlite);
 
 }  // namespace kvi::jet

@@ -1,14 +1,17 @@
 #include "base/RunTimeError.h"
-#include "jet/dialect/JetWriter.h"
+#include "jet/dialect/PostgresWriter.h"
 
 namespace kvi::jet {
 
-Translation Translate(std::string_view jetSql, const ShapeOfTable& shapeOf) {
+Translation Translate(std::string_view jetSql, const ShapeOfTable& shapeOf, SqlForm form) {
+  if (form == SqlForm::Postgres) return PostgresWriter(jetSql, 1, shapeOf).WriteStatement();
   return JetWriter(jetSql, 1, shapeOf).WriteStatement();
 }
 
 Condition TranslateCondition(std::string_view criterion, int firstParameter,
-                             const std::vector<FieldDef>* fields) {
+                             const std::vector<FieldDef>* fields, SqlForm form) {
+  if (form == SqlForm::Postgres)
+    return PostgresWriter(criterion, firstParameter, {}).WriteCondition(fields);
   return JetWriter(criterion, firstParameter, {}).WriteCondition(fields);
 }
 
@@ -34,7 +37,7 @@ Translation JetWriter::WriteStatement() {
 
 Condition JetWriter::WriteCondition(const std::vector<FieldDef>* fields) {
   tables_.push_back({{}, {}, TableShape{fields}});
-  Or();
+  AsCondition(Or(), out_.size());
   ExpectEnd();
   return {std::move(result_.Sql), std::move(result_.Parameters)};
 }
@@ -56,7 +59,7 @@ void JetWriter::Update() {
     Name(field);
     tokens_.ExpectSymbol("=");
     out_ += " = ";
-    Or();
+    Assign(field, Or());
     more = tokens_.TakeSymbolIf(",");
     if (more) out_ += ", ";
   }
@@ -120,7 +123,7 @@ std::string JetWriter::Where() {
   if (!tokens_.TakeIf("WHERE")) return {};
   out_ += " WHERE ";
   const std::size_t start = out_.size();
-  Or();
+  AsCondition(Or(), out_.size());
   return out_.substr(start);
 }
 

@@ -1,15 +1,17 @@
 #include "jet/engine/Engine.h"
 
-#include <sqlite3.h>
-
 #include <utility>
 
 #include "base/RunTimeError.h"
 
 namespace kvi::jet {
 
-Engine::Engine(const std::string& path, bool exclusive)
-    : connection(path, exclusive), watch(connection), tables(connection), lock(connection, watch) {}
+Engine::Engine(std::unique_ptr<Connection> opened)
+    : opened_(std::move(opened)),
+      connection(*opened_),
+      watch(connection),
+      tables(connection),
+      lock(connection, watch) {}
 
 Engine::~Engine() {
   Close();
@@ -26,14 +28,7 @@ void Engine::Close() {
 }
 
 void Engine::Look() {
-  const int state = sqlite3_txn_state(connection.Handle(), "main");
-  if (state == SQLITE_TXN_WRITE) return;
-  if (state == SQLITE_TXN_READ) {
-    // Taking the lock told the engine already whether the file is another than before.
-    unsigned version = 0;
-    sqlite3_file_control(connection.Handle(), "main", SQLITE_FCNTL_DATA_VERSION, &version);
-    if (std::exchange(versionLookedAt_, version) == version) return;
-  }
+  if (!connection.MayHaveChanged()) return;
   watch.Look();
   if (watch.SchemaEpoch() == schemaEpoch_) return;
   schemaEpoch_ = watch.SchemaEpoch();

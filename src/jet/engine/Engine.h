@@ -1,7 +1,7 @@
 #pragma once
 
 #include <chrono>
-#include <string>
+#include <memory>
 
 #include "jet/engine/ChangeWatch.h"
 #include "jet/engine/Connection.h"
@@ -14,7 +14,7 @@ namespace kvi::jet {
 // closed each of their calls raises 3420.
 class Engine {
  public:
-  Engine(const std::string& path, bool exclusive);
+  explicit Engine(std::unique_ptr<Connection> opened);
   ~Engine();
 
   bool IsOpen() const { return connection.IsOpen(); }
@@ -33,14 +33,17 @@ class Engine {
   };
   Stamp Now(const StoredTable& table) const { return {watch.Epoch(), *table.Writes}; }
 
-  Connection connection;
+ private:
+  const std::unique_ptr<Connection> opened_;
+
+ public:
+  Connection& connection;
   ChangeWatch watch;
   TableCatalog tables;
   WriteLock lock;
 
  private:
   std::uint64_t schemaEpoch_ = 0;
-  unsigned versionLookedAt_ = 0;
   int glances_ = 0;
   std::chrono::steady_clock::time_point lastLook_;
 };

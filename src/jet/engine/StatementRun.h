@@ -10,41 +10,38 @@
 
 namespace kvi::jet {
 
-// One run of a prepared statement. It is reset at the end, whatever happens: a statement left open
-// would hold the file against every other desk.
+// One run of a prepared statement. What it holds is given back at the end, whatever happens.
 class StatementRun {
  public:
-  StatementRun(Connection& connection, std::string_view sql);
-  ~StatementRun();
+  StatementRun(Connection& connection, std::string_view sql) : run_(connection.Start(sql)) {}
+  ~StatementRun() { run_.Finish(); }
   StatementRun(const StatementRun&) = delete;
   StatementRun& operator=(const StatementRun&) = delete;
 
   // A text bound must live as long as the run.
-  void Bind(int index, std::int64_t value);
-  void Bind(int index, std::string_view text);
+  void Bind(int index, std::int64_t value) { run_.Bind(index, value); }
+  void Bind(int index, std::string_view text) { run_.Bind(index, text); }
   void Bind(int index, const Value& value);
   // The parameters from ?1 on, as far as the statement has them.
   void BindAll(const std::vector<Value>& parameters);
 
-  // Goes to the next row; false at the end.
-  bool Step();
+  bool Step() { return run_.Step(); }
+  void Write() { run_.Write(); }
 
-  int Columns() const;
-  std::string_view Name(int column) const;
-  // The type that the column was declared with, "" for an expression.
-  std::string_view DeclaredType(int column) const;
+  int Columns() const { return run_.Columns(); }
+  std::string_view Name(int column) const { return run_.Name(column); }
+  std::string_view DeclaredType(int column) const { return run_.DeclaredType(column); }
 
-  bool IsNull(int column) const;
-  std::int64_t Whole(int column) const;
-  std::string_view Text(int column) const;
+  bool IsNull(int column) const { return run_.KindOf(column) == Statement::Kind::Null; }
+  std::int64_t Whole(int column) const { return run_.Whole(column); }
+  std::string_view Text(int column) const { return run_.Text(column); }
   // As a field of this type holds it: no Null in a boolean, dates out of their ISO text.
   Value Field(int column, FieldType type) const;
   // As it is stored.
   Value Plain(int column) const;
 
  private:
-  Connection& connection_;
-  sqlite3_stmt* statement_;
+  Statement& run_;
 };
 
 }  // namespace kvi::jet

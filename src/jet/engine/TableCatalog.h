@@ -12,18 +12,7 @@
 
 namespace kvi::jet {
 
-// A table as the file has it. A file that another tool made has no columns of ours: then the row
-// number stands for `_rid`, and no change by another desk is noticed at Edit.
-struct StoredTable {
-  std::string Name;
-  std::vector<FieldDef> Fields;  // without the hidden columns
-  std::string Key;               // the column that identifies a row; "" when none does
-  bool Versioned = false;
-  // Counts the writes of this process to the table, so that rows held in memory know their age.
-  std::shared_ptr<std::uint64_t> Writes;
-};
-
-// What tables there are, read from the file when first asked for.
+// What tables there are, read when first asked for.
 class TableCatalog {
  public:
   explicit TableCatalog(Connection& connection) : connection_(connection) {}
@@ -40,14 +29,9 @@ class TableCatalog {
   // Counts how often the tables were forgotten: what was known of them then may not hold.
   std::uint64_t Epoch() const { return epoch_; }
 
-  static void CreateTable(Connection& connection, const TableDef& table);
-  // The table's index of this number. Raises 3022 where rows share a key that is to be unique.
-  static void CreateIndex(Connection& connection, const std::string& table, const IndexDef& index,
-                          int number);
   void AppendField(std::string_view table, const FieldDef& field);
 
  private:
-  std::shared_ptr<StoredTable> Read(std::string_view table);
   void SetDefaults(StoredTable& table) const;
 
   Connection& connection_;

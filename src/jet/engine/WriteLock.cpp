@@ -1,15 +1,13 @@
 #include "jet/engine/WriteLock.h"
 
-#include <sqlite3.h>
-
 #include <ctime>
 #include <thread>
 #include <utility>
 
 #include "base/RunTimeError.h"
-#include "jet/engine/EngineError.h"
 
 namespace kvi::jet {
+
 WriteLock::Clock::time_point WriteLock::Tick() {
   timespec tick{};
   clock_gettime(CLOCK_MONOTONIC_COARSE, &tick);
@@ -17,47 +15,44 @@ WriteLock::Clock::time_point WriteLock::Tick() {
                            std::chrono::nanoseconds(tick.tv_nsec));
 }
 
-void WriteLock::Begin() {
+void WriteLock::Begin(LockScope scope) {
   if (connection_.IsReadOnly()) throw RunTimeError(3027);
   if (lost_ != 0) throw RunTimeError(lost_);
   if (group_ && edits_ == 0 && IsGroupOver()) CommitGroup();
-  if (reading_ && (connection_.HoldsNothing() || !KeepReadLock())) EndRead();
-  if (!connection_.InTransaction()) Take();
+  if (reading_ && !KeepReadLock()) EndRead();
+  if (InBatch()) scope = LockScope::All;
+  if (!connection_.InTransaction() || (scope == LockScope::All && !connection_.IsAlone()))
+    Take(scope);
 }
 
-// Writing after reading keeps the lock that is held, where nobody else is about to write: no state
-// of the file comes in between, and a shared folder sees half the trips.
 bool WriteLock::KeepReadLock() {
-  if (connection_.TryRun("DELETE FROM sqlite_sequence WHERE 0") != SQLITE_OK) return false;
+  if (!connection_.WriteAfterRead()) return false;
   reading_ = false;
   Taken();
   return true;
 }
 
-void WriteLock::Take() {
+void WriteLock::Take(LockScope scope) {
   // The other desks get their turn between two groups.
   if (InBatch()) std::this_thread::sleep_until(groupEnded_ + kPause);
-  int code = connection_.TryStep("BEGIN IMMEDIATE");
-  while (IsBusy(code) && connection_.AskToWait()) code = connection_.TryStep("BEGIN IMMEDIATE");
-  if (code != SQLITE_OK) connection_.Fail(code);
+  while (!connection_.TakeWriteLock(scope))
+    if (!connection_.AskToWait()) throw RunTimeError(3260);
   Taken();
 }
 
 void WriteLock::Taken() {
   watch_.Look();
-  changesBefore_ = sqlite3_total_changes64(connection_.Handle());
+  changesBefore_ = connection_.AllRowsWritten();
   group_ = InBatch();
   groupBegun_ = Tick();
 }
 
 bool WriteLock::End() {
   if (InBatch()) return true;
-  const int code = TryCommit();
-  if (code == SQLITE_OK) {
+  if (TryCommit()) {
     Release(&Writer::Committed);
     return true;
   }
-  if (!IsBusy(code)) FailCommit(code);
   Forgo();
   if (!connection_.AskToWait()) throw RunTimeError(3260);
   return false;
@@ -70,25 +65,19 @@ void WriteLock::Abandon() {
 }
 
 bool WriteLock::HasWritten() const {
-  return sqlite3_total_changes64(connection_.Handle()) != changesBefore_;
+  return connection_.AllRowsWritten() != changesBefore_;
 }
 
-int WriteLock::TryCommit() {
-  LockWait wait;
-  wait.Start();
-  int code = connection_.TryStep("COMMIT");
-  while (IsBusy(code) && wait.Nap()) code = connection_.TryStep("COMMIT");
-  if (code == SQLITE_OK && HasWritten()) watch_.ExpectOwnCommit();
-  return code;
-}
-
-void WriteLock::FailCommit(int code) {
+// What cannot be committed is taken back, but where a lock is the reason.
+bool WriteLock::TryCommit() {
   try {
-    connection_.Fail(code);
-  } catch (const RunTimeError&) {
+    if (!connection_.Commit()) return false;
+  } catch (...) {
     Forgo();
     throw;
   }
+  if (HasWritten()) watch_.ExpectOwnCommit();
+  return true;
 }
 
 void WriteLock::Release(void (Writer::*tell)()) {
@@ -100,9 +89,9 @@ void WriteLock::Release(void (Writer::*tell)()) {
 
 void WriteLock::Forgo() {
   const bool wrote = HasWritten();
-  if (connection_.InTransaction()) connection_.TryStep("ROLLBACK");
+  connection_.RollBack();
   Release(&Writer::TakenBack);
-  changesBefore_ = sqlite3_total_changes64(connection_.Handle());
+  changesBefore_ = connection_.AllRowsWritten();
   if (wrote) watch_.Distrust();
 }
 
@@ -134,30 +123,33 @@ void WriteLock::LeaveBatch() {
 void WriteLock::CommitGroup() {
   if (lost_ != 0) throw RunTimeError(lost_);
   if (!group_) return;
-  if (const int code = TryCommit(); code != SQLITE_OK) FailCommit(code);
-  Release(&Writer::Committed);
-  groupEnded_ = Clock::now();
+  if (!TryCommit()) {
+    Forgo();
+    throw RunTimeError(3260);
+  }
+  EndGroup();
 }
 
 void WriteLock::Breathe() {
   if (!group_ || edits_ > 0 || !IsGroupOver()) return;
-  const int code = TryCommit();
-  if (IsBusy(code)) {
+  if (TryCommit())
+    EndGroup();
+  else
     groupBegun_ = Tick();  // the next write, or the next read after a while, tries again
-    return;
-  }
-  if (code != SQLITE_OK) FailCommit(code);
+}
+
+void WriteLock::EndGroup() {
   Release(&Writer::Committed);
   groupEnded_ = Clock::now();
 }
 
 bool WriteLock::BeginRead() {
   if (connection_.InTransaction()) return false;
-  return reading_ = connection_.TryStep("BEGIN") == SQLITE_OK;
+  return reading_ = connection_.BeginRead();
 }
 
 void WriteLock::EndRead() {
-  if (std::exchange(reading_, false)) connection_.TryStep("COMMIT");
+  if (std::exchange(reading_, false)) connection_.EndRead();
 }
 
 void WriteLock::GiveBack() {

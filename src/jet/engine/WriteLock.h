@@ -9,7 +9,7 @@
 
 namespace kvi::jet {
 
-// Who holds the file's write lock, and until when. There is one transaction at most; it ends with
+// Who holds the write lock, and until when. There is one transaction at most; it ends with
 // the row that was written, or, within a batch, with the group of rows. A commit that fails takes
 // back what it was to commit: nothing is held afterwards.
 //
@@ -34,9 +34,9 @@ class WriteLock {
   // they are committed at once. 3027, or 3260 when the wait is over; where the user goes on waiting
   // instead, `write` runs again, on what the other desk left.
   template <typename Write>
-  void Run(Write write) {
+  void Run(LockScope scope, Write write) {
     do {
-      Begin();
+      Begin(scope);
       try {
         write();
       } catch (...) {
@@ -46,8 +46,8 @@ class WriteLock {
     } while (!End());
   }
 
-  // Takes the lock or joins the transaction that has it; errors as Run.
-  void Begin();
+  // Takes the lock or joins the transaction that has it; errors as Run. A batch takes all.
+  void Begin(LockScope scope);
   // What Begin was for is not written after all.
   void Abandon();
 
@@ -88,14 +88,13 @@ class WriteLock {
   // every row of a batch.
   static Clock::time_point Tick();
 
-  void Take();
+  void Take(LockScope scope);
   bool KeepReadLock();
   void Taken();
   // False when the commit met a lock and the user goes on waiting: the rows must be written again.
   bool End();
-  int TryCommit();
-  // Takes back what could not be committed, and raises the code's error.
-  [[noreturn]] void FailCommit(int code);
+  bool TryCommit();
+  void EndGroup();
   void Release(void (Writer::*tell)());
   void Forgo();
   bool HasWritten() const;

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "base/RunTimeError.h"
-#include "jet/functions/JetFunctions.h"
+#include "jet/sqlite/JetFunctions.h"
 #include "jet/postgres/ServerCharacters.h"
 
 namespace kvi::jet {

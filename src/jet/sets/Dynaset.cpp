@@ -161,7 +161,8 @@ void Dynaset::RefreshRow() {
 void Dynaset::FindFirst(std::string_view criterion) {
   CancelUpdate();
   TheEngine().lock.Breathe();
-  const Condition condition = TranslateCondition(criterion, 1, &Fields());
+  const Condition condition =
+      TranslateCondition(criterion, 1, &Fields(), TheEngine().connection.Form());
   RowBlock found;
   StatementRun run(TheEngine().connection, shape_->Columns()->FindSql + condition.Sql);
   run.BindAll(condition.Parameters);

@@ -1,6 +1,4 @@
 // The writing half of a dynaset.
-#include <sqlite3.h>
-
 #include "base/RunTimeError.h"
 #include "jet/engine/FieldRules.h"
 #include "jet/sets/Dynaset.h"
@@ -21,7 +19,7 @@ void Dynaset::Edit() {
   const bool wasRead = cells_ != nullptr;
   const std::int64_t versionRead = wasRead ? block_.Version(Position()) : 0;
   WriteLock& lock = TheEngine().lock;
-  lock.Begin();
+  lock.Begin(LockScope::Row);
   // (Counted before the row is read, so that no group of a batch ends in between.)
   buffer_.Ticket = lock.OpenEdit();
   try {
@@ -81,7 +79,7 @@ void Dynaset::WriteEdit() {
 template <typename Write>
 bool Dynaset::WriteRow(Write write) {
   bool written = false, blockWasFresh = false;
-  TheEngine().lock.Run([&] {
+  TheEngine().lock.Run(LockScope::Row, [&] {
     written = write();
     blockWasFresh = block_.Stamp == Now();
     if (!written || joined_) return;
@@ -126,7 +124,7 @@ bool Dynaset::UpdateRow() {
   int parameter = 1;
   for (const std::size_t field : differing_) run.Bind(++parameter, buffer_[field]);
   if (shape_->Table().Versioned) run.Bind(++parameter, block_.Version(Position()) + 1);
-  run.Step();
+  run.Write();
   return true;
 }
 
@@ -156,21 +154,26 @@ void Dynaset::WriteNew() {
 }
 
 std::int64_t Dynaset::InsertRow() {
-  std::string names, marks;
-  int parameter = 0;
-  for (const std::size_t field : buffer_.Changed()) {
-    names += (parameter == 0 ? "" : ",") + Bracketed(shape_->Fields()[field].Name);
-    marks += (parameter == 0 ? "?" : ",?") + std::to_string(parameter + 1);
-    ++parameter;
-  }
-  const std::string into = "INSERT INTO " + Bracketed(shape_->Table().Name);
   Connection& connection = TheEngine().connection;
-  StatementRun run(connection, parameter == 0 ? into + " DEFAULT VALUES"
-                                              : into + "(" + names + ") VALUES(" + marks + ")");
-  parameter = 0;
+  const StoredTable& table = shape_->Table();
+  const std::int64_t key = connection.NextKey(table);
+  std::string names, marks;
+  int parameters = 0;
+  const auto add = [&](std::string_view column) {
+    names += (parameters == 0 ? "" : ",") + Bracketed(column);
+    marks += (parameters == 0 ? "?" : ",?") + std::to_string(parameters + 1);
+    ++parameters;
+  };
+  if (key != 0) add(table.Key);
+  for (const std::size_t field : buffer_.Changed()) add(shape_->Fields()[field].Name);
+  const std::string into = "INSERT INTO " + Bracketed(table.Name);
+  StatementRun run(connection, parameters == 0 ? into + " DEFAULT VALUES"
+                                               : into + "(" + names + ") VALUES(" + marks + ")");
+  int parameter = 0;
+  if (key != 0) run.Bind(++parameter, key);
   for (const std::size_t field : buffer_.Changed()) run.Bind(++parameter, buffer_[field]);
-  run.Step();
-  return sqlite3_last_insert_rowid(connection.Handle());
+  run.Write();
+  return key != 0 ? key : connection.LastKey();
 }
 
 void Dynaset::Delete() {
@@ -192,7 +195,7 @@ void Dynaset::DeleteRow() {
                                                Bracketed(table.Key) + "=?1");
   run.Bind(1, keys_[Position()]);
   run.Step();
-  if (sqlite3_changes(TheEngine().connection.Handle()) == 0) throw RunTimeError(3167);
+  if (TheEngine().connection.RowsWritten() == 0) throw RunTimeError(3167);
 }
 
 }  // namespace kvi::jet

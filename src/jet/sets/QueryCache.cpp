@@ -24,12 +24,12 @@ std::shared_ptr<const Query> QueryCache::Find(std::string_view sql) {
 
 std::shared_ptr<Query> QueryCache::Make(std::string_view sql) {
   auto query = std::make_shared<Query>();
-  query->translation = Translate(sql, ShapeOf());
+  query->translation = Translate(sql, ShapeOf(), engine_.connection.Form());
   const Translation& translation = query->translation;
   const auto table = translation.Table.empty() ? nullptr : engine_.tables.Find(translation.Table);
   if (table && !table->Key.empty()) {
     std::shared_ptr<QueryShape>& shape = shapes_[translation.Sql];
-    if (!shape) shape = std::make_shared<QueryShape>(table, translation);
+    if (!shape) shape = std::make_shared<QueryShape>(engine_.connection, table, translation);
     query->shape = shape;
   }
   return query;

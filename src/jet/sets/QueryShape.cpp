@@ -22,8 +22,10 @@ std::vector<FieldDef> FieldsOf(const StoredTable& table, const std::vector<std::
 
 }  // namespace
 
-QueryShape::QueryShape(std::shared_ptr<StoredTable> table, const Translation& translation)
-    : table_(std::move(table)),
+QueryShape::QueryShape(const Connection& connection, std::shared_ptr<StoredTable> table,
+                       const Translation& translation)
+    : connection_(connection),
+      table_(std::move(table)),
       fields_(FieldsOf(*table_, translation.Columns)),
       wanted_(fields_.Size(), 0) {
   if (!translation.Where.empty()) condition_ = " WHERE " + translation.Where;
@@ -65,11 +67,11 @@ ColumnChoice QueryShape::Choose() const {
     joined += ",t." + name;
   }
   choice.OpenSql = "SELECT " + plain + " FROM " + table + condition_ + order_;
-  choice.ListSql = "SELECT " + joined + " FROM json_each(?1) AS k CROSS JOIN " + table +
-                   " AS t ON t." + key + "=k.value";
+  choice.ListSql = connection_.ListSql(joined, *table_);
   choice.RangeSql =
       "SELECT " + plain + " FROM " + table + " WHERE " + key + " BETWEEN ?1 AND ?2 ORDER BY " + key;
   choice.RowSql = "SELECT " + plain + " FROM " + table + " WHERE " + key + "=?1";
+  choice.RowSql += connection_.ForUpdate();
   choice.FindSql = "SELECT " + plain + " FROM " + table + " WHERE ";
   return choice;
 }

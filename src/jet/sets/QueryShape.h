@@ -21,7 +21,7 @@ struct ColumnChoice {
   std::string OpenSql;              // the whole set, in its order
   std::string ListSql;              // the rows of a list of keys, in the list's order
   std::string RangeSql;             // the rows from one key to another, in the keys' order
-  std::string RowSql;               // the row of one key
+  std::string RowSql;               // the row of one key, to be changed
   std::string FindSql;              // ends in WHERE: a condition comes behind it
 };
 
@@ -30,7 +30,8 @@ struct ColumnChoice {
 // far they are walked.
 class QueryShape {
  public:
-  QueryShape(std::shared_ptr<StoredTable> table, const Translation& translation);
+  QueryShape(const Connection& connection, std::shared_ptr<StoredTable> table,
+             const Translation& translation);
 
   const StoredTable& Table() const { return *table_; }
   const FieldList& Fields() const { return fields_; }
@@ -62,6 +63,7 @@ class QueryShape {
   void WantNothing();
   ColumnChoice Choose() const;
 
+  const Connection& connection_;
   std::shared_ptr<StoredTable> table_;
   FieldList fields_;
   std::string condition_, order_, keySql_;

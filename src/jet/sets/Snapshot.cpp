@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "jet/engine/FieldRules.h"
 #include "jet/engine/StatementRun.h"
+#include "jet/sqlite/SqliteConnection.h"
 
 namespace kvi::jet {
 namespace {
@@ -27,10 +28,10 @@ bool IsWanted(const std::string& name, const std::vector<std::string>& wanted) {
          });
 }
 
-// All fields of one table are narrowed to the wanted ones here: SQLite sorts what it reads.
+// All fields of one table are narrowed to the wanted ones here: an engine sorts what it reads.
 std::string Narrowed(const Query& query, const std::vector<std::string>& wanted) {
   const Translation& whole = query.translation;
-  if (!query.shape || wanted.empty() || !whole.Columns.empty()) return whole.Sql;
+  if (!query.shape || !whole.Columns.empty()) return whole.Sql;
   std::string columns;
   for (std::size_t field = 0; field < query.shape->Fields().Size(); ++field) {
     const std::string& name = query.shape->Fields()[field].Name;
@@ -79,7 +80,7 @@ class Snapshot::Finder {
   }
 
  private:
-  Connection memory_;
+  SqliteConnection memory_;
 };
 
 Snapshot::Snapshot(std::shared_ptr<Engine> engine, const Query& query,

@@ -1,10 +1,11 @@
-#include "jet/engine/NewTable.h"
+#include "jet/sqlite/NewTable.h"
 
 #include <algorithm>
 
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "jet/engine/FieldRules.h"
+#include "jet/sqlite/SqliteTables.h"
 
 namespace kvi::jet {
 namespace {
@@ -50,9 +51,9 @@ std::string Columns(const IndexDef& index, const char* between) {
 
 }  // namespace
 
-NewTable::NewTable(Connection& connection, const TableDef& old, const TableDef* ours)
+NewTable::NewTable(SqliteConnection& connection, const TableDef& old, const TableDef* ours)
     : connection_(connection), design_(Joined(old, ours)), fields_(old.Fields.size()) {
-  TableCatalog::CreateTable(connection, {design_.Name, design_.Fields, {}});
+  CreateTable(connection, {design_.Name, design_.Fields, {}});
   std::string names, values;
   for (const FieldDef& field : old.Fields) {
     names += (names.empty() ? "" : ",") + Bracketed(field.Name);
@@ -96,7 +97,7 @@ void NewTable::MakeIndex(IndexDef index) {
       index.Unique = false;
     }
   }
-  TableCatalog::CreateIndex(connection_, design_.Name, index, ++indexes_);
+  CreateIndex(connection_, design_.Name, index, ++indexes_);
 }
 
 // The first keys that more than one row has; Null is no key.

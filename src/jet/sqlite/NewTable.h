@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "jet/engine/StatementRun.h"
-#include "jet/engine/TableCatalog.h"
+#include "jet/sqlite/SqliteConnection.h"
 
 namespace kvi::jet {
 
@@ -15,7 +15,7 @@ class NewTable {
  public:
   // Borrows the connection, within whose transaction all is done. Raises 3075 or 3191 for names
   // that cannot be.
-  NewTable(Connection& connection, const TableDef& old, const TableDef* ours);
+  NewTable(SqliteConnection& connection, const TableDef& old, const TableDef* ours);
 
   // False for a row that a field refused.
   bool Add(const std::vector<Value>& row, int number);
@@ -30,7 +30,7 @@ class NewTable {
   void MakeIndex(IndexDef index);
   std::string SharedKeys(const IndexDef& index);
 
-  Connection& connection_;
+  SqliteConnection& connection_;
   TableDef design_;
   std::string insert_;
   std::vector<Value> fields_;  // of the row that is written

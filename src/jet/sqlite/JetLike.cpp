@@ -1,4 +1,4 @@
-#include "jet/functions/JetLike.h"
+#include "jet/sqlite/JetLike.h"
 
 #include <cstdint>
 

@@ -8,9 +8,10 @@
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "jet/Conversion.h"
-#include "jet/engine/NewTable.h"
-#include "jet/engine/OldTable.h"
 #include "jet/file/OldFile.h"
+#include "jet/sqlite/NewTable.h"
+#include "jet/sqlite/OldTable.h"
+#include "jet/sqlite/SqliteTables.h"
 
 namespace kvi::jet {
 namespace {
@@ -29,7 +30,7 @@ const TableDef* Find(const std::vector<TableDef>& tables, const std::string& nam
 // Goes through a file table by table, into a database or into nothing.
 class Converter {
  public:
-  Converter(const ConversionOrder& order, Connection* to)
+  Converter(const ConversionOrder& order, SqliteConnection* to)
       : order_(order), to_(to), file_(order.From, order.Password) {
     result_.Format = file_.VersionName();
     for (const std::string& line : file_.Damage())
@@ -97,7 +98,7 @@ class Converter {
     for (const TableDef& ours : schema_)
       if (std::ranges::none_of(
               made_, [&](const std::string& name) { return EqualsNoCase(name, ours.Name); }))
-        TableCatalog::CreateTable(*to_, ours);
+        CreateTable(*to_, ours);
   }
 
   void Tell(const ConvertedTable& table, int done) const {
@@ -105,7 +106,7 @@ class Converter {
   }
 
   const ConversionOrder& order_;
-  Connection* to_;
+  SqliteConnection* to_;
   jetfile::OldFile file_;
   std::vector<TableDef> schema_;  // none for a file of another product
   std::vector<std::string> made_;
@@ -122,7 +123,7 @@ void Sync(const fs::path& path) {
 }
 
 Conversion ConvertInto(const ConversionOrder& order, const std::string& to) {
-  Connection connection(to);
+  SqliteConnection connection(to);
   // Nobody else knows the file yet, and half of it is worth nothing.
   connection.Run("PRAGMA page_size=16384;PRAGMA journal_mode=OFF;PRAGMA synchronous=OFF;BEGIN");
   Conversion result = Converter(order, &connection).Run();

@@ -1,4 +1,4 @@
-#include "jet/engine/OldTable.h"
+#include "jet/sqlite/OldTable.h"
 
 #include <algorithm>
 #include <optional>

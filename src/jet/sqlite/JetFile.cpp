@@ -1,4 +1,4 @@
-#include "jet/engine/JetFile.h"
+#include "jet/sqlite/JetFile.h"
 
 #include <sqlite3.h>
 

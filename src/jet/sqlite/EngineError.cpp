@@ -1,4 +1,4 @@
-#include "jet/engine/EngineError.h"
+#include "jet/sqlite/EngineError.h"
 
 #include <sqlite3.h>
 
@@ -7,7 +7,7 @@
 
 #include "base/Number.h"
 #include "base/RunTimeError.h"
-#include "jet/functions/JetFunctions.h"
+#include "jet/sqlite/JetFunctions.h"
 
 namespace kvi::jet {
 namespace {

@@ -1,5 +1,3 @@
-#include "jet/engine/CopyDatabase.h"
-
 #include <fcntl.h>
 #include <sqlite3.h>
 #include <unistd.h>
@@ -13,7 +11,8 @@
 
 #include "base/RunTimeError.h"
 #include "base/TakeName.h"
-#include "jet/engine/EngineError.h"
+#include "jet/sqlite/EngineError.h"
+#include "jet/sqlite/SqliteConnection.h"
 
 namespace kvi::jet {
 
@@ -28,7 +27,7 @@ constexpr std::size_t kPiece = 1 << 20;
 // The file under a lock for reading: nobody writes to it meanwhile, and what others saved is in it.
 class ReadLock {
  public:
-  explicit ReadLock(Connection& connection) : connection_(connection) {
+  explicit ReadLock(SqliteConnection& connection) : connection_(connection) {
     int code = Take();
     while (IsBusy(code) && connection_.AskToWait()) code = Take();
     if (code != SQLITE_OK) connection_.Fail(code);
@@ -44,7 +43,7 @@ class ReadLock {
     return code;
   }
 
-  Connection& connection_;
+  SqliteConnection& connection_;
 };
 
 // A new file that is gone again unless it took its name.
@@ -89,20 +88,19 @@ class NewFile {
 
 // Read through the engine's own handle: were the file opened a second time, closing it would drop
 // every lock that this process has on it.
-void CopyDatabase(Connection& from, const std::string& path) {
+void SqliteConnection::CopyTo(const std::string& path) {
   std::error_code ignored;
   if (fs::exists(fs::symlink_status(path, ignored))) throw RunTimeError(kExists);
   NewFile to(path);
   {
-    const ReadLock lock(from);
-    sqlite3_file* file = from.File();
+    const ReadLock lock(*this);
     sqlite3_int64 size = 0;
-    file->pMethods->xFileSize(file, &size);
+    file_->pMethods->xFileSize(file_, &size);
     std::vector<char> piece(kPiece);
     for (sqlite3_int64 at = 0; at < size; at += static_cast<sqlite3_int64>(kPiece)) {
       const auto length = std::min<sqlite3_int64>(size - at, static_cast<sqlite3_int64>(kPiece));
-      const int code = file->pMethods->xRead(file, piece.data(), static_cast<int>(length), at);
-      if (code != SQLITE_OK) from.Fail(code);
+      const int code = file_->pMethods->xRead(file_, piece.data(), static_cast<int>(length), at);
+      if (code != SQLITE_OK) Fail(code);
       to.Write(piece.data(), static_cast<std::size_t>(length));
     }
   }

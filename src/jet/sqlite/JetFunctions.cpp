@@ -1,4 +1,4 @@
-#include "jet/functions/JetFunctions.h"
+#include "jet/sqlite/JetFunctions.h"
 
 #include <sqlite3.h>
 
@@ -14,7 +14,7 @@
 #include "base/Text.h"
 #include "base/TextOrder.h"
 #include "base/Value.h"
-#include "jet/functions/JetLike.h"
+#include "jet/sqlite/JetLike.h"
 
 namespace kvi::jet {
 namespace {
