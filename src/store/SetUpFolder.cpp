@@ -10,6 +10,7 @@
 #include "base/RunTimeError.h"
 #include "base/TakeName.h"
 #include "frame/INI_SUBS.h"
+#include "jet/Server.h"
 #include "platform/IniFile.h"
 #include "store/OpenInventoryDatabase.h"
 #include "store/Schema.h"
@@ -125,6 +126,18 @@ std::vector<SetUpFile> SetUpDesk(const fs::path& folder, const std::string& spre
     throw RunTimeError(kFileNotFound,
                        "There is no " + std::string(kDatabaseFile) + " in " + place.string() + ".");
   return SetUp(folder).MakeSettings(spreadsheetProgram, place.string());
+}
+
+std::vector<SetUpFile> SetUpServerDesk(const fs::path& folder,
+                                       const std::string& spreadsheetProgram,
+                                       const std::string& conninfo) {
+  SetUp setUp(folder);
+  setUp.Make(kDatabaseFile, [&](const fs::path& path) {
+    std::ofstream file(path);
+    file << jet::kServerFileMark << "\n" << conninfo << "\n";
+    if (!file.flush()) RaiseFor(path, {errno, std::generic_category()});
+  });
+  return setUp.MakeSettings(spreadsheetProgram, "");
 }
 
 bool IsNewFolder(const fs::path& folder) {

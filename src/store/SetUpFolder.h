@@ -30,6 +30,12 @@ std::vector<SetUpFile> SetUpDesk(const std::filesystem::path& folder,
                                  const std::string& spreadsheetProgram,
                                  const std::filesystem::path& databaseFolder);
 
+// The same for a desk whose database is on a server: KV_Inventory.mdb is the two lines that name
+// it, the second of them for libpq. A password is no part of it.
+std::vector<SetUpFile> SetUpServerDesk(const std::filesystem::path& folder,
+                                       const std::string& spreadsheetProgram,
+                                       const std::string& conninfo);
+
 // Whether the folder has never been a program's: neither of its INI files is there.
 bool IsNewFolder(const std::filesystem::path& folder);
 

@@ -64,18 +64,22 @@ std::string TestServer() {
   return server == nullptr ? "" : server;
 }
 
+std::string AskServer(const std::string& database, const std::string& sql) {
+  return Session(In(database)).Run(sql);
+}
+
 ServerDatabase::ServerDatabase() {
   if (TestServer().empty()) throw std::runtime_error("no test server");
   static int number = 0;
   name_ = "kvi_" + std::to_string(getpid()) + "_" + std::to_string(++number);
   const std::string from = Template();
-  Session(In("postgres")).Run("CREATE DATABASE " + name_ + " TEMPLATE " + from);
+  AskServer("postgres", "CREATE DATABASE " + name_ + " TEMPLATE " + from);
   conninfo_ = In(name_);
 }
 
 ServerDatabase::~ServerDatabase() {
   try {
-    Session(In("postgres")).Run("DROP DATABASE " + name_ + " WITH (FORCE)");
+    AskServer("postgres", "DROP DATABASE " + name_ + " WITH (FORCE)");
   } catch (const std::exception&) {
     // It goes with the server.
   }

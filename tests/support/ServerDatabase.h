@@ -8,6 +8,10 @@ namespace kvi::test {
 // scripts/test-server).
 std::string TestServer();
 
+// The first field of a statement's answer on the tests' server, "" for none. Behind the database's
+// name more may stand that libpq takes. Raises std::runtime_error with the server's message.
+std::string AskServer(const std::string& database, const std::string& sql);
+
 // A database of its own on the tests' server, with our functions and no tables, gone with it.
 class ServerDatabase {
  public:
