@@ -14,6 +14,24 @@ install(FILES packaging/copyright DESTINATION ${documents})
 # scripts/package has built it before.
 install(DIRECTORY build/manual DESTINATION ${documents} OPTIONAL)
 
+# Where Debian's readers of documentation find the manual.
+install(FILES packaging/kestvar-inventory.doc-base
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc-base RENAME kestvar-inventory)
+
+# Menus that cannot draw the scalable icon take one of these.
+set(icons)
+foreach(size 48 128)
+  set(icon ${CMAKE_BINARY_DIR}/packaging/${size}/kestvar-inventory.png)
+  add_custom_command(OUTPUT ${icon}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/packaging/${size}
+    COMMAND rsvg-convert -w ${size} -h ${size} -o ${icon}
+      ${CMAKE_CURRENT_SOURCE_DIR}/packaging/kestvar-inventory.svg
+    DEPENDS packaging/kestvar-inventory.svg)
+  install(FILES ${icon}
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
+  list(APPEND icons ${icon})
+endforeach()
+
 # Compressed without a time, so that two builds are the same.
 set(compressed)
 function(install_compressed source folder)
@@ -30,7 +48,7 @@ install_compressed(packaging/changelog ${documents})
 foreach(program ${programs})
   install_compressed(packaging/man/${program}.1 ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
-add_custom_target(package_texts ALL DEPENDS ${compressed})
+add_custom_target(package_files ALL DEPENDS ${icons} ${compressed})
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME kestvar-inventory)
@@ -50,5 +68,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-image-formats-plugins, fonts-liberation")
+# The manual opens in a browser.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, firefox-esr | www-browser")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "gnumeric | libreoffice-calc, cups")
 include(CPack)

@@ -23,11 +23,12 @@ std::string CommandLine(int argc, char** argv) {
 // True once the main screen stands. A failure that the start-up does not know how to handle ends
 // it: nobody works on a half-started program.
 bool Start(kvi::Application& app) {
+  auto& welcome = app.Get<kvi::Welcome>();
+  auto& main = app.Get<kvi::Main>();
   try {
-    auto& welcome = app.Get<kvi::Welcome>();
     const auto fill = [](kvi::jet::Database& database) { kvi::FillSampleStockroom(database, {}); };
     if (kvi::IsNewFolder(app.ProgramFolder) && !welcome.AskHowToStart(fill)) return false;
-    app.screens.Load(app.Get<kvi::Main>());
+    app.screens.Load(main);
     if (welcome.HasOldData()) app.screens.ShowModal(app.Get<kvi::KVI_ImportPBI>());
     return true;
   } catch (const kvi::RunTimeError& error) {
@@ -35,6 +36,8 @@ bool Start(kvi::Application& app) {
         {.text = std::to_string(error.Number) + " " + error.Description, .icon = kvi::Icon::Error});
   } catch (const kvi::EndOfProcess&) {
   }
+  // (It shows as soon as its database is open.)
+  if (!app.screens.IsShown(main)) welcome.TakeBack();
   return false;
 }
 

@@ -3,7 +3,6 @@
 #include <filesystem>
 
 #include "platform/Hourglass.h"
-#include "store/SetUpFolder.h"
 
 namespace kvi {
 
@@ -39,10 +38,16 @@ void Welcome::OpenShared() {
   const auto file = app_.desktop.OpenFileDialog(
       {"Where is the stockroom?", {{"Stockroom (KV_Inventory.mdb)", "KV_Inventory.mdb"}}, ""});
   if (!file) return;
-  SetUpDesk(app_.ProgramFolder, FindSpreadsheetProgram(),
-            std::filesystem::path(*file).parent_path());
+  settingsOfDesk_ = SetUpDesk(app_.ProgramFolder, FindSpreadsheetProgram(),
+                              std::filesystem::path(*file).parent_path());
   isSetUp_ = true;
   CloseScreen();
+}
+
+void Welcome::TakeBack() {
+  std::error_code ignored;
+  for (const SetUpFile& file : settingsOfDesk_)
+    if (file.Made) std::filesystem::remove(file.Path, ignored);
 }
 
 Layout Welcome::Arrange() {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "frame/Application.h"
 #include "platform/Controls.h"
 #include "platform/Screen.h"
+#include "store/SetUpFolder.h"
 
 namespace kvi {
 
@@ -16,8 +18,10 @@ class Welcome : public Screen {
 
   // Until something is chosen; false when nothing was. `fill` makes the sample.
   bool AskHowToStart(std::function<void(jet::Database&)> fill);
-  // The user has data of an older program to bring in.
+  // The user has data of an older product to bring in.
   bool HasOldData() const { return hasOldData_; }
+  // The stockroom chosen could not be opened: the next start asks again. (Those made here stay.)
+  void TakeBack();
 
   void Load() override { CenterForm(); }
   Layout Arrange() override;
@@ -26,8 +30,9 @@ class Welcome : public Screen {
   Label question{*this, "question", "What would you like to begin with?"};
   Button empty{*this, "empty", "An &empty stockroom"};
   Button sample{*this, "sample", "A &sample stockroom, to look around"};
-  Button shared{*this, "shared", "The stockroom of &another desk, on a shared folder..."};
-  Button old{*this, "old", "&Data of an older program"};
+  Button shared{*this, "shared",
+                "One that stands &already, of another desk or the older program..."};
+  Button old{*this, "old", "&Data of Plainbook Inventory or Millrace Works"};
   Button leave{*this, "leave", "E&xit"};
 
  private:
@@ -36,6 +41,7 @@ class Welcome : public Screen {
 
   Application& app_;
   std::function<void(jet::Database&)> fill_;
+  std::vector<SetUpFile> settingsOfDesk_;
   bool isSetUp_ = false, hasOldData_ = false;
 };
 

@@ -79,6 +79,14 @@ void MakeOwnSettings(const fs::path& path, const std::string& spreadsheetProgram
   IniFile(path).Write(kOwnSection, keys);
 }
 
+// A file that is none of ours is refused before a desk is bound to it. (One of the older program is
+// looked into when it is converted.)
+void CheckStockroom(const fs::path& path) {
+  if (jet::IsJetFile(path)) return;
+  jet::Database::Open(path.string(), false)
+      .OpenRecordset("SELECT * FROM [" + Schema().front().Name + "] WHERE 0 = 1;");
+}
+
 // The files of one folder, each made unless it stands there.
 class SetUp {
  public:
@@ -92,16 +100,16 @@ class SetUp {
     if (!stands) make(path);
     files_.push_back({path, !stands});
   }
-  // The suite's file comes last: it marks the folder.
+  // The suite's file marks the folder. What a kill behind it leaves out, a start makes by itself.
   std::vector<SetUpFile> MakeSettings(const std::string& spreadsheetProgram,
                                       const std::string& databaseFolder) {
     Make(fs::path("files") / "master.txt", MakeMasterText);
-    Make(kOwnFile, [&](const fs::path& path) { MakeOwnSettings(path, spreadsheetProgram); });
     Make(kSuiteFile, [&](const fs::path& path) {
       IniFile(path).Write(
           kSuiteSection,
           {{"DatabasePath", databaseFolder}, {"BrowserPath", ""}, {"ColorScheme", ""}});
     });
+    Make(kOwnFile, [&](const fs::path& path) { MakeOwnSettings(path, spreadsheetProgram); });
     return std::move(files_);
   }
 
@@ -125,6 +133,7 @@ std::vector<SetUpFile> SetUpDesk(const fs::path& folder, const std::string& spre
   if (!Stands(place / kDatabaseFile))
     throw RunTimeError(kFileNotFound,
                        "There is no " + std::string(kDatabaseFile) + " in " + place.string() + ".");
+  CheckStockroom(place / kDatabaseFile);
   return SetUp(folder).MakeSettings(spreadsheetProgram, place.string());
 }
 

@@ -16,8 +16,8 @@ struct SetUpFile {
 };
 
 // Makes what a start needs in a folder: KV_Inventory.mdb (filled by `fill` when given),
-// files/master.txt, KVI.INI with the spreadsheet program given, and TARNWK.INI last, which marks
-// the folder as the program's. What stands there already is kept as it is. A database comes to its
+// files/master.txt, TARNWK.INI, which marks the folder as the program's, and KVI.INI with the
+// spreadsheet program given. What stands there already is kept as it is. A database comes to its
 // name only when it is whole, so that a killed set-up leaves nothing half. Raises 75 when the
 // folder cannot be made or written.
 std::vector<SetUpFile> SetUpFolder(const std::filesystem::path& folder,
@@ -25,7 +25,8 @@ std::vector<SetUpFile> SetUpFolder(const std::filesystem::path& folder,
                                    const std::function<void(jet::Database&)>& fill = {});
 
 // The same for a desk that works on the database in another folder: none is made here. Raises 53
-// where there is no KV_Inventory.mdb in it.
+// where there is no KV_Inventory.mdb in it, and as Database::Open and OpenRecordset where that is
+// no stockroom.
 std::vector<SetUpFile> SetUpDesk(const std::filesystem::path& folder,
                                  const std::string& spreadsheetProgram,
                                  const std::filesystem::path& databaseFolder);

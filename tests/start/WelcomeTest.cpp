@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "platform/IniFile.h"
 #include "store/SetUpFolder.h"
@@ -51,6 +52,12 @@ TEST_F(WelcomeTest, TheStockroomOfAnotherDeskIsNamedAndNoneIsMade) {
     desktop.ExpectFile("Where is the stockroom?", temporary / "none/KV_Inventory.mdb");
     desktop.ExpectBox("53 There is no KV_Inventory.mdb in " + (temporary / "none") + ".");
     Click(Screen().shared);
+    std::filesystem::create_directory(temporary / "none");
+    std::ofstream(temporary / "none/KV_Inventory.mdb") << "of another program";
+    desktop.ExpectFile("Where is the stockroom?", temporary / "none/KV_Inventory.mdb");
+    desktop.ExpectBox("3343 Unrecognized database format. ('" +
+                      (temporary / "none/KV_Inventory.mdb") + "')");
+    Click(Screen().shared);
     EXPECT_TRUE(IsNewFolder(folder));
     desktop.ExpectFile("Where is the stockroom?", other.DatabaseFile());
     Click(Screen().shared);
@@ -58,6 +65,8 @@ TEST_F(WelcomeTest, TheStockroomOfAnotherDeskIsNamedAndNoneIsMade) {
   EXPECT_EQ(IniFile(folder + "/TARNWK.INI").Read("TARNWK", "DatabasePath", ""),
             other.folder.Path().string());
   EXPECT_FALSE(std::filesystem::exists(folder + "/KV_Inventory.mdb"));
+  Screen().TakeBack();
+  EXPECT_TRUE(IsNewFolder(folder));
 }
 
 }  // namespace
