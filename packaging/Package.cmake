@@ -2,6 +2,12 @@
 include(GNUInstallDirs)
 
 set(programs kestvar-inventory kvi-setup kvi-report kvi-backup kvi-convert)
+if(KVI_SERVER)
+  list(APPEND programs kvi-server)
+  install(FILES packaging/kvi-server-backup@.service packaging/kvi-server-backup@.timer
+    DESTINATION lib/systemd/system)
+  install(FILES docs/server.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kestvar-inventory)
+endif()
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/kestvar-inventory)
 install(TARGETS ${programs})
 install(FILES packaging/kestvar-inventory.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
@@ -70,5 +76,5 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-image-formats-plugins, fonts-liberation")
 # The manual opens in a browser.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, firefox-esr | www-browser")
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "gnumeric | libreoffice-calc, cups")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "gnumeric | libreoffice-calc, cups, postgresql (>= 15)")
 include(CPack)

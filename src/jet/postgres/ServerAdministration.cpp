@@ -218,9 +218,9 @@ std::vector<std::string> StepsToReach(const ServerSetUp& setUp) {
                                  setUp.Database + " " + setUp.Desk + " samenet scram-sha-256"};
   if (server.First("SHOW ssl") != "on")
     steps.push_back("in postgresql.conf: ssl = on, with ssl_cert_file and ssl_key_file");
-  if (server.First("SHOW listen_addresses") == "localhost")
-    steps.push_back("in postgresql.conf: listen_addresses = '*', then restart the server");
-  steps.push_back("systemctl reload postgresql");
+  const bool isAlone = server.First("SHOW listen_addresses") == "localhost";
+  if (isAlone) steps.push_back("in postgresql.conf: listen_addresses = '*'");
+  steps.push_back(isAlone ? "systemctl restart postgresql" : "systemctl reload postgresql");
   return steps;
 }
 

@@ -44,7 +44,8 @@ Pairs Codes(int shift, char32_t first) {
   return pairs;
 }
 
-// The accents alone. Other characters that stand where accents are written have none.
+// The accents alone. Other characters that stand where accents are written have none, and ASCII is
+// told of only because it is common.
 Pairs Accents() {
   Pairs pairs;
   for (char32_t c = 1; c < kTableEnd; ++c) {
@@ -52,7 +53,7 @@ Pairs Accents() {
     const bool isListed = TextKey(c) >> kAccentBits < kUnlisted;
     if (isListed && accent > 0)
       pairs.push_back({c, kNoAccent + accent});
-    else if (c >= kNoAccent && c <= kNoAccent + kMostAccents)
+    else if (c < 0x80 || (c >= kNoAccent && c <= kNoAccent + kMostAccents))
       pairs.push_back({c, kNoAccent});
   }
   return pairs;

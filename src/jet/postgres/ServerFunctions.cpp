@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include "base/RunTimeError.h"
-#include "jet/sqlite/JetFunctions.h"
 #include "jet/postgres/ServerCharacters.h"
+#include "jet/sqlite/JetFunctions.h"
 
 namespace kvi::jet {
 namespace {
