@@ -345,6 +345,16 @@ TEST_F(WindowTest, TheEndOfTheProcessLeavesAllLoops) {
   EXPECT_EQ(desktop.WindowOf(sample), nullptr);
 }
 
+TEST_F(WindowTest, ABoxWaitsAlsoWhereTheOnlyScreenIsClosedBeforeTheMainLoop) {
+  ShowSample();
+  stack.Hide(sample);
+  Later([] {
+    if (auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget()))
+      box->button(QMessageBox::Yes)->click();
+  });
+  EXPECT_EQ(desktop.MsgBox({.text = "Convert it now?", .buttons = Buttons::YesNo}), Answer::Yes);
+}
+
 TEST_F(WindowTest, ABoxIsAnsweredByItsButtonsAndEscapeOnlyWhereNothingIsLost) {
   struct {
     Buttons buttons;

@@ -105,7 +105,11 @@ void QtDesktop::SetStack(ScreenStack& stack) {
 }
 
 int QtDesktop::RunEventLoop() {
-  if (!ended_ && !shown_.empty()) QApplication::exec();
+  if (!ended_ && !shown_.empty()) {
+    isRunning_ = true;
+    QApplication::exec();
+    isRunning_ = false;
+  }
   CloseAllWindows();
   return 0;
 }
@@ -157,7 +161,11 @@ void QtDesktop::CloseWindow(Screen& screen) {
   shown_.erase(found);
   closed.window->Dismiss();
   if (closed.loop != nullptr) closed.loop->quit();
-  if (shown_.empty()) return QApplication::exit();
+  if (shown_.empty()) {
+    // (Before that loop, an exit would take away every box and screen that comes until it runs.)
+    if (isRunning_) QApplication::exit();
+    return;
+  }
   shown_.back().window->ComeBack();
   shown_.back().window->activateWindow();
 }

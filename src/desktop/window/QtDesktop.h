@@ -94,7 +94,7 @@ class QtDesktop : public Desktop {
   std::vector<Shown> shown_;  // the last one is in front
   std::vector<QDialog*> dialogs_;
   MousePointer pointer_ = MousePointer::Default;
-  bool ended_ = false;
+  bool isRunning_ = false, ended_ = false;
 };
 
 }  // namespace kvi
