@@ -50,6 +50,11 @@ Database Database::Open(const std::string& path, bool exclusive) {
 
 Database Database::Create(const std::string& path, const std::vector<TableDef>& tables) {
   std::error_code error;
+  if (MakeTablesOnServer(path, tables)) {
+    Database made = Open(path, false);
+    made.UseDefaultsOf(tables);
+    return made;
+  }
   if (std::filesystem::exists(path, error)) throw RunTimeError(3204);
   // Under another name until it is whole: a start that is broken off leaves no half a database.
   const std::string unfinished = path + ".new";

@@ -36,9 +36,9 @@ JetWriter::Operand JetWriter::Or() {
   if (++depth_ > kMaxDepth) tokens_.Fail("Expression too complex");
   Operand left = And();
   while (tokens_.TakeIf("OR")) {
-    AsCondition(left, out_.size());
+    AsCondition(left);
     out_ += " OR ";
-    AsCondition(And(), out_.size());
+    AsCondition(And());
     left = {left.start, Kind::Condition};
   }
   --depth_;
@@ -48,9 +48,9 @@ JetWriter::Operand JetWriter::Or() {
 JetWriter::Operand JetWriter::And() {
   Operand left = Not();
   while (tokens_.TakeIf("AND")) {
-    AsCondition(left, out_.size());
+    AsCondition(left);
     out_ += " AND ";
-    AsCondition(Not(), out_.size());
+    AsCondition(Not());
     left = {left.start, Kind::Condition};
   }
   return left;
@@ -65,7 +65,7 @@ JetWriter::Operand JetWriter::Not() {
   }
   const Operand operand = Comparison();
   if (!negated) return operand;
-  AsCondition(operand, out_.size());
+  AsCondition(operand);
   return {start, Kind::Condition};
 }
 
@@ -266,7 +266,7 @@ int JetWriter::Arguments(const JetFunction& function, Operand& last) {
     do {
       if (count > 0) out_ += ", ";
       last = Or();
-      if (function.keyword == "IIF" && count == 0) AsCondition(last, out_.size());
+      if (function.keyword == "IIF" && count == 0) AsCondition(last);
       ++count;
     } while (tokens_.TakeSymbolIf(","));
   }

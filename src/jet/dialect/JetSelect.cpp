@@ -151,7 +151,7 @@ void JetWriter::Grouping(Shape& shape) {
   if (tokens_.TakeIf("HAVING")) {
     shape.keyed = false;
     out_ += " HAVING ";
-    AsCondition(Or(), out_.size());
+    AsCondition(Or());
   }
 }
 
@@ -196,7 +196,7 @@ void JetWriter::JoinedTables(Shape& shape) {
       JoinOperand(shape);
       tokens_.Expect("ON");
       out_ += " ON ";
-      AsCondition(Or(), out_.size());
+      AsCondition(Or());
     } else {
       break;
     }

@@ -37,7 +37,7 @@ Translation JetWriter::WriteStatement() {
 
 Condition JetWriter::WriteCondition(const std::vector<FieldDef>* fields) {
   tables_.push_back({{}, {}, TableShape{fields}});
-  AsCondition(Or(), out_.size());
+  AsCondition(Or());
   ExpectEnd();
   return {std::move(result_.Sql), std::move(result_.Parameters)};
 }
@@ -123,7 +123,7 @@ std::string JetWriter::Where() {
   if (!tokens_.TakeIf("WHERE")) return {};
   out_ += " WHERE ";
   const std::size_t start = out_.size();
-  AsCondition(Or(), out_.size());
+  AsCondition(Or());
   return out_.substr(start);
 }
 

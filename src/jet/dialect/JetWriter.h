@@ -81,7 +81,7 @@ class JetWriter {
   };
 
   // The truth of an operand that stands where a condition must.
-  virtual void AsCondition(const Operand&, std::size_t) {}
+  virtual void AsCondition(const Operand&) {}
   // Behind a text that is no field.
   virtual void Collate();
   // Makes two operands alike that are neither known as dates nor compared with a number.

@@ -14,8 +14,8 @@ std::string KeyColumn(std::string_view qualifier, std::string_view column) {
 
 }  // namespace
 
-void PostgresWriter::AsCondition(const Operand& operand, std::size_t end) {
-  if (KindOf(operand) != Kind::Condition) Wrap(operand, "kvi.truth(", end, ")");
+void PostgresWriter::AsCondition(const Operand& operand) {
+  if (KindOf(operand) != Kind::Condition) Wrap(operand, "kvi.truth(", out_.size(), ")");
 }
 
 // What is not known before it runs is taken for a text: the key of anything else is itself.
@@ -119,7 +119,7 @@ void PostgresWriter::TakeFirstOfGroup(const Shape& shape) {
     const std::size_t start = item->operand.start, length = item->end - start;
     const std::string text = out_.substr(start, length);
     if (std::ranges::find(shape.groups, text) == shape.groups.end()) continue;
-    std::string first = "(array_agg(" + text + order + "))[1]";
+    std::string first = "kvi.first(array_agg(" + text + order + "))";
     if (out_.compare(item->end, 4, " AS ") != 0)
       first.append(" AS [").append(item->operand.column).append("]");
     out_.replace(start, length, first);

@@ -16,7 +16,7 @@ class PostgresWriter : public JetWriter {
   using JetWriter::JetWriter;
 
  private:
-  void AsCondition(const Operand& operand, std::size_t end) override;
+  void AsCondition(const Operand& operand) override;
   void Collate() override {}
   void CompareAlike(const Operand& left, std::size_t leftEnd, const Operand& right) override;
   void ValueBeside(const Operand& left, const Operand& value) override;

@@ -20,6 +20,8 @@ struct StoredTable {
   std::vector<FieldDef> Fields;  // without the hidden columns
   std::string Key;               // the column that identifies a row; "" when none does
   bool Versioned = false;
+  // Those of a unique index, where writes go off later and may not fail then.
+  std::vector<std::string> UniqueFields;
   // Counts the writes of this process to the table, so that rows held in memory know their age.
   std::shared_ptr<std::uint64_t> Writes;
 };
@@ -41,9 +43,9 @@ class Statement {
 
   // Goes to the next row; false at the end.
   virtual bool Step() = 0;
-  // Runs a statement that writes one row. An engine at a distance may send it with what comes next:
-  // then the commit tells what was wrong with it.
-  virtual void Write() { Step(); }
+  // Runs a statement that writes one row. Where that cannot collide with another row, an engine at
+  // a distance sends it with what comes next, and a failure is told then.
+  virtual void Write(bool) { Step(); }
   // Gives back what the run holds. Never fails.
   virtual void Finish() = 0;
 
@@ -128,6 +130,11 @@ class Connection {
     std::uint64_t commits = 0, schema = 0;
     std::uint32_t generation = 0;
   };
+  // Whether nobody can write while a statement gives its rows: then a look at the first of them
+  // holds for all. Otherwise the look comes before the statement.
+  virtual bool ReadsUnderLock() const { return true; }
+  // Counts the lines made to a server: a transaction ends with its line.
+  virtual std::uint64_t LineNumber() const { return 0; }
   // False while a look is known to show nothing new.
   virtual bool MayHaveChanged() = 0;
   virtual Counters Look() = 0;
@@ -151,5 +158,8 @@ class Connection {
 // Opens what stands at the path: a database file, or the server's that a file there names. Raises
 // as Database::Open.
 std::unique_ptr<Connection> OpenConnection(const std::string& path, bool exclusive);
+// Makes the tables where the file at the path names a server's database, which has none yet; false
+// where it does not.
+bool MakeTablesOnServer(const std::string& path, const std::vector<TableDef>& tables);
 
 }  // namespace kvi::jet

@@ -26,6 +26,13 @@ class Engine {
   // The same for a row in a fast walk, where a look a row would cost more than the row: at most
   // 16 rows or 2 ms late.
   void Glance();
+  // To be called before a statement is run whose rows are to be stamped, and at its first row.
+  void LookBeforeReading() {
+    if (!connection.ReadsUnderLock()) Look();
+  }
+  void LookWhileReading() {
+    if (connection.ReadsUnderLock()) Look();
+  }
   // When rows of a table were read. They are as the file has them while the stamp is the same.
   struct Stamp {
     std::uint64_t epoch = 0, writes = 0;

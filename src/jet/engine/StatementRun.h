@@ -26,7 +26,7 @@ class StatementRun {
   void BindAll(const std::vector<Value>& parameters);
 
   bool Step() { return run_.Step(); }
-  void Write() { run_.Write(); }
+  void Write(bool mayCollide) { run_.Write(mayCollide); }
 
   int Columns() const { return run_.Columns(); }
   std::string_view Name(int column) const { return run_.Name(column); }

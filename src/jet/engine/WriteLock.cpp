@@ -35,8 +35,11 @@ bool WriteLock::KeepReadLock() {
 void WriteLock::Take(LockScope scope) {
   // The other desks get their turn between two groups.
   if (InBatch()) std::this_thread::sleep_until(groupEnded_ + kPause);
-  while (!connection_.TakeWriteLock(scope))
+  const bool wasHeld = connection_.InTransaction();
+  while (!connection_.TakeWriteLock(scope)) {
+    if (wasHeld) Forgo();
     if (!connection_.AskToWait()) throw RunTimeError(3260);
+  }
   Taken();
 }
 

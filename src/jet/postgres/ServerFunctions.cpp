@@ -21,6 +21,7 @@ constexpr Function kPlain[] = {
     {"key(smallint)", "smallint", "$1"},
     {"key(timestamp)", "timestamp", "$1"},
     {"key(boolean)", "boolean", "$1"},
+    {"first(anyarray)", "anyelement", "$1[1]"},
     {"truth(boolean)", "boolean", "$1"},
     {"truth(double precision)", "boolean", "$1 <> 0"},
     {"truth(bigint)", "boolean", "$1 <> 0"},

@@ -40,6 +40,7 @@ Dynaset::~Dynaset() {
 
 void Dynaset::OpenSmall(const std::vector<Value>& parameters) {
   block_.Start(0, shape_->Columns());
+  TheEngine().LookBeforeReading();
   StatementRun run(TheEngine().connection, shape_->Columns()->OpenSql);
   run.BindAll(parameters);
   while (run.Step()) {
@@ -67,10 +68,9 @@ void Dynaset::ReadKeys(const std::vector<Value>& parameters) {
   while (run.Step()) TakeKey(run);
 }
 
-// (Looks at the first one, while the lock for reading is held.)
 void Dynaset::TakeKey(const StatementRun& run) {
   if (keys_.Size() == 0) {
-    TheEngine().Look();
+    TheEngine().LookWhileReading();
     generation_ = TheEngine().watch.Generation();
   }
   keys_.Append(run.Whole(0));
@@ -112,6 +112,13 @@ void Dynaset::RequireSameContent() const {
   if (TheEngine().watch.Generation() != generation_) throw RunTimeError(3167);
 }
 
+// The same behind a statement, where another desk's replacing may have come before it.
+void Dynaset::ConfirmContent() {
+  if (TheEngine().connection.ReadsUnderLock()) return;
+  TheEngine().Look();
+  RequireSameContent();
+}
+
 void Dynaset::ReadBlockAround(std::size_t position) {
   // A walk, in either direction, asks for ever larger blocks; a jump, or a file that others write
   // to, starts over.
@@ -144,17 +151,14 @@ const Value& Dynaset::FetchAlso(std::size_t field) {
   return cells_[block_.PositionOf(field)];
 }
 
+// The current row as it stands, under the lock that is held. A lock of rows is taken with it.
 void Dynaset::LandAgain() {
-  if (cells_)
-    RefreshRow();
-  else
-    Land();
-}
-
-void Dynaset::RefreshRow() {
-  if (rowStamp_ == Now()) return;
+  if (!cells_) Land();
+  if (rowStamp_ == Now() && TheEngine().connection.IsAlone()) return;
   RequireSameContent();
-  if (!block_.ReadAgain(TheEngine(), *shape_, keys_, Position())) throw RunTimeError(3167);
+  const bool stands = block_.ReadAgain(TheEngine(), *shape_, keys_, Position());
+  ConfirmContent();
+  if (!stands) throw RunTimeError(3167);
   rowStamp_ = Now();
 }
 
@@ -164,6 +168,7 @@ void Dynaset::FindFirst(std::string_view criterion) {
   const Condition condition =
       TranslateCondition(criterion, 1, &Fields(), TheEngine().connection.Form());
   RowBlock found;
+  TheEngine().LookBeforeReading();
   StatementRun run(TheEngine().connection, shape_->Columns()->FindSql + condition.Sql);
   run.BindAll(condition.Parameters);
   const std::size_t position = SearchRow(run, found);
@@ -180,7 +185,7 @@ void Dynaset::FindFirst(std::string_view criterion) {
 std::size_t Dynaset::SearchRow(StatementRun& run, RowBlock& found) {
   std::size_t first = KeySet::kNone;
   while (run.Step()) {
-    if (first == KeySet::kNone) TheEngine().Look();
+    if (first == KeySet::kNone) TheEngine().LookWhileReading();
     const std::size_t position = keys_.Find(run.Whole(0));
     if (position >= first) continue;  // (kNone is above all positions)
     first = position;

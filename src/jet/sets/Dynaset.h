@@ -49,10 +49,10 @@ class Dynaset : public RecordsetImpl, private WriteLock::Writer {
   void LandAgain();
   void ReadBlockAround(std::size_t position);
   const Value& FetchAlso(std::size_t field);
-  void RefreshRow();
   Engine::Stamp Now() const { return TheEngine().Now(shape_->Table()); }
   // The keys are those of the content that stands in the file; else 3167.
   void RequireSameContent() const;
+  void ConfirmContent();
 
   template <typename Write>
   bool WriteRow(Write write);
@@ -63,6 +63,8 @@ class Dynaset : public RecordsetImpl, private WriteLock::Writer {
   bool UpdateRow();
   std::int64_t InsertRow();
   void DeleteRow();
+  // Whether a unique index is over one of these.
+  bool MayCollide(const std::vector<std::size_t>& fields) const;
   const std::string& UpdateSql();
 
   std::shared_ptr<QueryShape> shape_;

@@ -1,5 +1,8 @@
 // The writing half of a dynaset.
+#include <algorithm>
+
 #include "base/RunTimeError.h"
+#include "base/Text.h"
 #include "jet/engine/FieldRules.h"
 #include "jet/sets/Dynaset.h"
 
@@ -62,8 +65,10 @@ void Dynaset::Update() {
 // that were set are written over whatever another desk wrote meanwhile, the others are left alone.
 void Dynaset::WriteEdit() {
   const bool written = WriteRow([&] {
-    TheEngine().lock.CloseEdit(buffer_.Ticket);
-    LandAgain();
+    WriteLock& lock = TheEngine().lock;
+    const bool isHeld = lock.IsHeldFor(buffer_.Ticket) && cells_ && rowStamp_ == Now();
+    lock.CloseEdit(buffer_.Ticket);
+    if (!isHeld) LandAgain();
     return UpdateRow();
   });
   rowStamp_ = Now();
@@ -124,8 +129,16 @@ bool Dynaset::UpdateRow() {
   int parameter = 1;
   for (const std::size_t field : differing_) run.Bind(++parameter, buffer_[field]);
   if (shape_->Table().Versioned) run.Bind(++parameter, block_.Version(Position()) + 1);
-  run.Write();
+  run.Write(MayCollide(differing_));
   return true;
+}
+
+bool Dynaset::MayCollide(const std::vector<std::size_t>& fields) const {
+  return std::ranges::any_of(shape_->Table().UniqueFields, [&](const std::string& unique) {
+    return std::ranges::any_of(fields, [&](std::size_t field) {
+      return EqualsNoCase(shape_->Fields()[field].Name, unique);
+    });
+  });
 }
 
 const std::string& Dynaset::UpdateSql() {
@@ -172,7 +185,7 @@ std::int64_t Dynaset::InsertRow() {
   int parameter = 0;
   if (key != 0) run.Bind(++parameter, key);
   for (const std::size_t field : buffer_.Changed()) run.Bind(++parameter, buffer_[field]);
-  run.Write();
+  run.Write(!table.UniqueFields.empty());
   return key != 0 ? key : connection.LastKey();
 }
 
@@ -195,6 +208,7 @@ void Dynaset::DeleteRow() {
                                                Bracketed(table.Key) + "=?1");
   run.Bind(1, keys_[Position()]);
   run.Step();
+  ConfirmContent();
   if (TheEngine().connection.RowsWritten() == 0) throw RunTimeError(3167);
 }
 

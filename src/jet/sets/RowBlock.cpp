@@ -28,6 +28,7 @@ std::string ListOf(const KeySet& keys, std::size_t begin, std::size_t count) {
 void RowBlock::Read(Engine& engine, QueryShape& shape, const KeySet& keys, std::size_t begin,
                     std::size_t count) {
   Start(begin, shape.Columns());
+  engine.LookBeforeReading();
   rows_.resize(count);
   cells_.resize(count * columns_->Fields.size());
   const std::int64_t first = keys[begin], last = keys[begin + count - 1];
@@ -50,7 +51,7 @@ void RowBlock::TakeAll(Engine& engine, const QueryShape& shape, const KeySet& ke
   std::size_t row = 0;
   bool first = true;
   while (run.Step()) {
-    if (first) engine.Look();  // while the read lock is held
+    if (first) engine.LookWhileReading();
     first = false;
     const std::int64_t key = run.Whole(0);
     // In a range there are rows that are not of the set; in both there are keys whose row is gone.
