@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -13,6 +14,8 @@ namespace kvi::jet {
 // The first line of a KV_Inventory.mdb that names a database on a server; the second one tells
 // libpq which.
 inline constexpr std::string_view kServerFileMark = "Kestvar Inventory server database";
+// What the second line tells libpq, where the file is such a one.
+std::optional<std::string> ServerNamedIn(const std::string& path);
 
 // What `kvi-server create` makes.
 struct ServerSetUp {
