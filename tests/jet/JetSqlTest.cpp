@@ -54,7 +54,7 @@ class JetSqlTest : public testing::Test {
   }
 
   std::string Where(std::string_view criterion) {
-    const Condition condition = TranslateCondition(criterion, 1, &kPart);
+    const Condition condition = TranslateCondition(criterion, 1, {&kPart});
     return RunSql("SELECT _rid FROM Part WHERE " + condition.Sql + " ORDER BY _rid",
                   condition.Parameters);
   }

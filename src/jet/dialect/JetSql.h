@@ -43,6 +43,8 @@ struct Translation {
 struct TableShape {
   const std::vector<FieldDef>* Fields = nullptr;  // null for an unknown table
   bool Versioned = true;                          // has the column `_ver`
+  // Of a server's table, the fields with a key of their text without blanks.
+  const std::vector<std::string>* TrimmedKeys = nullptr;
 };
 using ShapeOfTable = std::function<TableShape(std::string_view table)>;
 
@@ -53,13 +55,12 @@ Translation Translate(std::string_view jetSql, const ShapeOfTable& shapeOf = {},
                       SqlForm form = SqlForm::Sqlite);
 
 // Translates a search criterion, as FindFirst takes it, to the text of a condition over its own
-// parameters, numbered from `firstParameter` on. `fields` are those of the set searched.
+// parameters, numbered from `firstParameter` on. `searched` are the fields of the set.
 struct Condition {
   std::string Sql;
   std::vector<Value> Parameters;
 };
 Condition TranslateCondition(std::string_view criterion, int firstParameter,
-                             const std::vector<FieldDef>* fields = nullptr,
-                             SqlForm form = SqlForm::Sqlite);
+                             const TableShape& searched = {}, SqlForm form = SqlForm::Sqlite);
 
 }  // namespace kvi::jet

@@ -9,10 +9,10 @@ Translation Translate(std::string_view jetSql, const ShapeOfTable& shapeOf, SqlF
 }
 
 Condition TranslateCondition(std::string_view criterion, int firstParameter,
-                             const std::vector<FieldDef>* fields, SqlForm form) {
+                             const TableShape& searched, SqlForm form) {
   if (form == SqlForm::Postgres)
-    return PostgresWriter(criterion, firstParameter, {}).WriteCondition(fields);
-  return JetWriter(criterion, firstParameter, {}).WriteCondition(fields);
+    return PostgresWriter(criterion, firstParameter, {}).WriteCondition(searched);
+  return JetWriter(criterion, firstParameter, {}).WriteCondition(searched);
 }
 
 Translation JetWriter::WriteStatement() {
@@ -35,8 +35,8 @@ Translation JetWriter::WriteStatement() {
   return std::move(result_);
 }
 
-Condition JetWriter::WriteCondition(const std::vector<FieldDef>* fields) {
-  tables_.push_back({{}, {}, TableShape{fields}});
+Condition JetWriter::WriteCondition(const TableShape& searched) {
+  tables_.push_back({{}, {}, searched});
   AsCondition(Or());
   ExpectEnd();
   return {std::move(result_.Sql), std::move(result_.Parameters)};

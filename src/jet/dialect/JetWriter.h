@@ -23,7 +23,7 @@ class JetWriter {
   JetWriter& operator=(const JetWriter&) = delete;
 
   Translation WriteStatement();
-  Condition WriteCondition(const std::vector<FieldDef>* fields);
+  Condition WriteCondition(const TableShape& searched);
 
  protected:
   // Deeper nests are no statement of ours, and would end in the stack.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
+
 namespace kvi::jet {
 namespace {
 
@@ -34,7 +36,29 @@ std::string PostgresWriter::KeyOf(const Operand& operand, std::string_view text)
       return KeyColumn(operand.argumentQualifier, operand.argument);
     text.remove_prefix(operand.call->sqlName.size());
   }
+  while (text.starts_with('(') && text.ends_with(')')) text = text.substr(1, text.size() - 2);
+  if (std::string key = TrimmedKey(text); !key.empty()) return key;
   return "kvi.key(" + std::string(text) + ")";
+}
+
+// The column that holds the key of "trim([field])", "" where there is none.
+std::string PostgresWriter::TrimmedKey(std::string_view text) {
+  constexpr std::string_view kBefore = "trim([", kBehind = "])";
+  if (!text.starts_with(kBefore) || !text.ends_with(kBehind)) return {};
+  const std::string_view name =
+      text.substr(kBefore.size(), text.size() - kBefore.size() - kBehind.size());
+  const std::size_t point = name.find("].[");
+  const std::string_view field = point == name.npos ? name : name.substr(point + 3);
+  for (Table& table : tables_) {
+    if (point != name.npos && !table.IsCalled(name.substr(0, point))) continue;
+    const auto* keys = ShapeOf(table).TrimmedKeys;
+    if (keys == nullptr) continue;
+    for (const std::string& key : *keys)
+      if (EqualsNoCase(key, field))
+        return (point == name.npos ? "[" : "[" + std::string(name.substr(0, point)) + "].[") +
+               ("_t_" + key + "]");
+  }
+  return {};
 }
 
 void PostgresWriter::MakeKey(const Operand& operand, std::size_t end) {

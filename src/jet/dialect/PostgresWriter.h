@@ -34,6 +34,7 @@ class PostgresWriter : public JetWriter {
 
   bool HasKey(const Operand& operand);
   std::string KeyOf(const Operand& operand, std::string_view text);
+  std::string TrimmedKey(std::string_view text);
   void MakeKey(const Operand& operand, std::size_t end);
   bool IsOneTable(const Shape& shape);
   void TakeFirstOfGroup(const Shape& shape);

@@ -22,6 +22,8 @@ struct StoredTable {
   bool Versioned = false;
   // Those of a unique index, where writes go off later and may not fail then.
   std::vector<std::string> UniqueFields;
+  // Those whose text without blanks has a hidden column for its key.
+  std::vector<std::string> TrimmedKeys;
   // Counts the writes of this process to the table, so that rows held in memory know their age.
   std::shared_ptr<std::uint64_t> Writes;
 };
@@ -135,6 +137,9 @@ class Connection {
   virtual bool ReadsUnderLock() const { return true; }
   // Counts the lines made to a server: a transaction ends with its line.
   virtual std::uint64_t LineNumber() const { return 0; }
+  // A commit whose answer was lost, by the server's number of it, 0 for none; and what became of it.
+  virtual std::uint64_t UnsureCommit() const { return 0; }
+  virtual bool WasCommitted(std::uint64_t) { return false; }
   // False while a look is known to show nothing new.
   virtual bool MayHaveChanged() = 0;
   virtual Counters Look() = 0;

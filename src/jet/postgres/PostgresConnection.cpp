@@ -76,6 +76,7 @@ void PostgresConnection::RequireUp() {
   ++seen_.commits;
   unseen_ = true;
   columns_.clear();
+  kept_.Forget();
   TakeSession();
 }
 
@@ -128,24 +129,45 @@ ServerResult PostgresConnection::Ask(const std::string& sql) {
 
 ServerResult PostgresConnection::Run(const std::string& sql,
                                      const std::vector<Parameter>& parameters, bool reads) {
-  ServerResult result =
-      state_ == State::Open ? RunInside(sql, parameters) : RunAlone(sql, parameters, reads);
+  ServerResult result = state_ == State::Open
+                            ? RunInside(sql, parameters)
+                            : RunAlone([&] { line_.Queue(sql, parameters); }, reads).back();
   if (!reads) CountRows(result.get());
   return result;
 }
 
+ServerResult PostgresConnection::Answer(const std::string& sql) {
+  if (state_ != State::None) return Run(sql, {}, true);
+  if (MayHaveChanged()) {
+    Look();
+    unseen_ = true;  // whoever watches has yet to see it
+  }
+  const std::uint64_t commits = seen_.commits;
+  if (ServerResult known = kept_.Find(sql, commits)) return known;
+  const std::vector<std::string> others = kept_.WorthAsking(sql, commits);
+  const std::vector<ServerResult> answers = RunAlone(
+      [&] {
+        for (const std::string& other : others) line_.Queue(other);
+        line_.Queue(sql);
+      },
+      true);
+  for (std::size_t i = 0; i < others.size(); ++i) kept_.Keep(others[i], answers[i], commits);
+  kept_.Keep(sql, answers.back(), commits);
+  return answers.back();
+}
+
 // The first statement of a transaction, or one without. What failed has left nothing behind, so it
 // can be run again: on another line where this one broke, or when the other desk is done.
-ServerResult PostgresConnection::RunAlone(const std::string& sql,
-                                          const std::vector<Parameter>& parameters, bool reads) {
+std::vector<ServerResult> PostgresConnection::RunAlone(const std::function<void()>& queue,
+                                                       bool reads) {
   const bool announced = state_ == State::Announced;
   for (bool again = false;; again = true) {
     try {
       RequireUp();
       if (announced && state_ == State::None) state_ = State::Announced;
       if (announced) QueueBegin();
-      line_.Queue(sql, parameters);
-      return Exchange().back();
+      queue();
+      return Exchange();
     } catch (const ServerFailure& failure) {
       if (announced) RollBack();
       if (failure.IsLock() && AskToWait()) {

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "jet/engine/Connection.h"
+#include "jet/postgres/KeptAnswers.h"
 #include "jet/postgres/PostgresLine.h"
 
 namespace kvi::jet {
@@ -60,6 +61,8 @@ class PostgresConnection : public Connection {
   Counters Look() override;
   std::uint64_t StepsOfCommit() const override { return stepsOfCommit_; }
   std::uint64_t LineNumber() const override { return line_.Number(); }
+  std::uint64_t UnsureCommit() const override { return unsure_.Transaction; }
+  bool WasCommitted(std::uint64_t transaction) override;
 
   std::vector<std::string> TableNames() override;
   std::shared_ptr<StoredTable> ReadTable(std::string_view table) override;
@@ -84,8 +87,10 @@ class PostgresConnection : public Connection {
   void CopyIn(const std::string& sql, const std::function<bool(std::string&)>& next);
 
   // What a statement asks of its connection. `Run` gives its answer, together with what was queued
-  // before; `RunLater` sends it with what comes next.
+  // before; `Answer` does so too, where it is not known already; `RunLater` sends it with what comes
+  // next.
   ServerResult Run(const std::string& sql, const std::vector<Parameter>& parameters, bool reads);
+  ServerResult Answer(const std::string& sql);
   void RunLater(const std::string& sql, const std::vector<Parameter>& parameters);
   // The spelling and the type of a column of ours, by the server's numbers.
   struct Column {
@@ -104,15 +109,14 @@ class PostgresConnection : public Connection {
   void QueueBegin();
   void BeginMoment();
   std::vector<ServerResult> Exchange();
-  ServerResult RunAlone(const std::string& sql, const std::vector<Parameter>& parameters,
-                        bool reads);
+  std::vector<ServerResult> RunAlone(const std::function<void()>& queue, bool reads);
   ServerResult RunInside(const std::string& sql, const std::vector<Parameter>& parameters);
   bool TakeRowBack();
   void CountRows(const PGresult* result);
   void EndTransaction();
   void TakeBegin(const PGresult* result);
   void TakeLook(const PGresult* result, int column);
-  bool WasCommitted(std::uint64_t transaction, int backend);
+  bool AskWhetherCommitted(std::uint64_t transaction);
   [[noreturn]] void Lost(const ServerFailure& failure);
 
   const std::string path_;
@@ -128,6 +132,13 @@ class PostgresConnection : public Connection {
   long rowsWritten_ = 0;
   std::int64_t allRowsWritten_ = 0;
 
+  struct Unsure {
+    std::uint64_t Transaction = 0;
+    int Backend = 0;
+  };
+  Unsure unsure_;  // a commit whose answer is not known
+
+  KeptAnswers kept_;
   Counters seen_;
   bool unseen_ = false;  // `seen_` came with another answer and nobody looked since
   std::chrono::milliseconds lookEvery_{50};

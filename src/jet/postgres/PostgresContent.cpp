@@ -154,7 +154,7 @@ void ContentIn::TakeTable(const std::string& name) {
   const auto table = from_.ReadTable(name);
   if (!table || table->Key.empty()) throw RunTimeError(3343, "'" + name + "' has no row numbers.");
   const TableDef design{table->Name, table->Fields, IndexesOf(name)};
-  for (const std::string& sql : ServerTableSql({design.Name, design.Fields, {}})) to_.Ask(sql);
+  for (const std::string& sql : ServerTableWithoutIndexesSql(design)) to_.Ask(sql);
   CopyRows(*table);
   for (const IndexDef& index : design.Indexes) to_.Ask(ServerIndexSql(design, index));
   to_.KeepIndexes(design);

@@ -93,7 +93,8 @@ void PostgresStatement::Bind(int index, const Date& date) {
 }
 
 void PostgresStatement::Run() {
-  result_ = connection_.Run(sql_, parameters_, reads_);
+  result_ = reads_ && parameters_.empty() ? connection_.Answer(sql_)
+                                          : connection_.Run(sql_, parameters_, reads_);
   row_ = -1;
 }
 

@@ -25,7 +25,7 @@ constexpr const char* kColumns =
     "c.relnamespace='public'::regnamespace AND c.relname=$1 AND a.attnum>0 AND NOT a.attisdropped "
     "ORDER BY a.attnum";
 
-constexpr std::string_view kKey = "_k_";
+constexpr std::string_view kKey = "_k_", kTrimmedKey = "_t_";
 constexpr Oid kText = 25;
 
 }  // namespace
@@ -54,6 +54,8 @@ std::shared_ptr<StoredTable> PostgresConnection::ReadTable(std::string_view tabl
       stored->Versioned = true;
     } else if (name.starts_with(kKey)) {
       if (text(3) == "t") stored->UniqueFields.push_back(name.substr(kKey.size()));
+    } else if (name.starts_with(kTrimmedKey)) {
+      stored->TrimmedKeys.push_back(name.substr(kTrimmedKey.size()));
     } else {
       stored->Fields.push_back(FieldOfColumn(text(2), text(1)));
       if (text(3) == "t") stored->UniqueFields.push_back(name);

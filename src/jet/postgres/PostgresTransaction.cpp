@@ -92,41 +92,58 @@ bool PostgresConnection::Commit() {
   if (!line_.IsUp() && state_ != State::None) Lost({"", "", "", 0});
   if (state_ == State::Announced && !beginQueued_) state_ = State::None;
   if (state_ == State::None) return true;
-  const int backend = line_.Backend();
   try {
     if (beginQueued_) Exchange();
+    unsure_ = {transaction_, line_.Backend()};
     line_.Queue("COMMIT");
     line_.Queue(std::string("SELECT ") + kLook);
     const std::vector<ServerResult> results = line_.Exchange();
     TakeLook(results.back().get(), 0);
   } catch (const ServerFailure& failure) {
-    if (!failure.IsLine()) {
+    if (failure.IsLine()) {
+      if (unsure_.Transaction == 0 || !AskWhetherCommitted(unsure_.Transaction)) Lost(failure);
+    } else {
+      unsure_ = {};
       RollBack();
       if (failure.IsLock()) return false;
       RaiseServerError(failure);
     }
-    const std::uint64_t transaction = transaction_;
-    if (transaction == 0 || !WasCommitted(transaction, backend)) Lost(failure);
   }
+  unsure_ = {};
   EndTransaction();
   return true;
 }
 
-// The line broke behind a commit. Whatever is left of the old line is ended first, so that the
-// answer holds.
-bool PostgresConnection::WasCommitted(std::uint64_t transaction, int backend) {
+// The line broke behind a commit. A server that starts anew is waited for.
+bool PostgresConnection::AskWhetherCommitted(std::uint64_t transaction) {
+  constexpr int kTries = 40;
   EndTransaction();
-  RequireUp();
-  const std::string number = std::to_string(transaction);
-  for (int tries = 0; tries < 100; ++tries) {
-    const ServerResult status = Ask("SELECT pg_xact_status('" + number + "'::xid8)");
-    const std::string_view text = PQgetvalue(status.get(), 0, 0);
-    if (text != "in progress") return text == "committed";
-    Ask("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE pid=" +
-        std::to_string(backend) + " AND backend_xid::text::bigint=" + number + "::bigint");
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  for (int tries = 1; !line_.IsUp(); ++tries) {
+    try {
+      RequireUp();
+    } catch (const RunTimeError&) {
+      if (tries == kTries)
+        throw RunTimeError(3151,
+                           "The line to the server broke while a save was on its way. Whether it "
+                           "was saved is found out when it is saved again.");
+      std::this_thread::sleep_for(std::chrono::milliseconds(250));
+    }
   }
-  return false;
+  return WasCommitted(transaction);
+}
+
+// Whatever is left of the old line is ended first, so that the answer holds.
+bool PostgresConnection::WasCommitted(std::uint64_t transaction) {
+  const std::string number = std::to_string(transaction);
+  std::string status = "in progress";
+  for (int tries = 0; tries < 100 && status == "in progress"; ++tries) {
+    if (tries > 0) std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    Ask("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE pid=" +
+        std::to_string(unsure_.Backend) + " AND backend_xid::text::bigint=" + number + "::bigint");
+    status = PQgetvalue(Ask("SELECT pg_xact_status('" + number + "'::xid8)").get(), 0, 0);
+  }
+  unsure_ = {};
+  return status == "committed";
 }
 
 void PostgresConnection::RollBack() {

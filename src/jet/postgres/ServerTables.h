@@ -19,8 +19,13 @@ std::string ServerName(std::string_view name);
 // The hidden column of a Text or Memo field, quoted.
 std::string ServerKeyName(std::string_view field);
 
+// Another one, of a field with an index over its text without blanks.
+std::string ServerTrimmedKeyName(std::string_view field);
+
 // The statements that make a table with its indexes; each to be run by itself, in order.
 std::vector<std::string> ServerTableSql(const TableDef& table);
+// The same, for rows to come before the indexes.
+std::vector<std::string> ServerTableWithoutIndexesSql(const TableDef& table);
 // The statements that add a field to a table that is there.
 std::vector<std::string> ServerFieldSql(std::string_view table, const FieldDef& field);
 // The statement for one index. What a plain index leaves equal stands in the order of `_rid`.

@@ -165,8 +165,8 @@ void Dynaset::LandAgain() {
 void Dynaset::FindFirst(std::string_view criterion) {
   CancelUpdate();
   TheEngine().lock.Breathe();
-  const Condition condition =
-      TranslateCondition(criterion, 1, &Fields(), TheEngine().connection.Form());
+  const Condition condition = TranslateCondition(
+      criterion, 1, {&Fields(), true, &shape_->Table().TrimmedKeys}, TheEngine().connection.Form());
   RowBlock found;
   TheEngine().LookBeforeReading();
   StatementRun run(TheEngine().connection, shape_->Columns()->FindSql + condition.Sql);

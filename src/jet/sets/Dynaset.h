@@ -59,6 +59,8 @@ class Dynaset : public RecordsetImpl, private WriteLock::Writer {
   void Committed() override;
   void TakenBack() override;
   void WriteEdit();
+  void TakeWritten();
+  void RequireUnmoved();
   void WriteNew();
   bool UpdateRow();
   std::int64_t InsertRow();

@@ -1,5 +1,6 @@
 // The writing half of a dynaset.
 #include <algorithm>
+#include <utility>
 
 #include "base/RunTimeError.h"
 #include "base/Text.h"
@@ -33,6 +34,8 @@ void Dynaset::Edit() {
     throw;
   }
   buffer_.Open(Kind::Edit, shape_->Fields());
+  buffer_.Version = block_.Version(Position());
+  buffer_.Line = TheEngine().connection.LineNumber();
   // The edit is open: whoever passes over the error goes on, on the fresh row.
   const bool writesOver = TheEngine().connection.OnLocked != nullptr;
   if (wasRead && !writesOver && block_.Version(Position()) != versionRead) throw RunTimeError(3197);
@@ -55,10 +58,26 @@ void Dynaset::CancelUpdate() {
 
 void Dynaset::Update() {
   if (buffer_.Is() == Kind::None) throw RunTimeError(3020);
-  if (buffer_.Is() == Kind::New)
-    WriteNew();
-  else
-    WriteEdit();
+  Connection& connection = TheEngine().connection;
+  if (buffer_.Unsure != 0 && connection.WasCommitted(std::exchange(buffer_.Unsure, 0)))
+    return TakeWritten();
+  try {
+    if (buffer_.Is() == Kind::New)
+      WriteNew();
+    else
+      WriteEdit();
+  } catch (const RunTimeError&) {
+    buffer_.Unsure = connection.UnsureCommit();
+    throw;
+  }
+}
+
+// What was asked to be written is in the database already.
+void Dynaset::TakeWritten() {
+  if (buffer_.Is() == Kind::New) keys_.Append(buffer_.NewKey);
+  buffer_.Close();
+  block_ = RowBlock();
+  cells_ = nullptr;
 }
 
 // Where the lock was given back since Edit, it is taken again, and the last writer wins: the fields
@@ -69,6 +88,7 @@ void Dynaset::WriteEdit() {
     const bool isHeld = lock.IsHeldFor(buffer_.Ticket) && cells_ && rowStamp_ == Now();
     lock.CloseEdit(buffer_.Ticket);
     if (!isHeld) LandAgain();
+    RequireUnmoved();
     return UpdateRow();
   });
   rowStamp_ = Now();
@@ -77,6 +97,15 @@ void Dynaset::WriteEdit() {
     if (const int at = block_.PositionOf(field); at != ColumnChoice::kNotFetched)
       cells_[at] = buffer_[field];
   buffer_.Close();
+}
+
+// An edit whose line broke held nothing since: then another desk's change is told as at Edit.
+void Dynaset::RequireUnmoved() {
+  const Connection& connection = TheEngine().connection;
+  if (connection.LineNumber() == buffer_.Line || connection.OnLocked) return;
+  buffer_.Line = connection.LineNumber();
+  if (block_.Version(Position()) != std::exchange(buffer_.Version, block_.Version(Position())))
+    throw RunTimeError(3197);
 }
 
 // False when `write` found nothing to write. The block is as the file has it, but for the row
@@ -157,12 +186,11 @@ const std::string& Dynaset::UpdateSql() {
 }
 
 void Dynaset::WriteNew() {
-  std::int64_t key = 0;
   WriteRow([&] {
-    key = InsertRow();
+    buffer_.NewKey = InsertRow();
     return true;
   });
-  keys_.Append(key);
+  keys_.Append(buffer_.NewKey);
   buffer_.Close();
 }
 

@@ -6,6 +6,7 @@ namespace kvi::jet {
 
 void EditBuffer::Open(Kind kind, const FieldList& fields) {
   kind_ = kind;
+  Unsure = 0;
   isSet_.assign(fields.Size(), 0);
   changed_.clear();
   values_.resize(fields.Size());

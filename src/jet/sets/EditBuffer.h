@@ -26,6 +26,13 @@ class EditBuffer {
   const std::vector<std::size_t>& Changed() const { return changed_; }
 
   std::uint64_t Ticket = 0;  // the edit's hold on the write lock
+  // The row's version when the edit began, and the line it began on.
+  std::int64_t Version = 0;
+  std::uint64_t Line = 0;
+  // An Update of this buffer of which is not known whether it was done, by its transaction, and the
+  // key that its new row got.
+  std::uint64_t Unsure = 0;
+  std::int64_t NewKey = 0;
 
  private:
   Kind kind_ = Kind::None;

@@ -39,7 +39,7 @@ ShapeOfTable QueryCache::ShapeOf() {
   return [this](std::string_view table) -> TableShape {
     const auto stored = engine_.tables.Find(table);
     if (!stored) return {};
-    return {&stored->Fields, stored->Versioned};
+    return {&stored->Fields, stored->Versioned, &stored->TrimmedKeys};
   };
 }
 

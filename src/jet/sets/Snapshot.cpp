@@ -122,7 +122,7 @@ const Value& Snapshot::Field(std::string_view name) {
 }
 
 void Snapshot::FindFirst(std::string_view criterion) {
-  const Condition condition = TranslateCondition(criterion, 1, &Fields());
+  const Condition condition = TranslateCondition(criterion, 1, {&Fields()});
   if (!finder_) finder_ = std::make_unique<Finder>(fields_, cells_, size_);
   std::size_t position = 0;
   SetNoMatch(!finder_->Find(condition, position));
