@@ -1,6 +1,7 @@
 // The whole content, out of the server into a file and out of a file into the server.
 #include <filesystem>
 #include <memory>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -197,8 +198,8 @@ void ContentIn::CopyRows(const StoredTable& table) {
 void PostgresConnection::CopyTo(const std::string& path) {
   std::error_code ignored;
   if (fs::exists(fs::symlink_status(path, ignored))) throw RunTimeError(3204);
-  const std::string unfinished = path + ".new";
-  fs::remove(unfinished, ignored);
+  // Another desk may be making a copy of that name at this moment.
+  const std::string unfinished = path + "." + std::to_string(std::random_device{}()) + ".new";
   try {
     BeginMoment();
     SqliteConnection file(unfinished);

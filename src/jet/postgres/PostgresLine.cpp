@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <utility>
 
 #include "base/RunTimeError.h"
@@ -140,16 +141,22 @@ void PostgresLine::Copy(const std::string& sql, const std::function<bool(std::st
   PGconn* connection = connection_.get();
   if (PQexitPipelineMode(connection) == 0) FailLine();
   ServerResult result(PQexec(connection, sql.c_str()), FreeResult());
+  std::exception_ptr brokenOff;
   if (PQresultStatus(result.get()) == PGRES_COPY_IN) {
-    for (std::string line; next(line);)
-      if (PQputCopyData(connection, line.data(), static_cast<int>(line.size())) != 1) FailLine();
-    if (PQputCopyEnd(connection, nullptr) != 1) FailLine();
+    try {
+      for (std::string line; next(line);)
+        if (PQputCopyData(connection, line.data(), static_cast<int>(line.size())) != 1) FailLine();
+    } catch (...) {
+      brokenOff = std::current_exception();
+    }
+    if (PQputCopyEnd(connection, brokenOff ? "broken off" : nullptr) != 1) FailLine();
     result.reset(PQgetResult(connection), FreeResult());
     while (PGresult* end = PQgetResult(connection)) PQclear(end);
   }
   const bool good = PQresultStatus(result.get()) == PGRES_COMMAND_OK;
   const ServerFailure failure = good ? ServerFailure() : FailureOf(result.get(), 0);
   if (PQstatus(connection) != CONNECTION_OK || PQenterPipelineMode(connection) == 0) FailLine();
+  if (brokenOff) std::rethrow_exception(brokenOff);
   if (!good) throw failure;
 }
 

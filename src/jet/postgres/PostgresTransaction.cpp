@@ -189,10 +189,10 @@ bool PostgresConnection::MayHaveChanged() {
 }
 
 Connection::Counters PostgresConnection::Look() {
-  if (!std::exchange(unseen_, false) && state_ != State::Announced && !IsAlone()) {
-    TakeLook(Ask(std::string("SELECT ") + kLook).get(), 0);
-    unseen_ = false;
-  }
+  const bool isKnown = IsAlone() || state_ == State::Announced ||
+                       (unseen_ && Clock::now() - lastLook_ < lookEvery_);
+  if (!isKnown) TakeLook(Ask(std::string("SELECT ") + kLook).get(), 0);
+  unseen_ = false;
   return seen_;
 }
 
