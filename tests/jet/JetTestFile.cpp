@@ -118,6 +118,10 @@ void OtherProcess::Kill() {
   kill(pid_, SIGKILL);
 }
 
+void OtherProcess::GoOn() {
+  kill(pid_, SIGCONT);
+}
+
 void OtherProcess::Wait() {
   if (pid_ > 0) waitpid(pid_, nullptr, 0);
   pid_ = -1;

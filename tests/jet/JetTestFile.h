@@ -15,12 +15,14 @@ namespace kvi::jet {
 
 // A stockroom's file of two tables for each test, in a folder of its own.
 class JetFile : public ::testing::Test {
+ public:
+  // The fields named (parted by blanks) of a statement's rows, a row a line, cells parted by "|".
+  static std::string RowsOf(Database& database, const std::string& sql, const std::string& fields);
+
  protected:
   JetFile();
 
-  // The fields named (parted by blanks) of a statement's rows, a row a line, cells parted by "|".
   std::string Rows(const std::string& sql, const std::string& fields);
-  static std::string RowsOf(Database& database, const std::string& sql, const std::string& fields);
   // Parts "1" to `count`, named "Part 1" ... with a level of 10 each.
   void AddParts(int count);
 
@@ -57,6 +59,8 @@ class OtherProcess {
   std::string Line();
   std::string AllLines();
   void Kill();
+  // Wakes a process that stopped itself.
+  void GoOn();
 
  private:
   void Wait();

@@ -11,8 +11,8 @@
 
 #include "base/TextOrder.h"
 #include "base/Utf8.h"
-#include "jet/sqlite/JetFunctions.h"
 #include "jet/postgres/ServerTables.h"
+#include "jet/sqlite/JetFunctions.h"
 #include "support/ServerDatabase.h"
 
 namespace kvi::jet {

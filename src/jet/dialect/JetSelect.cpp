@@ -6,6 +6,7 @@ void JetWriter::Select(bool outermost) {
   const std::size_t firstTable = tables_.size();
   Shape shape;
   shape.keyed = shape.outermost = outermost;
+  const std::size_t start = out_.size();
   SelectCore(shape);
   while (tokens_.TakeIf("UNION")) {
     out_ += tokens_.TakeIf("ALL") ? " UNION ALL " : " UNION ";
@@ -18,6 +19,7 @@ void JetWriter::Select(bool outermost) {
     shape.keyed = false;
     shape.united = true;
   }
+  if (shape.united) Unite(start);
   std::string order = OrderBy(shape);
   if (!shape.top.empty()) out_.append(" LIMIT ").append(shape.top);
   if (outermost && shape.keyed) {

@@ -99,6 +99,8 @@ class JetWriter {
   virtual void EndGroup(Shape&, const Operand&) {}
   // The list, the tables, the condition and the groups stand.
   virtual void FinishCore(Shape&) {}
+  // Behind the last of several SELECTs that began at `start`.
+  virtual void Unite(std::size_t) {}
   // Behind the order that the statement gives, if it gives one.
   virtual void FinishOrder(const Shape&) {}
 

@@ -119,7 +119,10 @@ void PostgresWriter::Assign(const JetToken& field, const Operand& value) {
 void PostgresWriter::OrderTerm(Shape& shape, const Operand& term, bool descending) {
   // A name of no table's is one that the list gives, and stands in no expression.
   const bool ofList = !term.column.empty() && KindOf(term) == Kind::Unknown;
-  if (HasKey(term) && !ofList && !shape.united) MakeKey(term, out_.size());
+  if (shape.united && !term.column.empty())
+    Wrap(term, "kvi.key(", out_.size(), ")");
+  else if (HasKey(term) && !ofList)
+    MakeKey(term, out_.size());
   shape.order.push_back(out_.substr(term.start));
   out_ += descending ? " DESC NULLS LAST" : " NULLS FIRST";
 }
@@ -175,6 +178,12 @@ void PostgresWriter::FinishCore(Shape& shape) {
   std::string list;
   for (const std::string& key : shape.keys) list += (list.empty() ? "" : ", ") + key;
   out_.insert(shape.listStart, "DISTINCT ON (" + list + ") ");
+}
+
+// (Texts that differ in their case alone stay two rows.)
+void PostgresWriter::Unite(std::size_t start) {
+  out_.insert(start, "SELECT * FROM (");
+  out_ += ") AS united";
 }
 
 // Groups come in the order of their keys, and of equal rows the first one.

@@ -30,6 +30,7 @@ class PostgresWriter : public JetWriter {
   void Distinct(Shape&) override {}
   void EndGroup(Shape& shape, const Operand& group) override;
   void FinishCore(Shape& shape) override;
+  void Unite(std::size_t start) override;
   void FinishOrder(const Shape& shape) override;
 
   bool HasKey(const Operand& operand);

@@ -189,8 +189,8 @@ bool PostgresConnection::MayHaveChanged() {
 }
 
 Connection::Counters PostgresConnection::Look() {
-  const bool isKnown = IsAlone() || state_ == State::Announced ||
-                       (unseen_ && Clock::now() - lastLook_ < lookEvery_);
+  const bool isKnown =
+      IsAlone() || state_ == State::Announced || (unseen_ && Clock::now() - lastLook_ < lookEvery_);
   if (!isKnown) TakeLook(Ask(std::string("SELECT ") + kLook).get(), 0);
   unseen_ = false;
   return seen_;
