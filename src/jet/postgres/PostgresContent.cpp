@@ -1,4 +1,6 @@
 // The whole content, out of the server into a file and out of a file into the server.
+#include <array>
+#include <charconv>
 #include <filesystem>
 #include <memory>
 #include <random>
@@ -86,6 +88,12 @@ class TableOut {
   const StoredTable& table_;
 };
 
+// More than the fifteen that a person is shown, so that the number comes back as it was.
+std::string AllDigits(double number) {
+  std::array<char, 32> digits;
+  return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr};
+}
+
 // A row of COPY's text form.
 class CopyLine {
  public:
@@ -96,6 +104,7 @@ class CopyLine {
     else
       Append(value.IsDate()      ? IsoText(value.AsDate())
              : value.IsBoolean() ? (value.Boolean() ? "-1" : "0")
+             : value.IsDouble()  ? AllDigits(value.AsNumber())
                                  : value.Text());
   }
   std::string Take() { return std::exchange(text_, {}) + '\n'; }
