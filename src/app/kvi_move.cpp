@@ -7,6 +7,7 @@
 #include "ConsoleProgram.h"
 #include "base/HiddenFolder.h"
 #include "base/RunTimeError.h"
+#include "base/Text.h"
 #include "jet/Database.h"
 #include "jet/Server.h"
 #include "store/OpenInventoryDatabase.h"
@@ -27,17 +28,24 @@ constexpr const char* kHelp =
     "names a\n"
     "server's database. Close the program on every desk first. FROM is only read; a server that "
     "TO\n"
-    "names must have no rows yet, and a file TO must not be there. All is copied, or nothing.\n";
+    "names must have no rows but column widths yet, and a file TO must not be there. All is\n"
+    "copied, or nothing.\n";
 
 std::string FileOf(const std::string& place) {
   std::error_code ignored;
   return fs::is_directory(place, ignored) ? (fs::path(place) / kvi::kDatabaseFile).string() : place;
 }
 
-// The rows of each table, and of all.
+// Where a new stockroom has its column widths.
+bool HoldsWidths(const std::string& table) {
+  return kvi::UCase(table).starts_with("CW_");
+}
+
+// The rows of each table, and of all; told of, or only those of a stockroom at work.
 long CountRows(Database& database, bool tell) {
   long all = 0;
   for (const kvi::jet::TableDef& table : database.TableDefs()) {
+    if (!tell && HoldsWidths(table.Name)) continue;
     auto rows = database.OpenSnapshot("SELECT Count(*) AS n FROM [" + table.Name + "]", {});
     const long count = static_cast<long>(rows.Number("n"));
     if (tell && count > 0) std::printf("%9ld  %s\n", count, table.Name.c_str());

@@ -10,7 +10,9 @@
 #include <string>
 
 #include "ConsoleProgram.h"
+#include "base/HiddenFolder.h"
 #include "base/RunTimeError.h"
+#include "jet/Database.h"
 #include "jet/Server.h"
 #include "store/Schema.h"
 
@@ -103,7 +105,17 @@ std::string Password(const Arguments& arguments) {
   return password;
 }
 
+// As a new file has them, too.
+void FillTables(const std::string& conninfo) {
+  const kvi::HiddenFolder folder;
+  const std::string path = folder / "KV_Inventory.mdb";
+  std::ofstream(path) << kvi::jet::kServerFileMark << "\n" << conninfo << "\n";
+  auto database = kvi::jet::Database::Open(path, false);
+  kvi::FillColumnWidths(database);
+}
+
 void Create(Arguments arguments) {
+  arguments.setUp.Fill = FillTables;
   arguments.setUp.AskPassword = [&] { return Password(arguments); };
   kvi::jet::CreateServerDatabase(arguments.setUp, kvi::Schema());
   std::printf("made the database %s\n\nThe desks reach it after this:\n",

@@ -26,6 +26,8 @@ struct ServerSetUp {
   std::string Desk = "kvi_desks";
   // Asked only when the desks' role is to be made.
   std::function<std::string()> AskPassword = {};
+  // Fills the new tables, where given, by libpq's words for the new database.
+  std::function<void(const std::string& conninfo)> Fill = {};
 };
 
 // Makes a database on the server that libpq's surroundings name (PGHOST, PGPORT; else this

@@ -175,6 +175,7 @@ void CreateServerDatabase(const ServerSetUp& setUp, const std::vector<TableDef>&
   undoing.Make("DATABASE " + setUp.Database,
                "OWNER " + setUp.Owner + " ENCODING 'UTF8' LOCALE 'C' TEMPLATE template0");
   MakeTables(setUp, tables);
+  if (setUp.Fill) setUp.Fill("dbname=" + setUp.Database);
   SetRights(server, setUp);
   undoing.Keep();
 }
