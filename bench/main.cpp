@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "bench/DelayLine.h"
+#include "bench/ServerFigures.h"
 #include "bench/Stockroom.h"
 #include "bench/Trips.h"
 
@@ -57,6 +59,14 @@ int main(int argc, char** argv) {
   if (argc == 2 && std::string_view(argv[1]) == "--trips") {
     if (!kvi::bench::MakeDatabase()) return EXIT_FAILURE;
     kvi::bench::MakeTrips();
+    return EXIT_SUCCESS;
+  }
+  if (argc == 5 && std::string_view(argv[1]) == "--delay") {
+    const std::chrono::microseconds delay(std::atoi(argv[4]));
+    return kvi::bench::RunDelayLine(argv[2], argv[3], delay) ? EXIT_SUCCESS : EXIT_FAILURE;
+  }
+  if (argc > 2 && std::string_view(argv[1]) == "--server") {
+    kvi::bench::MakeServerFigures({argv + 2, argv + argc});
     return EXIT_SUCCESS;
   }
   benchmark::Initialize(&argc, argv);
