@@ -135,6 +135,8 @@ class Connection {
   // Whether nobody can write while a statement gives its rows: then a look at the first of them
   // holds for all. Otherwise the look comes before the statement.
   virtual bool ReadsUnderLock() const { return true; }
+  // Whether a statement costs a trip that is worth more than some rows in memory.
+  virtual bool IsDistant() const { return false; }
   // Counts the lines made to a server: a transaction ends with its line.
   virtual std::uint64_t LineNumber() const { return 0; }
   // A commit whose answer was lost, by the server's number of it, 0 for none; and what became of it.

@@ -57,6 +57,7 @@ class PostgresConnection : public Connection {
   bool WriteAfterRead() override { return false; }
 
   bool ReadsUnderLock() const override { return false; }
+  bool IsDistant() const override { return true; }
   bool MayHaveChanged() override;
   Counters Look() override;
   std::uint64_t StepsOfCommit() const override { return stepsOfCommit_; }

@@ -9,6 +9,8 @@ namespace {
 
 constexpr std::size_t kFirstBlock = 4, kLastBlock = 1024, kGrowth = 4;
 constexpr std::size_t kFastWalk = 256;
+constexpr int kFewSearches = 4;
+constexpr std::size_t kMostHeld = 100000;
 
 }  // namespace
 
@@ -120,6 +122,7 @@ void Dynaset::ConfirmContent() {
 }
 
 void Dynaset::ReadBlockAround(std::size_t position) {
+  searched_.reset();
   // A walk, in either direction, asks for ever larger blocks; a jump, or a file that others write
   // to, starts over.
   const std::size_t held = block_.End() - block_.Begin();
@@ -141,6 +144,7 @@ void Dynaset::ReadBlockAround(std::size_t position) {
 
 const Value& Dynaset::FetchAlso(std::size_t field) {
   outgrown_.push_back(std::move(block_));
+  searched_.reset();
   const RowBlock& before = outgrown_.back();
   block_ = RowBlock();
   block_.Read(TheEngine(), *shape_, keys_, before.Begin(), before.End() - before.Begin());
@@ -165,6 +169,7 @@ void Dynaset::LandAgain() {
 void Dynaset::FindFirst(std::string_view criterion) {
   CancelUpdate();
   TheEngine().lock.Breathe();
+  if (FindAmongRowsHeld(criterion)) return;
   const Condition condition = TranslateCondition(
       criterion, 1, {&Fields(), true, &shape_->Table().TrimmedKeys}, TheEngine().connection.Form());
   RowBlock found;
@@ -176,10 +181,54 @@ void Dynaset::FindFirst(std::string_view criterion) {
   SetNoMatch(position == KeySet::kNone);
   if (NoMatch()) return;
   outgrown_.clear();
+  searched_.reset();
   block_ = std::move(found);
   StandOn(position);
   cells_ = block_.Cells(position);
   rowStamp_ = block_.Stamp;
+}
+
+// Where a search is a trip, a set that is searched again and again for a text is read whole. False
+// where the statement must tell.
+bool Dynaset::FindAmongRowsHeld(std::string_view criterion) {
+  if (!TheEngine().connection.IsDistant() || ++searches_ < kFewSearches || keys_.Size() > kMostHeld)
+    return false;
+  const auto search = FieldSearchOf(criterion);
+  if (!search) return false;
+  const std::size_t field = shape_->Fields().Find(search->Field);
+  const FieldType type = shape_->Fields()[field].Type;
+  if (type != FieldType::Text && type != FieldType::Memo) return false;
+  TheEngine().Look();
+  if (!searched_ || searched_->Field != field || block_.Stamp != Now() ||
+      block_.End() != keys_.Size())
+    HoldAll(field);
+  RequireSameContent();
+  const auto found = searched_->Positions.find(search->Text);
+  if (found == searched_->Positions.end() || keys_.IsDeleted(found->second) ||
+      block_.IsGone(found->second))
+    return false;
+  SetNoMatch(false);
+  outgrown_.clear();
+  StandOn(found->second);
+  cells_ = block_.Cells(found->second);
+  rowStamp_ = block_.Stamp;
+  return true;
+}
+
+void Dynaset::HoldAll(std::size_t field) {
+  shape_->Want(field);
+  const bool isHeld = block_.Begin() == 0 && block_.End() == keys_.Size() &&
+                      block_.Stamp == Now() &&
+                      block_.PositionOf(field) != ColumnChoice::kNotFetched;
+  if (!isHeld) block_.Read(TheEngine(), *shape_, keys_, 0, keys_.Size());
+  cells_ = nullptr;
+  searched_.emplace().Field = field;
+  const auto column = static_cast<std::size_t>(block_.PositionOf(field));
+  for (std::size_t position = 0; position < keys_.Size(); ++position) {
+    if (keys_.IsDeleted(position) || block_.IsGone(position)) continue;
+    const Value& value = block_.Cells(position)[column];
+    if (!value.IsNull()) searched_->Positions.try_emplace(value.Text(), position);
+  }
 }
 
 std::size_t Dynaset::SearchRow(StatementRun& run, RowBlock& found) {

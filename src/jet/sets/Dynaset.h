@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -8,6 +9,7 @@
 #include "jet/sets/QueryCache.h"
 #include "jet/sets/RecordsetImpl.h"
 #include "jet/sets/RowBlock.h"
+#include "jet/sets/SearchedField.h"
 
 namespace kvi::jet {
 
@@ -42,6 +44,8 @@ class Dynaset : public RecordsetImpl, private WriteLock::Writer {
   void OpenLarge(const std::vector<Value>& parameters);
   void ReadKeys(const std::vector<Value>& parameters);
   void TakeKey(const StatementRun& run);
+  bool FindAmongRowsHeld(std::string_view criterion);
+  void HoldAll(std::size_t field);
   std::size_t SearchRow(StatementRun& run, RowBlock& found);
 
   // The current row is in memory, and as the file has it. 3021 and 3167 where there is none.
@@ -77,9 +81,11 @@ class Dynaset : public RecordsetImpl, private WriteLock::Writer {
   bool joined_ = false;
   std::size_t sizeBefore_ = 0;
   std::vector<std::size_t> deletedSince_;
-  std::size_t reached_ = 0;         // rows from the first one to the furthest landed on
-  Value* cells_ = nullptr;          // the current row once it was landed on
-  Engine::Stamp rowStamp_;          // as of when the current row is
+  std::size_t reached_ = 0;  // rows from the first one to the furthest landed on
+  Value* cells_ = nullptr;   // the current row once it was landed on
+  int searches_ = 0;
+  std::optional<SearchedField> searched_;  // of a block that holds the whole set
+  Engine::Stamp rowStamp_;                 // as of when the current row is
   std::vector<RowBlock> outgrown_;  // values of the current row that callers may still look at
   EditBuffer buffer_;
   std::vector<std::size_t> differing_;  // of the fields set, those with another value than the row

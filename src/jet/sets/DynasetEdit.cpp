@@ -77,6 +77,7 @@ void Dynaset::TakeWritten() {
   if (buffer_.Is() == Kind::New) keys_.Append(buffer_.NewKey);
   buffer_.Close();
   block_ = RowBlock();
+  searched_.reset();
   cells_ = nullptr;
 }
 
@@ -93,6 +94,8 @@ void Dynaset::WriteEdit() {
   });
   rowStamp_ = Now();
   if (written) block_.SetVersion(Position(), block_.Version(Position()) + 1);
+  for (const std::size_t field : differing_)
+    if (searched_ && searched_->Field == field) searched_.reset();
   for (const std::size_t field : differing_)
     if (const int at = block_.PositionOf(field); at != ColumnChoice::kNotFetched)
       cells_[at] = buffer_[field];
@@ -140,6 +143,7 @@ void Dynaset::TakenBack() {
   Committed();
   if (Position() >= keys_.Size()) StandBehindAll();
   block_ = RowBlock();
+  searched_.reset();
   cells_ = nullptr;
 }
 
