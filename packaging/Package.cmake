@@ -3,7 +3,7 @@ include(GNUInstallDirs)
 
 set(programs kestvar-inventory kvi-setup kvi-report kvi-backup kvi-convert)
 if(KVI_SERVER)
-  list(APPEND programs kvi-server)
+  list(APPEND programs kvi-server kvi-move)
   install(FILES packaging/kvi-server-backup@.service packaging/kvi-server-backup@.timer
     DESTINATION lib/systemd/system)
   install(FILES docs/server.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kestvar-inventory)
