@@ -17,7 +17,8 @@ namespace kvi::jet {
 struct OpenFile;
 struct ForeignDatabase;
 
-// The one door to a database file, under the operations' classic names. Movable; a default one is
+// The one door to a database, a file or one on a server that a file names (jet/Server.h), under the
+// operations' classic names. Movable; a default one is
 // closed, and every call on a closed one raises 3420. Recordsets opened from it share its engine
 // and raise 3420 once it is closed.
 class Database {
@@ -36,9 +37,14 @@ class Database {
   // A SQLite file of another tool opens as well: its tables are read and written by their row
   // numbers, and without `_ver` no change by another desk is noticed. A table without row numbers
   // opens as a snapshot.
+  //
+  // A file that names a server's database opens that: 3151 where it cannot be reached (then, and in
+  // any later call: what was being saved is told of), 3343 for one that is none of ours, 3045 for
+  // exclusive use while other desks are connected, or the other way round.
   static Database Open(const std::string& path, bool exclusive);
   // Makes a new file with the tables given, and uses their defaults; raises 3204 when one stands
-  // there already.
+  // there already. Where it names a server's database, the tables are made there; 3204 where it has
+  // some.
   static Database Create(const std::string& path, const std::vector<TableDef>& tables);
 
   // Opens the content of another program's file, as it is now, as a database of its own that can
@@ -71,13 +77,13 @@ class Database {
   // The open file's whole path.
   std::string Path() const;
 
-  // The count of commits to the file, by any desk: the same as before means that nothing was
+  // The count of commits to the database, by any desk: the same as before means that nothing was
   // written meanwhile. Not within a WriteBatch.
   std::uint64_t ChangeCount();
-  // Copies the whole database, as it is at one moment, into a new file; other desks wait meanwhile
-  // as for a save. The copy comes under its name when it is whole and on the disk. Raises 3204 when
-  // a file stands there, 3260 for a lock that lasts, 3183 for a full disk, 3051 where the file
-  // cannot be made.
+  // Copies the whole database, as it is at one moment, into a new file, also out of a server; other
+  // desks on a file wait meanwhile as for a save. The copy comes under its name when it is whole
+  // and on the disk. Raises 3204 when a file stands there, 3260 for a lock that lasts, 3183 for a
+  // full disk, 3051 where the file cannot be made.
   void CopyTo(const std::string& path);
   // Looks through every page of the file. Raises 3343 where one is damaged.
   void Check();
@@ -125,9 +131,10 @@ struct ForeignDatabase {
 // number is the classic "unrecognized database format"; the description names what it is.
 bool IsJetFile(const std::string& path);
 
-// Several reads of one state of the file: they take its lock once, and each after the first costs
-// no trip to the file for what is in memory. Ends by itself before anything is written or a person
-// is asked; within a WriteBatch or another one it does nothing.
+// Several reads of one state of a file (of a server's they may see several): they take its lock
+// once, and each after the first costs no trip to the file for what is in memory. Ends by itself
+// before anything is written or a person is asked; within a WriteBatch or another one it does
+// nothing.
 class ReadTogether {
  public:
   explicit ReadTogether(Database& database);
@@ -144,7 +151,8 @@ class ReadTogether {
 // 5 ms between groups for the other desks. What was written stays when the pass fails: the
 // destructor commits the rest (a failure there takes the last group back and is swallowed; call
 // Finish() to see it). Nesting joins the outer batch. A lock that lasts is 3260 and asks nobody
-// once a group has begun.
+// once a group has begun. On a server a failure that has nothing to do with the row (a full disk)
+// may come with a later row of the group.
 class WriteBatch {
  public:
   explicit WriteBatch(Database& database);
