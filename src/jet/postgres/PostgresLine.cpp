@@ -22,7 +22,7 @@ constexpr const char* kSettings =
 
 std::string OneLine(const char* text) {
   std::string line = text ? text : "";
-  std::ranges::replace(line, '\n', ' ');
+  std::ranges::replace_if(line, [](char c) { return c == '\n' || c == '\t'; }, ' ');
   while (line.ends_with(' ')) line.pop_back();
   return line;
 }
