@@ -18,6 +18,8 @@ set(SERVER_CASES_system *)
 set(SERVER_LEFT_OUT_system
   # Files alone.
   ConvertAtOpening* WelcomeTest* SetUpFolder* StrangeCaller.* CheckpointTest.*
+  # Of a server a desk makes no copy of the day.
+  BackUpTest.*
   # The plans of SQLite.
   StatementPlans.*
   # A desk that opens a database exclusively is turned away while others are connected.

@@ -5,6 +5,7 @@
 #include "base/Number.h"
 #include "base/RunTimeError.h"
 #include "frame/Application.h"
+#include "jet/Server.h"
 #include "platform/Hourglass.h"
 #include "store/BackUpFiles.h"
 
@@ -75,6 +76,8 @@ bool BackUpBefore(Application& app, const std::string& act) {
 
 void BackUpOfTheDay(Application& app) {
   jet::Database& database = app.CurrentDatabase;
+  // A server's days are its administrator's: each desk would fetch the whole of it.
+  if (jet::ServerNamedIn(database.Path())) return;
   const fs::path folder = fs::path(database.Path()).parent_path();
   if (::access(folder.c_str(), W_OK) != 0) return;
   try {
