@@ -19,6 +19,7 @@
 #include "ordering/KVI_OrderSystem.h"
 #include "partgroups/KVI_PGDetail.h"
 #include "partgroups/KVI_PGSummary.h"
+#include "platform/Progress.h"
 #include "reports/KVI_ReportPages.h"
 #include "reports/KVI_ReportsAnalysis.h"
 #include "reports/preview.h"
@@ -41,6 +42,15 @@
 
 namespace {
 
+// A bar that came up on a busy machine alone would leave the keyboard elsewhere in the picture.
+class NoProgress : public kvi::Progress {
+ public:
+  bool Cancelled() const override { return false; }
+
+ protected:
+  void Told() override {}
+};
+
 // Nobody is there to answer: what would wait for a person is told, gets the most careful answer,
 // and fails the tour.
 class TourDesktop : public kvi::QtDesktop {
@@ -48,6 +58,9 @@ class TourDesktop : public kvi::QtDesktop {
   using QtDesktop::QtDesktop;
   bool WasAsked() const { return asked_; }
   void RunModal(kvi::Screen& screen) override { Tell("screen", screen.Name()); }
+  std::unique_ptr<kvi::Progress> NewProgress(const std::string&, bool) override {
+    return std::make_unique<NoProgress>();
+  }
 
  protected:
   kvi::Answer ShowBox(const kvi::Box& box) override {
