@@ -19,7 +19,8 @@ bool MakeDatabase() {
   fs::copy_file(source, unfinished, fs::copy_options::overwrite_existing);
   {
     RawFile file(unfinished);
-    for (const char* table : {"I_Master", "R_Master", "Hist_Purchases"})
+    file.Run("DELETE FROM HI_Header WHERE pcenter<>0");
+    for (const char* table : {"I_Master", "R_Master", "Hist_Purchases", "[Historical Inventory]"})
       file.Run(std::string("UPDATE ") + table + " SET pcenter=0");
     file.Run("VACUUM");
   }

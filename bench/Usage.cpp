@@ -6,6 +6,7 @@
 #include "bench/Pair.h"
 #include "bench/RawFile.h"
 #include "bench/Stockroom.h"
+#include "platform/Progress.h"
 #include "store/OpenInventoryDatabase.h"
 #include "usage/HistoryIntegrity.h"
 #include "usage/KVI_UsageAnalysis.h"
@@ -74,7 +75,7 @@ class UsageDesk {
     return 0;
   }
   double Purge() {
-    PurgeForeignHistory(app_.CurrentDatabase);
+    PurgeForeignHistory(app_.CurrentDatabase, *desktop_.NewProgress("", false));
     return 0;
   }
 

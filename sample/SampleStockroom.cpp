@@ -39,7 +39,7 @@ void FillSampleStockroom(jet::Database& database, const SampleOptions& options) 
   LiveThroughPurchases(room, options.PurchasesPerPart, dice);
   BuildPartGroups(room, dice);
   PlaceOrders(room, dice);
-  RegisterInvoices(room, dice);
+  RegisterInvoices(room, options.Invoices, dice);
 
   jet::WriteBatch batch(database);
   WriteStockroom(database, room);

@@ -7,6 +7,7 @@ namespace kvi {
 struct SampleOptions {
   int Parts = 1500;
   int PurchasesPerPart = 6;  // on average
+  int Invoices = 45;
 };
 
 // Fills a new database (all tables there, no rows but the column widths) with a maintenance

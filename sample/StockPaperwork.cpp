@@ -14,7 +14,6 @@ using stockroom::Part;
 
 constexpr int kOrdersPerCenter = 2;
 constexpr std::size_t kLongestOrder = 25;
-constexpr int kInvoices = 45;
 
 // Order numbers are drawn, and drawn again when taken: the program itself would let two orders
 // share their lines, the sample does not.
@@ -69,10 +68,10 @@ void PlaceOrders(Stockroom& room, Dice& dice) {
   PlaceOddOrder(room, dice);
 }
 
-void RegisterInvoices(Stockroom& room, Dice& dice) {
-  for (int i = 0; i < kInvoices; ++i) {
+void RegisterInvoices(Stockroom& room, int count, Dice& dice) {
+  for (int i = 0; i < count; ++i) {
     const Vendor& vendor = dice.Pick(Vendors());
-    const long day = WorkDay(LastPurchaseDay() - 120 + i * 120 / kInvoices);
+    const long day = WorkDay(LastPurchaseDay() - 120 + i * 120 / count);
     Invoice invoice{
         vendor.Name, {}, day, day + (dice.Percent(70) ? 30 : 15), dice.Between(4000, 480000), 0};
     invoice.Number = dice.Percent(50) ? std::to_string(dice.Between(10000, 99999))

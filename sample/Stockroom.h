@@ -108,7 +108,7 @@ void StockParts(Stockroom& room, int count, Dice& dice);
 void LiveThroughPurchases(Stockroom& room, int purchasesPerPart, Dice& dice);
 void BuildPartGroups(Stockroom& room, Dice& dice);
 void PlaceOrders(Stockroom& room, Dice& dice);
-void RegisterInvoices(Stockroom& room, Dice& dice);
+void RegisterInvoices(Stockroom& room, int count, Dice& dice);
 
 void WriteStockroom(jet::Database& database, const Stockroom& room);
 

@@ -1,6 +1,7 @@
 // Sets up a folder for the program:
 // kvi-setup FOLDER [--sample | --parts N | --shared PLACE | --server HOST/NAME].
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -21,6 +22,7 @@ namespace {
 constexpr int kMostParts = 200000;
 // A larger stockroom is for measuring, with a longer history behind each part.
 constexpr int kPurchasesInLargeSample = 10;
+constexpr int kPartsToAnInvoice = 5;
 
 constexpr const char* kUsage =
     "Usage: kvi-setup FOLDER [--sample | --parts N | --shared PLACE |\n"
@@ -30,7 +32,8 @@ constexpr const char* kHelp =
     "KV_Inventory.mdb. Files that stand there already are kept as they are.\n"
     "  --sample   fills a new database with a sample stockroom of 1,500 parts, and lays a small\n"
     "             database of each of the two older products beside it, to try the import with\n"
-    "  --parts N  the same with N parts (1 to 200000)\n"
+    "  --parts N  the same with N parts (1 to 200000), ten purchases of each and an invoice to\n"
+    "             five of them\n"
     "  --shared PLACE\n"
     "             makes no database: the desk works on the one in the folder PLACE\n"
     "  --server HOST/NAME\n"
@@ -94,8 +97,9 @@ Arguments Read(int argc, char** argv) {
     if (argument == "--sample") {
       if (!arguments.Sample) arguments.Sample.emplace();
     } else if (argument == "--parts") {
-      arguments.Sample =
-          kvi::SampleOptions{PartsIn(i + 1 < argc ? argv[i + 1] : ""), kPurchasesInLargeSample};
+      const int parts = PartsIn(i + 1 < argc ? argv[i + 1] : "");
+      arguments.Sample = kvi::SampleOptions{parts, kPurchasesInLargeSample,
+                                            std::max(1, parts / kPartsToAnInvoice)};
       ++i;
     } else if (argument == "--no-tls") {
       arguments.Tls = false;
