@@ -117,6 +117,12 @@ void LockGrid(Spread& grid) {
   grid.SetLock(Block::All(), true);
 }
 
+std::unique_ptr<Progress> ReadingList(const Spread& grid, Desktop& desktop, int count) {
+  auto progress = desktop.NewProgress(grid.Owner().Caption(), false);
+  progress->Begin("Reading the list", count);
+  return progress;
+}
+
 void ShadeGridRows(Spread& grid, bool useColors) {
   const PaintingOff hidden(grid);
   for (int row = 1; row <= grid.MaxRows(); ++row)

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "jet/Database.h"
 #include "platform/Controls.h"
 #include "platform/Desktop.h"
+#include "platform/Progress.h"
 #include "platform/Screen.h"
 #include "platform/Spread.h"
 
@@ -21,6 +23,9 @@ void ClearGrid(Spread& grid);
 void GoToFirstCell(Spread& grid);
 void GoToRow(Spread& grid, int row);
 void GoToCell(Spread& grid, int row, int col);
+
+// Tells how far the load of so many rows is.
+std::unique_ptr<Progress> ReadingList(const Spread& grid, Desktop& desktop, int count);
 
 // Whether a typed letter searches in a column of this heading, in the lists of parts. A list that
 // heads a column otherwise ("Number") has no such search in it.

@@ -1,9 +1,11 @@
 #include "grids/WorkbookItem.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Format.h"
 #include "platform/Hourglass.h"
+#include "platform/Progress.h"
 
 namespace kvi {
 
@@ -56,7 +58,14 @@ void WorkbookItem::Export() {
   if (!path->ends_with(kExtension)) *path += kExtension;
   {
     const Hourglass busy(app_.desktop);
-    WriteWorkbook(*path, screen_.Caption(), TableOf(grid_));
+    WorkbookTable table = TableOf(grid_);
+    const auto progress = app_.desktop.NewProgress(kTitle, false);
+    progress->Begin("Writing the rows", table.rows);
+    table.cell = [&progress, cell = std::move(table.cell)](int row, std::size_t column) {
+      progress->Done(row);
+      return cell(row, column);
+    };
+    WriteWorkbook(*path, screen_.Caption(), table);
   }
   screen_.Say("Exported to " + *path);
 }

@@ -211,11 +211,13 @@ void KVI_InventorySummary::LoadItemGrid() {
 
 void KVI_InventorySummary::FillGrid() {
   jet::Recordset items = app_.CurrentDatabase.OpenRecordset(Query());
+  const auto progress = ReadingList(Spread1, app_.desktop, items.RecordCount());
   int row = 0;
   for (; !items.Eof(); items.MoveNext()) {
     if (++row > Spread1.MaxRows()) Spread1.SetMaxRows(row);
     for (int col = 1; col <= kColumnCount; ++col)
       Spread1.SetText(row, col, CellText(col, items[kColumns[col - 1].field]));
+    progress->Done(row);
   }
   Spread1.SetMaxRows(row);
 }
@@ -285,6 +287,13 @@ void KVI_InventorySummary::exit_is() {
 
 void KVI_InventorySummary::Unload() {
   SaveColumnWidths(Spread1, *this, app_.CurrentDatabase, app_.desktop);
+}
+
+// A long list takes its memory along.
+void KVI_InventorySummary::EndVisit() {
+  search.Forget();
+  scan.Forget();
+  Spread1.BlankRows();
 }
 
 Layout KVI_InventorySummary::Arrange() {

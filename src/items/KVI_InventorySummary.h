@@ -23,6 +23,7 @@ class KVI_InventorySummary : public KviScreen {
 
   void Activate() override;
   void Unload() override;
+  void EndVisit() override;
   bool TakesWholeDisplay() const override { return true; }
   Layout Arrange() override;
 

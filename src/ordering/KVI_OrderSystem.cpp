@@ -256,6 +256,12 @@ void KVI_OrderSystem::Exit() {
   CloseScreen();
 }
 
+// A long list takes its memory along.
+void KVI_OrderSystem::EndVisit() {
+  scan.Forget();
+  Spread1.BlankRows();
+}
+
 Layout KVI_OrderSystem::Arrange() {
   return Column(
       {BannerLayout(), Actions({&save, &ut, &remove, &print_lab, &ei, &exit_lab}),

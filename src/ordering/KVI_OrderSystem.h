@@ -33,6 +33,7 @@ class KVI_OrderSystem : public KviScreen {
   explicit KVI_OrderSystem(Application& app);
 
   void Activate() override;
+  void EndVisit() override;
   void Exit() override;
   bool TakesWholeDisplay() const override { return true; }
   Layout Arrange() override;

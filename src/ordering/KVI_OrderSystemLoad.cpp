@@ -121,9 +121,11 @@ std::vector<int> KVI_OrderSystem::FillRows(const OrderLines* order) {
       placing ? QuantitiesOnOrder(app_.CurrentDatabase, app_.CurrentProfitCenter) : OnOrder();
   Spread1.SetMaxRows(items.RecordCount());
   Spread1.SetForeColor(Block::Column(kOnOrderColumn), kBlack);
+  const auto progress = ReadingList(Spread1, app_.desktop, items.RecordCount());
   std::vector<int> low;
-  int row = 0;
+  int row = 0, read = 0;
   for (items.MoveFirst(); !items.Eof(); items.MoveNext()) {
+    progress->Done(read++);
     const OrderLine* line = order ? FindIn(*order, Trim(items.Text("inv_id"))) : nullptr;
     if (!IsListed(items, line)) continue;
     FillRow(++row, items);

@@ -106,6 +106,7 @@ void KVI_PGDetail::EndVisit() {
   lineChanged_ = false;
   scan.Clear();
   StandUnder(Listed::Parts, "Available parts:");
+  Spread2.BlankRows();
 }
 
 void KVI_PGDetail::Prepare() {

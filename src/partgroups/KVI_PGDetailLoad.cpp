@@ -76,16 +76,17 @@ void ShowGroup(Spread& grid, int row, const jet::Recordset& group) {
 }
 
 // The rows of a statement, each shown by `show`. Where the walk fails, those behind stay blank.
-void FillList(Spread& grid, jet::Database& database, const std::string& sql, bool useColors,
+void FillList(Spread& grid, Application& app, const std::string& sql,
               void (*show)(Spread&, int, const jet::Recordset&)) {
   const PaintingOff hidden(grid);
   ClearGrid(grid);
-  const jet::ReadTogether reads(database);
-  jet::Recordset rows = database.OpenRecordset(sql);
+  const jet::ReadTogether reads(app.CurrentDatabase);
+  jet::Recordset rows = app.CurrentDatabase.OpenRecordset(sql);
   grid.SetMaxRows(rows.RecordCount());
-  for (int row = 1; !rows.Eof(); rows.MoveNext()) show(grid, row++, rows);
+  const auto progress = ReadingList(grid, app.desktop, rows.RecordCount());
+  for (int row = 1; !rows.Eof(); rows.MoveNext(), progress->Done(row++)) show(grid, row, rows);
   grid.SetKind(Block::All(), CellKind::Static);
-  ShadeGridRows(grid, useColors);
+  ShadeGridRows(grid, app.UseColors);
   GoToFirstCell(grid);
 }
 
@@ -187,7 +188,7 @@ bool KVI_PGDetail::FillAvailableParts() {
     sql += " ORDER BY inv_id ";
   else if (m_s_cat.Checked)
     sql += " ORDER BY category, name ";
-  FillList(Spread2, app_.CurrentDatabase, sql, app_.UseColors, ShowPart);
+  FillList(Spread2, app_, sql, ShowPart);
   for (const MenuItem* entry : {&m_s_name, &m_s_id, &m_s_cat})
     if (entry->Checked) Spread2.MarkSorted(SortColumn(*entry));
   return Spread2.MaxRows() > 0;
@@ -201,7 +202,7 @@ void KVI_PGDetail::FillAvailableGroups() {
     sql += " ORDER BY rec_id";
   else if (m_s_cat.Checked)
     sql += " ORDER BY category";
-  FillList(Spread2, app_.CurrentDatabase, sql, app_.UseColors, ShowGroup);
+  FillList(Spread2, app_, sql, ShowGroup);
 }
 
 }  // namespace kvi

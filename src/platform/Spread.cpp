@@ -105,6 +105,12 @@ void Spread::ClearText(Block block) {
   Tell(Property::Cells);
 }
 
+void Spread::BlankRows() {
+  typing_.Clear();
+  for (auto row = rows_.begin() + 1; row != rows_.end(); ++row) row->reset();
+  Tell(Property::Cells);
+}
+
 double Spread::ColWidth(int col) const {
   return Has(0, col) ? widths_[At(col)] : 0;
 }

@@ -53,6 +53,9 @@ class Spread : public Control {
   void SetHeading(int col, std::string text) { SetText(0, col, std::move(text)); }
   // Empties the texts of a block; formats stay.
   void ClearText(Block block);
+  // Makes all rows that show as new ones are, and gives their memory back; how many there are, and
+  // the active one, stays.
+  void BlankRows();
 
   CellFormat Format(int row, int col) const;
   void SetBackColor(Block block, int color);

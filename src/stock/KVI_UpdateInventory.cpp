@@ -220,6 +220,12 @@ void KVI_UpdateInventory::Exit() {
   CloseScreen();
 }
 
+// A long list takes its memory along.
+void KVI_UpdateInventory::EndVisit() {
+  scan.Forget();
+  Spread1.BlankRows();
+}
+
 Layout KVI_UpdateInventory::Arrange() {
   return Column(
       {BannerLayout(), Actions({&save, &rv, &svd, &sva, &print_lab, &find_lab, &ei, &exit_lab}),

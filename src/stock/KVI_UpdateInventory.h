@@ -26,6 +26,7 @@ class KVI_UpdateInventory : public KviScreen {
   explicit KVI_UpdateInventory(Application& app);
 
   void Activate() override;
+  void EndVisit() override;
   void Exit() override;
   bool TakesWholeDisplay() const override { return true; }
   Layout Arrange() override;

@@ -81,8 +81,10 @@ bool KVI_UpdateInventory::LoadRows() {
 // Rows that a failing walk did not reach stay blank, so that none shows another list's part.
 void KVI_UpdateInventory::FillGrid() {
   Spread1.ClearText(Block::All());
-  int row = 0;
+  const auto progress = ReadingList(Spread1, app_.desktop, app_.ItemSet.RecordCount());
+  int row = 0, read = 0;
   for (app_.ItemSet.MoveFirst(); !app_.ItemSet.Eof(); app_.ItemSet.MoveNext()) {
+    progress->Done(read++);
     const double below = app_.ItemSet.Number("qty_on_hand") - app_.ItemSet.Number("re_order");
     if ((show_all.Value || below < 0) && CanShow(app_.ItemSet)) FillRow(++row, app_.ItemSet);
   }

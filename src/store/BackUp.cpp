@@ -7,6 +7,7 @@
 #include "frame/Application.h"
 #include "jet/Server.h"
 #include "platform/Hourglass.h"
+#include "platform/Progress.h"
 #include "store/BackUpFiles.h"
 
 namespace kvi {
@@ -17,6 +18,9 @@ namespace {
 
 constexpr int kPathFileAccess = 75;
 constexpr int kExists = 3204;
+// To look through a copy takes about five times as long as to make it.
+constexpr int kCopy = 1, kCopyAndLook = 6;
+constexpr const char* kTitle = "Copy of the database";
 
 std::string Told(const RunTimeError& error) {
   return Str(error.Number) + " " + error.Description;
@@ -24,12 +28,14 @@ std::string Told(const RunTimeError& error) {
 
 }  // namespace
 
-void CopyAndCheck(jet::Database& database, const fs::path& path) {
+void CopyAndCheck(jet::Database& database, const fs::path& path, Progress* progress) {
   std::error_code error;
   fs::create_directories(path.parent_path(), error);
   if (error)
     throw RunTimeError(kPathFileAccess, path.parent_path().string() + ": " + error.message());
+  if (progress != nullptr) progress->Begin("Copying and looking through", kCopyAndLook);
   database.CopyTo(path.string());
+  if (progress != nullptr) progress->Done(kCopy);
   try {
     jet::Database::Open(path.string(), false).Check();
   } catch (const RunTimeError&) {
@@ -38,18 +44,19 @@ void CopyAndCheck(jet::Database& database, const fs::path& path) {
   }
 }
 
-fs::path MakeBackUp(jet::Database& database, const Date& now, const std::string& reason) {
+fs::path MakeBackUp(jet::Database& database, const Date& now, const std::string& reason,
+                    Progress* progress) {
   const fs::path path = FreeName(BackUpFolder(database.Path()), now, reason);
-  CopyAndCheck(database, path);
+  CopyAndCheck(database, path, progress);
   return path;
 }
 
-void MakeDailyBackUp(jet::Database& database, const Date& today) {
+void MakeDailyBackUp(jet::Database& database, const Date& today, Progress* progress) {
   const fs::path path = DailyName(BackUpFolder(database.Path()), today);
   std::error_code ignored;
   if (fs::exists(path, ignored)) return;
   try {
-    CopyAndCheck(database, path);
+    CopyAndCheck(database, path, progress);
   } catch (const RunTimeError& error) {
     if (error.Number != kExists) throw;
   }
@@ -60,7 +67,8 @@ bool BackUpBefore(Application& app, const std::string& act) {
   std::string reason;
   try {
     const Hourglass busy(app.desktop);
-    MakeBackUp(app.CurrentDatabase, app.clock.Now(), "before " + act);
+    const auto progress = app.desktop.NewProgress(kTitle, false);
+    MakeBackUp(app.CurrentDatabase, app.clock.Now(), "before " + act, progress.get());
     return true;
   } catch (const RunTimeError& error) {
     reason = Told(error);
@@ -81,7 +89,8 @@ void BackUpOfTheDay(Application& app) {
   const fs::path folder = fs::path(database.Path()).parent_path();
   if (::access(folder.c_str(), W_OK) != 0) return;
   try {
-    MakeDailyBackUp(database, app.clock.Now().WithoutTime());
+    const auto progress = app.desktop.NewProgress(kTitle, false);
+    MakeDailyBackUp(database, app.clock.Now().WithoutTime(), progress.get());
   } catch (const RunTimeError& error) {
     app.desktop.MsgBox({.text = "The copy of the day could not be made in \"" +
                                 BackUpFolder(database.Path()).string() + "\".\n\n" + Told(error),

@@ -9,15 +9,17 @@
 namespace kvi {
 
 class Application;
+class Progress;
 
 // Copies the database and looks through the copy. Raises as Database::CopyTo, 75 where the folder
 // cannot be made, and 3343 for a copy that is damaged, which is not kept.
-void CopyAndCheck(jet::Database& database, const std::filesystem::path& path);
+void CopyAndCheck(jet::Database& database, const std::filesystem::path& path,
+                  Progress* progress = nullptr);
 // The same under a free name of the reason; its path.
 std::filesystem::path MakeBackUp(jet::Database& database, const Date& now,
-                                 const std::string& reason);
+                                 const std::string& reason, Progress* progress = nullptr);
 // The copy of a day: none where it stands already, also when another desk was quicker.
-void MakeDailyBackUp(jet::Database& database, const Date& today);
+void MakeDailyBackUp(jet::Database& database, const Date& today, Progress* progress = nullptr);
 
 // Before an act that cannot be undone, after which the copy is named. Where it cannot be made the
 // user is asked whether to go on without one. False when the act is not to be done.

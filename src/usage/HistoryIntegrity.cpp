@@ -8,6 +8,7 @@
 #include "base/Number.h"
 #include "frame/BulkWalk.h"
 #include "frame/GENERAL.h"
+#include "platform/Progress.h"
 
 namespace kvi {
 
@@ -59,8 +60,10 @@ void RepairPricesOf(jet::Database& database, const std::string& table) {
 
 }  // namespace
 
-void PurgeForeignHistory(jet::Database& database) {
+void PurgeForeignHistory(jet::Database& database, Progress& progress) {
+  progress.Begin("Levels of other profit centers");
   PurgeForeignRows(database, "[Historical Inventory]");
+  progress.Begin("Purchases of other profit centers");
   PurgeForeignRows(database, "Hist_Purchases");
 }
 
@@ -77,8 +80,10 @@ void DeleteEmptyPeriods(jet::Database& database, int profitCenter) {
   }
 }
 
-void RepairZeroPrices(jet::Database& database) {
+void RepairZeroPrices(jet::Database& database, Progress& progress) {
+  progress.Begin("Levels without a price");
   RepairPricesOf(database, "[Historical Inventory]");
+  progress.Begin("Purchases without a price");
   RepairPricesOf(database, "Hist_Purchases");
 }
 

@@ -120,11 +120,12 @@ void KVI_UsageAnalysis::ShowPosition() {
 void KVI_UsageAnalysis::EnsureIntegrity() {
   jet::Database& database = app_.CurrentDatabase;
   try {
-    PurgeForeignHistory(database);
+    const auto progress = app_.desktop.NewProgress(Caption(), false);
+    PurgeForeignHistory(database, *progress);
     DeleteEmptyPeriods(database, app_.CurrentProfitCenter);
     // Matches nothing: no comparison with Null is true.
     database.Execute("DELETE * FROM [Historical Inventory] WHERE Inv_ID = Null;");
-    RepairZeroPrices(database);
+    RepairZeroPrices(database, *progress);
   } catch (const RunTimeError& error) {
     Inform(Str(error.Number) + " " + error.Description);
   }
@@ -212,6 +213,12 @@ void KVI_UsageAnalysis::PrintList() {
   if (!AskToPrint("This is a draft/screen print only. ")) return;
   const Hourglass busy(app_.desktop);
   PrintGridUnder(app_.desktop, Spread1, {Caption(), Str(app_.clock.Now().WithoutTime())});
+}
+
+// A long list takes its memory along.
+void KVI_UsageAnalysis::EndVisit() {
+  history_ = {};
+  Spread1.BlankRows();
 }
 
 Layout KVI_UsageAnalysis::Arrange() {

@@ -32,6 +32,7 @@ class KVI_UsageAnalysis : public KviScreen {
   explicit KVI_UsageAnalysis(Application& app);
 
   void Activate() override;
+  void EndVisit() override;
   bool TakesWholeDisplay() const override { return true; }
   Layout Arrange() override;
 

@@ -99,7 +99,9 @@ void KVI_UsageAnalysis::FillParts() {
   Spread1.SetKind(Block::All(), CellKind::Static);
   for (const int col : {kCostColumn, kLevelColumn})
     Spread1.SetAlign(Block::Column(col), CellAlign::Right);
+  const auto progress = ReadingList(Spread1, app_.desktop, parts.RecordCount());
   for (int row = 1; !parts.Eof(); parts.MoveNext(), ++row) {
+    progress->Done(row);
     Spread1.SetText(row, kNameColumn, parts.Text("name"));
     Spread1.SetText(row, kNameColumn + 1, parts.Text("Category"));
     Spread1.SetText(row, kNumberColumn, Trim(parts.Text("inv_id")));

@@ -121,7 +121,8 @@ void KVI_Backups::BackUpNow() {
   std::string path;
   try {
     const Hourglass busy(app_.desktop);
-    path = MakeBackUp(app_.CurrentDatabase, app_.clock.Now(), *reason).string();
+    const auto progress = app_.desktop.NewProgress(Caption(), false);
+    path = MakeBackUp(app_.CurrentDatabase, app_.clock.Now(), *reason, progress.get()).string();
   } catch (const RunTimeError& error) {
     return Inform(
         "The database could not be copied.\n\n" + Str(error.Number) + " " + error.Description,
