@@ -1,30 +1,10 @@
-#include <QImage>
-#include <map>
 
 #include "DesktopTest.h"
+#include "PaintedContrast.h"
 #include "desktop/controls/ActionButton.h"
 #include "desktop/look/Shades.h"
 
 namespace kvi::test {
-
-namespace {
-
-// The contrast of what is painted: between the colour that most of the picture has and the one that
-// stands out most from it. Frames at the edge do not count.
-double PaintedContrast(const QImage& picture) {
-  constexpr int kFrame = 6;
-  std::map<QRgb, int> colors;
-  for (int y = kFrame; y < picture.height() - kFrame; ++y)
-    for (int x = kFrame; x < picture.width() - kFrame; ++x) ++colors[picture.pixel(x, y)];
-  const auto most =
-      std::ranges::max_element(colors, {}, [](const auto& color) { return color.second; });
-  double contrast = 1;
-  for (const auto& color : colors)
-    contrast = std::max(contrast, Contrast(QColor(most->first), QColor(color.first)));
-  return contrast;
-}
-
-}  // namespace
 
 class ContrastTest : public DesktopTest {
  protected:

@@ -1,13 +1,8 @@
 #include <QAccessible>
 #include <QComboBox>
 #include <QLineEdit>
-#include <set>
 
 #include "DesktopTest.h"
-#include "frame/Application.h"
-#include "start/Main.h"
-#include "support/AllScreens.h"
-#include "support/TestStockroom.h"
 
 // What a screen reader is told.
 namespace kvi::test {
@@ -21,50 +16,7 @@ std::string Name(QAccessibleInterface& face) {
   return face.text(QAccessible::Name).toStdString();
 }
 
-// What can have the keyboard, without the parts of a list, a grid or a tab bar.
-void CollectFocusable(QAccessibleInterface& face, std::vector<std::string>& names) {
-  if (face.state().focusable) names.push_back(Name(face));
-  const bool isWhole = face.role() == QAccessible::List || face.role() == QAccessible::Table ||
-                       face.role() == QAccessible::PageTabList;
-  for (int i = 0; !isWhole && i < face.childCount(); ++i) CollectFocusable(*face.child(i), names);
-}
-
-// Nobody is there to answer what an empty stockroom asks.
-class UnattendedDesktop : public QtDesktop {
- public:
-  using QtDesktop::QtDesktop;
-
- protected:
-  Answer ShowBox(const Box&) override { return Answer::Ok; }
-};
-
 using HearingTest = DesktopTest;
-
-TEST(AllScreensHearingTest, EachControlHasANameOfItsOwn) {
-  TestStockroom stockroom;
-  char program[] = "hearing";
-  char* arguments[] = {program, nullptr};
-  int count = 1;
-  UnattendedDesktop desktop(count, arguments);
-  Application app(
-      {desktop, stockroom.clock, stockroom.chance, stockroom.folder.Path().string(), ""});
-  desktop.SetStack(app.screens);
-  app.screens.Load(app.Get<Main>());
-  for (Screen* screen : AllScreens(app)) {
-    app.screens.Show(*screen);
-    QAccessibleInterface& window = FaceOf(*desktop.WindowOf(*screen));
-    EXPECT_EQ(window.role(), QAccessible::Window);
-    EXPECT_EQ(Name(window), screen->Caption());
-    std::vector<std::string> names;
-    CollectFocusable(window, names);
-    EXPECT_FALSE(names.empty()) << screen->Name();
-    std::set<std::string> taken;
-    for (const std::string& name : names)
-      EXPECT_TRUE(!name.empty() && taken.insert(name).second) << screen->Name() << ": " << name;
-    if (screen != &app.Get<Main>()) app.screens.Hide(*screen);
-  }
-  desktop.CloseAllWindows();
-}
 
 TEST_F(HearingTest, FieldsAreCalledByTheirLabelsAndTellTheirStates) {
   sample.remove.Caption = "+";

@@ -44,13 +44,15 @@ void LabelAdapter::ShowColors() {
   const int back = control_.BackColor;
   const bool asPanel = back == kToolkitColor || back == window_.Shown().BackColor() ||
                        ClassicColor(back) == Backdrop();
-  const QColor ground = asPanel ? Backdrop() : BackdropColor(back, control_.ForeColor);
   const QColor ink = ClassicColor(control_.ForeColor);
+  const QColor wanted = asPanel ? Backdrop() : BackdropColor(back, control_.ForeColor);
+  // A warning in red stands on red in one of the schemes.
+  const QColor ground = asPanel && ink.isValid() ? GroundFor(ink, wanted) : wanted;
   QPalette palette;
   palette.setColor(QPalette::Window, ground);
   palette.setColor(QPalette::WindowText, ink.isValid() ? ink : InkOn(ground));
   shown_.setPalette(palette);
-  shown_.setAutoFillBackground(!asPanel);
+  shown_.setAutoFillBackground(!asPanel || ground != wanted);
 }
 
 ActionAdapter::ActionAdapter(ActionLabel& label, ScreenWindow& window)

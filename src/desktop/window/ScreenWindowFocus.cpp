@@ -67,7 +67,8 @@ QWidget* ScreenWindow::FocusedField() const {
 
 void ScreenWindow::BeginVisit() {
   const ControlAdapter* adapter = AdapterOf(focusWidget());
-  if (adapter == nullptr || FocusRankOf(*adapter) == 0) SetFirstFocus();
+  if (adapter == nullptr || FocusRankOf(*adapter) == 0) return SetFirstFocus();
+  ComeBack();  // A grid that was hidden for its load gave the keyboard to an action.
 }
 
 void ScreenWindow::ComeBack() {
