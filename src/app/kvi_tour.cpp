@@ -1,6 +1,7 @@
 // Makes the picture tour: each screen of the stockroom in the program's folder as a PNG, as on a
 // common small display or on one of the size given. One stockroom gives the same bytes each time.
 
+#include <QApplication>
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
@@ -10,6 +11,7 @@
 #include "base/Number.h"
 #include "base/RunTimeError.h"
 #include "desktop/window/QtDesktop.h"
+#include "desktop/window/ScreenWindow.h"
 #include "grids/KVI_Find.h"
 #include "items/KVI_ChooseVendors.h"
 #include "items/KVI_InventoryDetail.h"
@@ -109,6 +111,7 @@ class Tour {
 
   void Picture(kvi::Screen& screen, const std::string& suffix = "") {
     desktop_.DoEvents();
+    desktop_.WindowOf(screen)->BeginVisit();
     const std::string file = (folder_ / (screen.Name() + suffix + ".png")).string();
     const bool saved = desktop_.SavePicture(screen, file, display_.width, display_.height);
     std::printf("%s %s\n", saved ? "made" : "FAILED", file.c_str());
@@ -134,9 +137,18 @@ class Tour {
     app_.screens.Hide(screen);
   }
 
-  // Both layouts of the detail screen, with a part of the summary that is bought by more than one.
-  void VisitPart() {
-    const kvi::Spread& grid = app_.Get<kvi::KVI_InventorySummary>().Spread1;
+  // The list, and what opens over it.
+  void VisitParts() {
+    auto& list = app_.Get<kvi::KVI_InventorySummary>();
+    app_.screens.Show(list);
+    Picture(list);
+    VisitPart(list.Spread1);
+    VisitLabels(list.Spread1);
+    app_.screens.Hide(list);
+  }
+
+  // Both layouts of the detail screen, with a part of the list that is bought by more than one.
+  void VisitPart(const kvi::Spread& grid) {
     constexpr int kInventoriedPerPurchased = 10;
     int row = 1;
     while (row < grid.MaxRows() && grid.Text(row, kInventoriedPerPurchased) == "1.00") ++row;
@@ -147,8 +159,7 @@ class Tour {
     Visit<kvi::KVI_InventoryDetail1Screen>();
   }
 
-  void VisitLabels() {
-    const kvi::Spread& grid = app_.Get<kvi::KVI_InventorySummary>().Spread1;
+  void VisitLabels(const kvi::Spread& grid) {
     std::vector<std::string> numbers;
     for (int row = 1; row <= std::min(30, grid.MaxRows()); ++row)
       numbers.push_back(grid.Text(row, kvi::KVI_InventorySummary::kNumberColumn));
@@ -277,6 +288,7 @@ int main(int argc, char** argv) {
   const std::filesystem::path folder = argv[1];
   std::filesystem::create_directories(folder);
   TourDesktop desktop(argc, argv);
+  QApplication::setCursorFlashTime(0);  // no picture hangs on the moment it is taken
   TourClock clock;
   TourChance chance;
   kvi::Application app({desktop, clock, chance, kvi::ProgramFolder(), ""});
@@ -288,9 +300,7 @@ int main(int argc, char** argv) {
     app.screens.Load(main);
     tour.Picture(main);
     tour.Visit<kvi::Welcome>();
-    tour.Visit<kvi::KVI_InventorySummary>();
-    tour.VisitPart();
-    tour.VisitLabels();
+    tour.VisitParts();
     tour.VisitUpdate();
     tour.VisitOrders();
     tour.VisitGroups();
