@@ -55,8 +55,19 @@ class ServerSharingTest : public testing::Test {
         "SELECT count(pg_terminate_backend(pid, 5000)) FROM pg_stat_activity WHERE "
         "datname=current_database() AND pid<>pg_backend_pid()");
   }
+  // The folder of the server's socket, and how to connect through another one.
+  std::string Host() const {
+    const std::string& conninfo = server_->Conninfo();
+    const std::size_t at = conninfo.find(kHost) + kHost.size();
+    return conninfo.substr(at, conninfo.find(' ', at) - at);
+  }
+  std::string Through(const std::string& socket) const {
+    std::string conninfo = server_->Conninfo();
+    return conninfo.replace(conninfo.find(kHost) + kHost.size(), Host().size(), socket);
+  }
   std::string Levels() { return JetFile::RowsOf(other_, kLevels, "inv_id qty"); }
 
+  static constexpr std::string_view kHost = "host=";
   static constexpr const char* kLevels = "SELECT * FROM I_Master ORDER BY inv_id";
   std::optional<test::ServerDatabase> server_;
   test::TemporaryFolder folder_;
@@ -69,8 +80,12 @@ class ServerSharingTest : public testing::Test {
 // and the line with it. Lines that come later are left alone.
 class CuttingLine {
  public:
-  CuttingLine(const std::string& folder, const std::string& server)
+  enum class ComesBack { AtOnce, WhenTold };
+  CuttingLine(const std::string& folder, const std::string& server,
+              ComesBack comesBack = ComesBack::AtOnce)
       : listener_(socket(AF_UNIX, SOCK_STREAM, 0)), server_(server) {
+    std::filesystem::create_directory(folder);
+    std::filesystem::remove(folder + "/.s.PGSQL.5432");
     const sockaddr_un address = AddressIn(folder);
     if (bind(listener_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
         listen(listener_, 8) != 0)
@@ -79,6 +94,11 @@ class CuttingLine {
     if (pid_ == 0) {
       Pass(accept(listener_, nullptr, nullptr), true);
       test::WriteFile(folder + "/cut", "");
+      if (comesBack != ComesBack::AtOnce) {
+        // Whoever calls is turned away.
+        while (!std::filesystem::exists(folder + "/back"))
+          close(accept(listener_, nullptr, nullptr));
+      }
       for (;;) Pass(accept(listener_, nullptr, nullptr), false);
     }
     close(listener_);
@@ -197,15 +217,9 @@ TEST_F(ServerSharingTest, ASessionThatEndsLosesWhatItHeldAndNothingElse) {
 
 TEST_F(ServerSharingTest, ASaveWhoseAnswerWasLostIsNotMadeTwice) {
   const std::string socket = folder_ / "socket";
-  std::filesystem::create_directory(socket);
-  const std::string conninfo = server_->Conninfo(), host = "host=";
-  const std::size_t at = conninfo.find(host) + host.size();
-  const std::string server = conninfo.substr(at, conninfo.find(' ', at) - at);
   for (const bool adds : {true, false}) {
-    std::filesystem::remove(socket + "/.s.PGSQL.5432");
-    const CuttingLine line(socket, server);
-    Database desk =
-        Database::Open(FileFor(std::string(conninfo).replace(at, server.size(), socket)), false);
+    const CuttingLine line(socket, Host());
+    Database desk = Database::Open(FileFor(Through(socket)), false);
     Recordset set = desk.OpenRecordset(kLevels);
     if (adds) {
       set.AddNew();
@@ -218,6 +232,24 @@ TEST_F(ServerSharingTest, ASaveWhoseAnswerWasLostIsNotMadeTwice) {
     EXPECT_TRUE(std::filesystem::remove(socket + "/cut"));
   }
   EXPECT_EQ(Levels(), "1|11\n2|10\n3|Null\n");
+}
+
+TEST_F(ServerSharingTest, ASaveOfWhichNobodyKnowsIsAskedAboutWhenItIsMadeAgain) {
+  const std::string socket = folder_ / "socket";
+  const CuttingLine line(socket, Host(), CuttingLine::ComesBack::WhenTold);
+  Database desk = Database::Open(FileFor(Through(socket)), false);
+  Recordset set = desk.OpenRecordset(kLevels), another = desk.OpenRecordset(kLevels);
+  set.AddNew();
+  set.Set("inv_id", "3");
+  EXPECT_EQ(ErrorOf([&] { set.Update(); }), kNoLine);
+  EXPECT_EQ(ErrorOf([&] { set.Update(); }), kNoLine) << "it cannot be told yet";
+  another.AddNew();
+  another.Set("inv_id", "4");
+  test::WriteFile(socket + "/back", "");
+  EXPECT_EQ(ErrorOf([&] { another.Update(); }), kNoLine) << "the last one that is turned away";
+  another.Update();
+  set.Update();
+  EXPECT_EQ(Levels(), "1|10\n2|10\n3|Null\n4|Null\n");
 }
 
 TEST_F(ServerSharingTest, ADeskThatHangsLosesItsLock) {

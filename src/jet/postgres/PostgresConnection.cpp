@@ -20,7 +20,7 @@ constexpr std::size_t kMostStatements = 400;
 // Of statements that go off later; their answers must fit between two turns of the line.
 constexpr std::size_t kMostQueued = 500;
 
-// The settings of ours, but for those of one database.
+// What a database of ours tells of itself.
 constexpr const char* kSettings =
     "SELECT (SELECT value FROM kvi.settings WHERE name='version'),"
     "(SELECT value FROM kvi.settings WHERE name='look_ms'),"
@@ -83,7 +83,8 @@ void PostgresConnection::RequireUp() {
 Statement& PostgresConnection::Start(std::string_view sql) {
   std::string text(sql);
   if (const auto found = statements_.find(text); found != statements_.end()) return *found->second;
-  if (statements_.size() >= kMostStatements) statements_.clear();
+  if (statements_.size() >= kMostStatements)
+    std::erase_if(statements_, [](const auto& entry) { return !entry.second->IsBusy(); });
   auto statement = std::make_unique<PostgresStatement>(*this, sql);
   return *statements_.emplace(std::move(text), std::move(statement)).first->second;
 }
@@ -105,8 +106,8 @@ std::int64_t PostgresConnection::NextKey(const StoredTable& table) {
     const ServerResult next =
         Run("SELECT nextval(pg_get_serial_sequence($1,'_rid')) FROM generate_series(1,$2::int) "
             "ORDER BY 1 DESC",
-            {{25, false, "public.\"" + LCase(table.Name) + "\""},
-             {20, false, std::to_string(IsAlone() ? kOfGroup : 1)}},
+            {{kServerText, false, "public.\"" + LCase(table.Name) + "\""},
+             {kServerWhole, false, std::to_string(IsAlone() ? kOfGroup : 1)}},
             true);
     for (int row = 0; row < PQntuples(next.get()); ++row)
       keys.push_back(std::atoll(PQgetvalue(next.get(), row, 0)));

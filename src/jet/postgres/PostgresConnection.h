@@ -88,8 +88,8 @@ class PostgresConnection : public Connection {
   void CopyIn(const std::string& sql, const std::function<bool(std::string&)>& next);
 
   // What a statement asks of its connection. `Run` gives its answer, together with what was queued
-  // before; `Answer` does so too, where it is not known already; `RunLater` sends it with what comes
-  // next.
+  // before; `Answer` does so too, where it is not known already; `RunLater` sends it with what
+  // comes next.
   ServerResult Run(const std::string& sql, const std::vector<Parameter>& parameters, bool reads);
   ServerResult Answer(const std::string& sql);
   void RunLater(const std::string& sql, const std::vector<Parameter>& parameters);

@@ -26,7 +26,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr Oid kText = 25;
 constexpr int kPiece = 20000;  // rows read at once
 
 std::string List(const std::vector<std::string>& names) {

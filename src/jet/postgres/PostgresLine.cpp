@@ -22,7 +22,8 @@ constexpr const char* kSettings =
 
 std::string OneLine(const char* text) {
   std::string line = text ? text : "";
-  std::ranges::replace_if(line, [](char c) { return c == '\n' || c == '\t'; }, ' ');
+  std::ranges::replace_if(
+      line, [](char c) { return c == '\n' || c == '\t'; }, ' ');
   while (line.ends_with(' ')) line.pop_back();
   return line;
 }

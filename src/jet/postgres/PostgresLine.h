@@ -29,6 +29,9 @@ struct ServerFailure {
   bool IsLock() const;
 };
 
+// The server's numbers of the types that parameters have.
+inline constexpr Oid kServerWhole = 20, kServerText = 25, kServerDouble = 701, kServerDate = 1114;
+
 // One parameter of a statement, as text. `Type` is the server's number of a type, 0 for Null.
 struct Parameter {
   Oid Type = 0;

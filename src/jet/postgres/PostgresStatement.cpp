@@ -11,9 +11,8 @@
 namespace kvi::jet {
 namespace {
 
-// The server's numbers of its types.
-constexpr Oid kBool = 16, kWhole = 20, kShort = 21, kInt = 23, kText = 25, kSingle = 700,
-              kDouble = 701, kTimestamp = 1114, kNumeric = 1700;
+// Of the other types that answers have.
+constexpr Oid kBool = 16, kShort = 21, kInt = 23, kSingle = 700, kNumeric = 1700;
 
 constexpr std::string_view kMidnight = " 00:00:00";
 
@@ -68,13 +67,13 @@ void PostgresStatement::BindNull(int index) {
 
 void PostgresStatement::Bind(int index, std::int64_t value) {
   Parameter& parameter = At(index);
-  parameter.Type = kWhole;
+  parameter.Type = kServerWhole;
   parameter.Text = Digits(value);
 }
 
 void PostgresStatement::Bind(int index, double value) {
   Parameter& parameter = At(index);
-  parameter.Type = kDouble;
+  parameter.Type = kServerDouble;
   parameter.Text = Digits(value);
 }
 
@@ -82,13 +81,13 @@ void PostgresStatement::Bind(int index, std::string_view text) {
   // The server's texts cannot hold it, and what stood behind it would be lost.
   if (text.find('\0') != text.npos) throw RunTimeError(3421);
   Parameter& parameter = At(index);
-  parameter.Type = kText;
+  parameter.Type = kServerText;
   parameter.Text = text;
 }
 
 void PostgresStatement::Bind(int index, const Date& date) {
   Parameter& parameter = At(index);
-  parameter.Type = kTimestamp;
+  parameter.Type = kServerDate;
   parameter.Text = IsoText(date);
 }
 
@@ -139,10 +138,10 @@ Statement::Kind PostgresStatement::KindOf(int column) {
     case kBool:
     case kShort:
     case kInt:
-    case kWhole:
+    case kServerWhole:
       return Kind::Whole;
     case kSingle:
-    case kDouble:
+    case kServerDouble:
       return Kind::Number;
     case kNumeric:
       return Text(column).find('.') == std::string_view::npos ? Kind::Whole : Kind::Number;
@@ -169,7 +168,7 @@ double PostgresStatement::Number(int column) {
 std::string_view PostgresStatement::Text(int column) {
   std::string_view text(PQgetvalue(result_.get(), row_, column),
                         static_cast<std::size_t>(PQgetlength(result_.get(), row_, column)));
-  if (PQftype(result_.get(), column) == kTimestamp && text.ends_with(kMidnight))
+  if (PQftype(result_.get(), column) == kServerDate && text.ends_with(kMidnight))
     text.remove_suffix(kMidnight.size());
   return text;
 }

@@ -13,6 +13,9 @@ class PostgresStatement : public Statement {
  public:
   PostgresStatement(PostgresConnection& connection, std::string_view sql);
 
+  // A run has its answer, and somebody reads it.
+  bool IsBusy() const { return result_ != nullptr; }
+
   int Parameters() override { return static_cast<int>(parameters_.size()); }
   void BindNull(int index) override;
   void Bind(int index, std::int64_t value) override;

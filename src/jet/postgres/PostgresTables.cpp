@@ -26,7 +26,6 @@ constexpr const char* kColumns =
     "ORDER BY a.attnum";
 
 constexpr std::string_view kKey = "_k_", kTrimmedKey = "_t_";
-constexpr Oid kText = 25;
 
 }  // namespace
 
@@ -39,7 +38,7 @@ std::vector<std::string> PostgresConnection::TableNames() {
 }
 
 std::shared_ptr<StoredTable> PostgresConnection::ReadTable(std::string_view table) {
-  const ServerResult columns = Run(kColumns, {{kText, false, LCase(table)}}, true);
+  const ServerResult columns = Run(kColumns, {{kServerText, false, LCase(table)}}, true);
   if (PQntuples(columns.get()) == 0) return nullptr;
   auto stored = std::make_shared<StoredTable>();
   for (int row = 0; row < PQntuples(columns.get()); ++row) {
@@ -102,12 +101,13 @@ void PostgresConnection::KeepIndexes(const TableDef& table) {
   RunLater(
       "INSERT INTO kvi.settings VALUES('indexes of '||$1,$2) ON CONFLICT(name) DO UPDATE SET "
       "value=excluded.value",
-      {{kText, false, LCase(table.Name)}, {kText, false, IndexesAsText(table.Indexes)}});
+      {{kServerText, false, LCase(table.Name)},
+       {kServerText, false, IndexesAsText(table.Indexes)}});
 }
 
 std::vector<IndexDef> PostgresConnection::KeptIndexes(const std::string& table) {
   const ServerResult kept = Run("SELECT value FROM kvi.settings WHERE name='indexes of '||$1",
-                                {{kText, false, LCase(table)}}, true);
+                                {{kServerText, false, LCase(table)}}, true);
   if (PQntuples(kept.get()) == 0) return {};
   return IndexesOfText(PQgetvalue(kept.get(), 0, 0));
 }

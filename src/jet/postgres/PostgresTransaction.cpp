@@ -22,6 +22,10 @@ constexpr const char* kLook =
 constexpr const char* kShared = "SELECT pg_advisory_xact_lock_shared(4937289)";
 constexpr const char* kAlone = "SELECT pg_advisory_xact_lock(4937289)";
 
+constexpr const char* kNotKnown =
+    "The line to the server broke while a save was on its way. Whether it was saved is found out "
+    "when it is saved again.";
+
 template <class Number>
 Number NumberAt(const PGresult* result, int column) {
   const std::string_view text = PQgetvalue(result, 0, column);
@@ -35,6 +39,7 @@ Number NumberAt(const PGresult* result, int column) {
 // A row's lock goes off with the first statement, which reads the row; the database's at once.
 bool PostgresConnection::TakeWriteLock(LockScope scope) {
   if (IsAlone()) return true;
+  if (state_ == State::None) unsure_ = {};  // it is another save's, and whoever made it remembers
   try {
     if (state_ == State::None) RequireUp();
     if (state_ != State::Open) {
@@ -122,10 +127,7 @@ bool PostgresConnection::AskWhetherCommitted(std::uint64_t transaction) {
     try {
       RequireUp();
     } catch (const RunTimeError&) {
-      if (tries == kTries)
-        throw RunTimeError(3151,
-                           "The line to the server broke while a save was on its way. Whether it "
-                           "was saved is found out when it is saved again.");
+      if (tries == kTries) throw RunTimeError(3151, kNotKnown);
       std::this_thread::sleep_for(std::chrono::milliseconds(250));
     }
   }
@@ -142,6 +144,7 @@ bool PostgresConnection::WasCommitted(std::uint64_t transaction) {
         std::to_string(unsure_.Backend) + " AND backend_xid::text::bigint=" + number + "::bigint");
     status = PQgetvalue(Ask("SELECT pg_xact_status('" + number + "'::xid8)").get(), 0, 0);
   }
+  if (status == "in progress") throw RunTimeError(3151, kNotKnown);
   unsure_ = {};
   return status == "committed";
 }

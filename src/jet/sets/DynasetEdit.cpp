@@ -59,8 +59,12 @@ void Dynaset::CancelUpdate() {
 void Dynaset::Update() {
   if (buffer_.Is() == Kind::None) throw RunTimeError(3020);
   Connection& connection = TheEngine().connection;
-  if (buffer_.Unsure != 0 && connection.WasCommitted(std::exchange(buffer_.Unsure, 0)))
-    return TakeWritten();
+  if (buffer_.Unsure != 0) {
+    // (Where that cannot be told yet either, it is asked again the next time.)
+    const bool isWritten = connection.WasCommitted(buffer_.Unsure);
+    buffer_.Unsure = 0;
+    if (isWritten) return TakeWritten();
+  }
   try {
     if (buffer_.Is() == Kind::New)
       WriteNew();
@@ -94,11 +98,11 @@ void Dynaset::WriteEdit() {
   });
   rowStamp_ = Now();
   if (written) block_.SetVersion(Position(), block_.Version(Position()) + 1);
-  for (const std::size_t field : differing_)
+  for (const std::size_t field : differing_) {
     if (searched_ && searched_->Field == field) searched_.reset();
-  for (const std::size_t field : differing_)
     if (const int at = block_.PositionOf(field); at != ColumnChoice::kNotFetched)
       cells_[at] = buffer_[field];
+  }
   buffer_.Close();
 }
 
