@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "bench/Stockroom.h"
-#include "bench/walk/TimedDesktop.h"
+#include "bench/desktop/walk/TimedDesktop.h"
 #include "desktop/window/ScreenWindow.h"
 #include "frame/Application.h"
 #include "grids/KVI_Find.h"

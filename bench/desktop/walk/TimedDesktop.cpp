@@ -1,4 +1,4 @@
-#include "bench/walk/TimedDesktop.h"
+#include "bench/desktop/walk/TimedDesktop.h"
 
 #include <QApplication>
 #include <QTimer>
